@@ -1,0 +1,59 @@
+#include "VXSalienzMaximizerAbstract.h"
+
+namespace {
+
+// Sums wrap instead of overflowing, whatever values a host hands in.
+long long wrappingSum(long long a, long long b)
+{
+    return static_cast<long long>(
+        static_cast<unsigned long long>(a) + static_cast<unsigned long long>(b));
+}
+
+long long wrappingDifference(long long a, long long b)
+{
+    return static_cast<long long>(
+        static_cast<unsigned long long>(a) - static_cast<unsigned long long>(b));
+}
+
+} // namespace
+
+VXSalienzMaximizerAbstract::~VXSalienzMaximizerAbstract() = default;
+
+QList<long long> VXSalienzMaximizerAbstract::conglumerate(const QList<long long>& values) const
+{
+    QList<long long> running;
+    running.reserve(values.size());
+    long long total = 0;
+    for (const long long value : values) {
+        total = wrappingSum(total, value);
+        running.append(total);
+    }
+    return running;
+}
+
+int VXSalienzMaximizerAbstract::bestRange(const QList<long long>& cumulative, int length) const
+{
+    if (length < 1 || cumulative.size() < length)
+        return 0;
+    // The start lastStart itself is left out, on purpose.
+    const int lastStart = cumulative.size() - length;
+    if (lastStart < 2)
+        return 0;
+
+    long long bestSum = cumulative.at(length - 1);
+    int bestStart = 0;
+    for (int start = 1; start < lastStart; ++start) {
+        const long long sum
+            = wrappingDifference(cumulative.at(start + length - 1), cumulative.at(start - 1));
+        if (sum > bestSum) {
+            bestSum = sum;
+            bestStart = start;
+        }
+    }
+    return bestStart;
+}
+
+int VXSalienzMaximizerAbstract::startOfBestRange(const QImage& image, int length) const
+{
+    return bestRange(conglumerate(sums(image)), length);
+}

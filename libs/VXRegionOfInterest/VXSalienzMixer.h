@@ -1,0 +1,97 @@
+#pragma once
+
+#include "VXAbstractROI.h"
+#include "VXRegionOfInterestExport.h"
+#include "VXSalienzMethod.h"
+
+#include <QImage>
+#include <QList>
+#include <QMap>
+#include <QSize>
+
+/// Turns a picture into one salience map: the library's entry point.
+///
+/// The mixer owns one object of each salience method, runs the enabled ones on the picture, scaled
+/// into a working size, and blends their maps by signed integer weights.
+///
+/// **Takes** any picture (see VXAbstractROI for formats). A null one comes back as it is.
+///
+/// **Returns** a salience map of the working image's size: per pixel the weighted sum of the maps'
+/// red values, divided by the sum of the positive weights, truncated and clamped to 0 to 255. Hand
+/// it to a maximizer for the start of a crop.
+///
+/// **Settings**: the working size, and for each method a switch and a weight.
+///
+/// | method | object     | weight | enabled |
+/// |--------|------------|--------|---------|
+/// | Gauss  | VXGaussROI | 2      | yes     |
+///
+/// Operations on a method that the mixer does not hold do nothing; looking one up gives null.
+///
+/// **Costs** the scaling, each enabled method on the working image, and for the blend one
+/// multiplication per map and one division per pixel. Use a mixer from one thread at a time; one
+/// mixer per thread needs no locks.
+class VXREGIONOFINTEREST_EXPORT VXSalienzMixer {
+public:
+    /// Constructs a mixer with the default methods and weights.
+    /// \param size bound in pixels into which pictures are scaled, keeping their aspect ratio,
+    /// small
+    ///        ones up as well as large ones down. QSize() switches scaling off. A size with a zero
+    ///        side leaves nothing to evaluate: analyze() then returns the picture itself.
+    explicit VXSalienzMixer(const QSize& size);
+
+    /// Deletes the methods.
+    ~VXSalienzMixer();
+
+    /// The mixer owns its methods and hands out pointers to them, so it is neither copied nor
+    /// moved.
+    VXSalienzMixer(const VXSalienzMixer&) = delete;
+    VXSalienzMixer& operator=(const VXSalienzMixer&) = delete;
+
+    /// Sets the weight of \a method in the blend.
+    /// \param weight any int. For ::Histogram the sign is flipped before it is stored, so that a
+    ///        positive argument keeps that map subtracted; INT_MIN stays INT_MIN.
+    void setMethodWeight(VXSalienzMethod method, int weight);
+
+    /// Switches \a method on or off.
+    void setMethodEnabled(VXSalienzMethod method, bool enabled);
+
+    /// Whether \a method runs; false when the mixer does not hold it.
+    bool isMethodEnabled(VXSalienzMethod method) const;
+
+    /// The object behind \a method, owned by the mixer; null when the mixer does not hold it.
+    VXAbstractROI* roiMethod(VXSalienzMethod method) const;
+
+    /// Computes the blended salience map of \a image.
+    /// \return with several maps, mix() of them and of gatherWeights(). With one map, that map as
+    /// it
+    ///         is: its weight, even a negative one, is not applied. With none (every method off, or
+    ///         a null \a image), \a image itself, unscaled and in its own format.
+    QImage analyze(const QImage& image);
+
+    /// Scales \a image into the working size and evaluates each enabled method on it.
+    /// \return the maps that are not null, in the order of VXSalienzMethod.
+    QList<QImage> gatherResults(const QImage& image) const;
+
+    /// The weights of the enabled methods, in the order of VXSalienzMethod.
+    ///
+    /// A method whose map was null still has its weight here.
+    QList<int> gatherWeights() const;
+
+    /// Blends \a maps by \a weights, paired by position.
+    ///
+    /// Each pixel is the sum over the maps of red times weight, divided by the sum of the positive
+    /// weights (1 when that is 0), truncated toward zero and clamped to 0 to 255. Sums, divisor and
+    /// quotient are 32-bit and wrap. Uses no field of the mixer.
+    ///
+    /// \param maps salience maps of one size. The first one's size is the result's; others are
+    ///        taken as black where they are smaller and cut off where they are larger.
+    /// \param weights one for each map; missing ones count as 0, surplus ones only in the divisor.
+    /// \return a salience map of the first map's size; null when \a maps is empty or begins with a
+    ///         null map.
+    QImage mix(const QList<QImage>& maps, const QList<int>& weights);
+
+private:
+    QMap<VXSalienzMethod, VXAbstractROI*> methods;
+    QSize workingSize;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QImage>
+
+/// \file
+/// How the library reads and writes pixels: as rows of 32-bit words 0xAARRGGBB.
+
+namespace vx::kernels {
+
+/// Decides, for the whole library, how a picture is read.
+/// \return \a image itself, whatever its format, when it has 32 bits per pixel: its words are read
+///         as they are. An ARGB32 copy of any other depth. A null image stays null.
+QImage toPixelWords(const QImage& image);
+
+/// Row \a y of an image of 32 bits per pixel, for reading.
+inline const QRgb* wordRow(const QImage& words, int y)
+{
+    return reinterpret_cast<const QRgb*>(words.constScanLine(y));
+}
+
+/// Row \a y of an image of 32 bits per pixel, for writing; nobody else's pixels change.
+inline QRgb* writableWordRow(QImage& words, int y)
+{
+    return reinterpret_cast<QRgb*>(words.scanLine(y));
+}
+
+/// The opaque grey pixel of \a level, which lies between 0 and 255.
+inline QRgb opaqueGrey(int level) { return 0xFF000000U | static_cast<QRgb>(level) * 0x010101U; }
+
+} // namespace vx::kernels

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+
+namespace vx::kernels {
+
+/// Sums the red values of each column of \a words, an image of 32 bits per pixel, over its rows.
+QList<long long> columnRedSums(const QImage& words);
+
+/// Sums the red values of each row of \a words, an image of 32 bits per pixel, over its columns.
+QList<long long> rowRedSums(const QImage& words);
+
+namespace reference {
+/// \copydoc vx::kernels::columnRedSums
+QList<long long> columnRedSums(const QImage& words);
+/// \copydoc vx::kernels::rowRedSums
+QList<long long> rowRedSums(const QImage& words);
+} // namespace reference
+
+} // namespace vx::kernels

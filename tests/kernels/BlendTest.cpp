@@ -1,0 +1,99 @@
+#include "kernels/Blend.h"
+
+#include "support/ImageAssert.h"
+#include "support/Random.h"
+#include "support/TestImages.h"
+
+#include <climits>
+
+namespace {
+
+using Blend = void (*)(const QList<QImage>&, const QList<int>&, QImage&);
+
+QImage blended(Blend blend, const QList<QImage>& maps, const QList<int>& weights)
+{
+    QImage target(maps.first().size(), QImage::Format_ARGB32);
+    blend(maps, weights, target);
+    return target;
+}
+
+testing::AssertionResult fastEqualsPlain(const QList<QImage>& maps, const QList<int>& weights)
+{
+    return support::sameImage(blended(vx::kernels::reference::blend, maps, weights),
+        blended(vx::kernels::blend, maps, weights));
+}
+
+// Small, huge and extreme weights, so that sums and divisors wrap in every way.
+int randomWeight(support::Random& random)
+{
+    switch (random.below(6)) {
+    case 0:
+        return INT_MAX;
+    case 1:
+        return INT_MIN;
+    case 2:
+        return static_cast<int>(random.word());
+    default:
+        return random.below(60) - 20;
+    }
+}
+
+} // namespace
+
+TEST(Blend, plainBlendDividesAsPromised)
+{
+    const QList<QImage> maps { support::imageOfReds(2, { 200, 10 }),
+        support::imageOfReds(2, { 100, 250 }) };
+    EXPECT_EQ(support::reds(blended(vx::kernels::reference::blend, maps, { 3, -1 })),
+        (std::vector { (600 - 100) / 3, 0 }));
+}
+
+TEST(Blend, fastEqualsPlainForEveryWidthAroundAVector)
+{
+    for (int width = 1; width <= 70; ++width) {
+        const auto seed = static_cast<unsigned>(width);
+        const support::PaddedImage padded(support::noise(width, 3, seed));
+        EXPECT_TRUE(
+            fastEqualsPlain({ padded.image(), support::noise(width, 3, seed + 100) }, { 20, -7 }))
+            << width;
+    }
+}
+
+TEST(Blend, fastEqualsPlainForRandomWeights)
+{
+    support::Random random(3);
+    for (int round = 0; round < 2000; ++round) {
+        QList<QImage> maps;
+        QList<int> weights;
+        const int count = 1 + random.below(4);
+        for (int i = 0; i < count; ++i) {
+            maps.append(support::noise(9, 4, random.word()));
+            weights.append(randomWeight(random));
+        }
+        ASSERT_TRUE(fastEqualsPlain(maps, weights)) << "round " << round;
+    }
+}
+
+TEST(Blend, fastEqualsPlainForDivisorsThatWrapToMinusOneAndZero)
+{
+    for (const int third : { 0, 1, 2, 3 }) {
+        EXPECT_TRUE(fastEqualsPlain(
+            { support::noise(256, 9, 1), support::noise(256, 9, 2), support::noise(256, 9, 3) },
+            { INT_MAX, INT_MAX, third }))
+            << third;
+    }
+}
+
+TEST(Blend, mapsOfOtherSizesEndWhereTheyEnd)
+{
+    const QList<QImage> maps { support::noise(20, 10, 1), support::noise(7, 30, 2),
+        support::noise(40, 3, 3), QImage() };
+    EXPECT_TRUE(fastEqualsPlain(maps, { 1, 2, 3, 4 }));
+}
+
+TEST(Blend, nullTargetIsLeftAlone)
+{
+    QImage target;
+    vx::kernels::blend({ support::noise(4, 4, 1) }, { 1 }, target);
+    EXPECT_TRUE(target.isNull());
+}

@@ -1,0 +1,57 @@
+#include "kernels/PixelWords.h"
+
+#include "support/ImageAssert.h"
+#include "support/MessageTrap.h"
+#include "support/TestImages.h"
+
+TEST(PixelWords, imagesOf32BitsPerPixelAreTakenAsTheyAre)
+{
+    for (int format = 1; format < QImage::NImageFormats; ++format) {
+        const QImage image(3, 2, static_cast<QImage::Format>(format));
+        if (image.depth() != 32)
+            continue;
+        const QImage words = vx::kernels::toPixelWords(image);
+        EXPECT_EQ(words.format(), image.format());
+        EXPECT_EQ(words.constBits(), image.constBits()) << "format " << format;
+    }
+}
+
+TEST(PixelWords, imagesOfAnyOtherDepthAreConvertedToArgb32)
+{
+    int converted = 0;
+    for (int format = 1; format < QImage::NImageFormats; ++format) {
+        const auto other = static_cast<QImage::Format>(format);
+        const QImage image = support::noise(11, 3, 1).convertToFormat(other);
+        if (image.depth() == 32)
+            continue;
+        ++converted;
+        EXPECT_TRUE(support::sameImage(
+            image.convertToFormat(QImage::Format_ARGB32), vx::kernels::toPixelWords(image)))
+            << "format " << format;
+    }
+    EXPECT_GT(converted, 10);
+}
+
+TEST(PixelWords, aNullImageStaysNullWithoutAMessage)
+{
+    const support::MessageTrap trap;
+    EXPECT_TRUE(vx::kernels::toPixelWords(QImage()).isNull());
+    EXPECT_TRUE(trap.texts().isEmpty());
+}
+
+TEST(PixelWords, writingARowLeavesImagesAloneThatShareTheData)
+{
+    const QImage original = support::noise(4, 4, 1);
+    const QImage untouched = original.copy();
+    QImage shared = original;
+    vx::kernels::writableWordRow(shared, 2)[1] = 0;
+    EXPECT_TRUE(support::sameImage(untouched, original));
+    EXPECT_EQ(vx::kernels::wordRow(shared, 2)[1], 0U);
+}
+
+TEST(PixelWords, opaqueGreyRepeatsTheLevel)
+{
+    EXPECT_EQ(vx::kernels::opaqueGrey(0), 0xFF000000U);
+    EXPECT_EQ(vx::kernels::opaqueGrey(0x9C), 0xFF9C9C9CU);
+    EXPECT_EQ(vx::kernels::opaqueGrey(255), 0xFFFFFFFFU);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+/// What one run of a program left behind.
+struct Outcome {
+    int exitCode; ///< -1 when it crashed
+    QByteArray out;
+    QByteArray err;
+};
+
+/// Runs vxroi with \a arguments in the plain C locale.
+Outcome runVxroi(const QStringList& arguments);
+
+/// Runs \a command through the shell, where $VXROI is the program.
+Outcome runShell(const QString& command);
+
+/// Whether \a err is one line that begins with "vxroi: ", contains \a part and ends in a remedy.
+bool isOneLineNaming(const QByteArray& err, const QString& part);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace samples {
+
+/// A folder of picture files that goes away with the object.
+class SampleFolder {
+public:
+    /// The path of \a name in the folder.
+    QString path(const QString& name) const;
+
+    /// Writes \a image as \a name, in the format of its suffix, and returns the path.
+    QString save(const QImage& image, const QString& name) const;
+
+    /// Writes \a bytes as \a name and returns the path.
+    QString save(const QByteArray& bytes, const QString& name) const;
+
+    /// The names of all files in the folder, sorted.
+    QStringList names() const;
+
+private:
+    QTemporaryDir folder;
+};
+
+/// A photo-like picture of \a size.
+QImage picture(const QSize& size);
+
+/// \a image encoded in \a format.
+QByteArray encoded(const QImage& image, const char* format);
+
+/// A JPEG of \a image whose EXIF data says \a orientation, 1 to 8.
+QByteArray jpegWithOrientation(const QImage& image, char orientation);
+
+/// The first \a percent of \a bytes.
+QByteArray truncated(const QByteArray& bytes, int percent);
+
+} // namespace samples

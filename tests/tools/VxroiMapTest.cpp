@@ -1,0 +1,99 @@
+#include "Program.h"
+#include "SampleFiles.h"
+#include "host/SalienceMap.h"
+#include "support/ImageAssert.h"
+
+#include <QFile>
+#include <QImageReader>
+
+namespace {
+
+class VxroiMap : public testing::Test {
+protected:
+    const samples::SampleFolder folder;
+    const QImage picture = samples::picture({ 900, 600 });
+    const QString path = folder.save(picture, QStringLiteral("picture.png"));
+    const QString mapPath = folder.path(QStringLiteral("map.png"));
+    const QString overlayPath = folder.path(QStringLiteral("overlay.png"));
+
+    static Outcome map(const QStringList& arguments)
+    {
+        return runVxroi(QStringList { QStringLiteral("map") } + arguments);
+    }
+};
+
+} // namespace
+
+TEST_F(VxroiMap, writesTheBlendedMapAsAPng)
+{
+    const Outcome outcome = map({ path, QStringLiteral("-o"), mapPath });
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.out.isEmpty());
+    EXPECT_EQ(QImageReader::imageFormat(mapPath), "png");
+    EXPECT_EQ(support::reds(host::salienceMapOf(picture)), support::reds(QImage(mapPath)));
+    EXPECT_EQ(QImage(mapPath).size(), QSize(640, 426));
+}
+
+TEST_F(VxroiMap, writesAnOverlayThatOutlinesTheCrop)
+{
+    const Outcome plain
+        = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--overlay"), overlayPath });
+    EXPECT_EQ(plain.exitCode, 0) << plain.err.toStdString();
+    const QImage withoutCrop(overlayPath);
+    EXPECT_EQ(withoutCrop.size(), picture.size());
+
+    const Outcome outlined = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--overlay"),
+        overlayPath, QStringLiteral("--ratio"), QStringLiteral("1:1") });
+    EXPECT_EQ(outlined.exitCode, 0) << outlined.err.toStdString();
+    EXPECT_FALSE(support::sameImage(withoutCrop, QImage(overlayPath)));
+}
+
+TEST_F(VxroiMap, writesBothFilesOrNeither)
+{
+    const QString impossible = folder.path(QStringLiteral("no/such/overlay.png"));
+    const Outcome outcome
+        = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--overlay"), impossible });
+    EXPECT_EQ(outcome.exitCode, 73);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, impossible)) << outcome.err.toStdString();
+    EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") });
+}
+
+TEST_F(VxroiMap, refusesOutputsThatCannotBe)
+{
+    const QString jpeg = folder.path(QStringLiteral("map.jpg"));
+    for (const QStringList& outputs :
+        { QStringList { QStringLiteral("-o"), jpeg }, QStringList { QStringLiteral("-o"), path },
+            QStringList { QStringLiteral("-o"), mapPath, QStringLiteral("--overlay"), path } }) {
+        const Outcome outcome = map(QStringList { path } + outputs);
+        EXPECT_EQ(outcome.exitCode, 73) << outcome.err.toStdString();
+        EXPECT_TRUE(isOneLineNaming(outcome.err, outputs.last())) << outcome.err.toStdString();
+    }
+    EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") });
+}
+
+TEST_F(VxroiMap, refusesTheSameNameForMapAndOverlay)
+{
+    const Outcome outcome
+        = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--overlay"), mapPath });
+    EXPECT_EQ(outcome.exitCode, 64);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, mapPath)) << outcome.err.toStdString();
+}
+
+TEST_F(VxroiMap, refusesABadRatioAndWritesNothing)
+{
+    const Outcome outcome = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--overlay"),
+        overlayPath, QStringLiteral("--ratio"), QStringLiteral("0:0") });
+    EXPECT_EQ(outcome.exitCode, 64);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("0:0"))) << outcome.err.toStdString();
+    EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") });
+}
+
+TEST_F(VxroiMap, refusesABrokenPictureAndWritesNothing)
+{
+    const QString broken = folder.save(
+        samples::truncated(samples::encoded(picture, "jpg"), 50), QStringLiteral("broken.jpg"));
+    const Outcome outcome = map({ broken, QStringLiteral("-o"), mapPath });
+    EXPECT_EQ(outcome.exitCode, 65);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, broken)) << outcome.err.toStdString();
+    EXPECT_FALSE(QFile::exists(mapPath));
+}

@@ -1,0 +1,25 @@
+#include "HostError.h"
+
+#include <algorithm>
+
+namespace host {
+
+HostError::HostError(
+    ExitCode code, const QString& subject, const QString& reason, const QString& remedy)
+    : std::runtime_error(
+        onOneLine(QStringLiteral("%1: %2; %3").arg(subject, reason, remedy)).toStdString())
+    , exitCode(code)
+{
+}
+
+QString onOneLine(QString text)
+{
+    const auto isControl = [](QChar c) {
+        return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line
+            || c.category() == QChar::Separator_Paragraph;
+    };
+    std::replace_if(text.begin(), text.end(), isControl, QLatin1Char('?'));
+    return text;
+}
+
+} // namespace host

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+namespace host {
+
+/// The exit codes of the programs; the numbers are those of sysexits.h.
+enum class ExitCode {
+    Success = 0,
+    Usage = 64, ///< the command line is wrong
+    UnreadableInput = 65, ///< the file is not a picture, or a damaged one
+    MissingInput = 66, ///< the file is not there or must not be opened
+    Internal = 70, ///< a fault of the program itself
+    CannotCreate = 73, ///< the output cannot be created
+    WriteFailed = 74, ///< writing began and failed; nothing is left behind
+};
+
+/// Ends a command with one line that says what is wrong and what to do about it.
+class HostError : public std::runtime_error {
+public:
+    /// \param subject the file or argument at fault
+    /// \param reason what is wrong with it
+    /// \param remedy what the user can do
+    HostError(ExitCode code, const QString& subject, const QString& reason, const QString& remedy);
+
+    ExitCode code() const { return exitCode; }
+
+private:
+    ExitCode exitCode;
+};
+
+/// \a text on one line: control characters, which a file name may hold, become question marks.
+QString onOneLine(QString text);
+
+} // namespace host

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QImage>
+#include <QSaveFile>
+#include <QString>
+
+namespace host {
+
+/// A picture file on its way: appears whole under its name when commit() is called, or not at all.
+class PictureWriter {
+public:
+    /// Encodes \a picture in the format that the suffix of \a path names.
+    /// \throws HostError when there is no such format, the file cannot be created, or writing
+    /// fails.
+    PictureWriter(const QImage& picture, const QString& path);
+
+    /// Gives the file its name, replacing one of that name.
+    /// \throws HostError when that fails.
+    void commit();
+
+private:
+    QSaveFile file;
+};
+
+/// Refuses to write \a output over \a input.
+/// \throws HostError when both name the same file.
+void refuseToOverwriteInput(const QString& input, const QString& output);
+
+} // namespace host
