@@ -63,6 +63,12 @@ TEST(VXGaussROI, falls130PixelsFromTheCentreTo154AndAt260To34)
     }
 }
 
+TEST(VXGaussROI, keepsItsWidthInPixels)
+{
+    EXPECT_EQ(qRed(centrePriorOf(640, 480).pixel(0, 0)), 2); // 400 pixels from the centre
+    EXPECT_EQ(qRed(centrePriorOf(64, 48).pixel(0, 0)), 243); // 40 pixels
+}
+
 TEST(VXGaussROI, writesOpaqueGreyPixels)
 {
     EXPECT_TRUE(support::isOpaqueGrey(centrePriorOf(640, 480)));

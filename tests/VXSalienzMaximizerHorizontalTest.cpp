@@ -15,7 +15,7 @@ struct HorizontalAxis {
 } // namespace
 
 namespace support {
-INSTANTIATE_TYPED_TEST_SUITE_P(VXSalienzMaximizerHorizontal, AxisMaximizer, HorizontalAxis);
+INSTANTIATE_TYPED_TEST_SUITE_P(VXSalienzMaximizerHorizontal, AxisMaximizer, HorizontalAxis, );
 }
 
 TEST(VXSalienzMaximizerHorizontal, sumsTheRedValuesOfEachColumn)

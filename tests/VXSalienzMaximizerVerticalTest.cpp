@@ -15,7 +15,7 @@ struct VerticalAxis {
 } // namespace
 
 namespace support {
-INSTANTIATE_TYPED_TEST_SUITE_P(VXSalienzMaximizerVertical, AxisMaximizer, VerticalAxis);
+INSTANTIATE_TYPED_TEST_SUITE_P(VXSalienzMaximizerVertical, AxisMaximizer, VerticalAxis, );
 }
 
 TEST(VXSalienzMaximizerVertical, sumsTheRedValuesOfEachRow)

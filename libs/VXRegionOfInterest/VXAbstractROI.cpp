@@ -1,10 +1,6 @@
 #include "VXAbstractROI.h"
 
-VXAbstractROI::VXAbstractROI()
-    : enabled(true)
-    , weight(0)
-{
-}
+VXAbstractROI::VXAbstractROI() = default;
 
 VXAbstractROI::~VXAbstractROI() = default;
 

@@ -66,6 +66,6 @@ protected:
     VXAbstractROI& operator=(const VXAbstractROI&) = default;
 
 private:
-    bool enabled;
-    int weight;
+    bool enabled = true;
+    int weight = 0;
 };

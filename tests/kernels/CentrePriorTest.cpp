@@ -32,10 +32,10 @@ TEST(CentrePrior, fastEqualsPlainForEverySizeUpTo40)
 TEST(CentrePrior, writesNothingBetweenTheRowsOfAPaddedTarget)
 {
     constexpr int width = 5;
-    constexpr int wordsPerRow = 8;
+    constexpr std::size_t wordsPerRow = 8;
     std::vector<QRgb> words(wordsPerRow * 3, 7U);
-    QImage target(
-        reinterpret_cast<uchar*>(words.data()), width, 3, wordsPerRow * 4, QImage::Format_ARGB32);
+    QImage target(reinterpret_cast<uchar*>(words.data()), width, 3, wordsPerRow * sizeof(QRgb),
+        QImage::Format_ARGB32);
     vx::kernels::centrePrior(target);
     for (std::size_t i = 0; i < words.size(); ++i)
         EXPECT_EQ(words[i] == 7U, i % wordsPerRow >= width) << i;

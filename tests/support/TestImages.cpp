@@ -52,7 +52,7 @@ PaddedImage::PaddedImage(const QImage& image)
 QImage PaddedImage::image() const
 {
     return QImage(reinterpret_cast<const uchar*>(words.data()), width, height,
-        wordsPerRow * static_cast<int>(sizeof(QRgb)), format);
+        static_cast<int>(wordsPerRow * static_cast<std::ptrdiff_t>(sizeof(QRgb))), format);
 }
 
 bool PaddedImage::paddingIsIntact() const

@@ -2,6 +2,7 @@
 
 #include <QImage>
 
+#include <cstddef>
 #include <vector>
 
 namespace support {
@@ -31,7 +32,7 @@ private:
     int width;
     int height;
     QImage::Format format;
-    int wordsPerRow;
+    std::ptrdiff_t wordsPerRow;
     std::vector<QRgb> words;
 };
 

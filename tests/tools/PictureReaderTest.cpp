@@ -4,8 +4,10 @@
 #include "host/HostError.h"
 #include "support/ImageAssert.h"
 
-#include <QFile>
-
+#include <algorithm>
+#include <iterator>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -79,13 +81,17 @@ TEST_F(PictureReader, refusesAMissingFileAndAFolder)
     EXPECT_EQ(failureOf(folder.path(QStringLiteral("."))), ExitCode::MissingInput);
 }
 
-TEST_F(PictureReader, refusesAFileThatItMustNotOpen)
+TEST_F(PictureReader, refusesAFileThatCannotBeOpened)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "root may open every file";
-    const QString path = folder.save(picture, QStringLiteral("secret.png"));
-    QFile::setPermissions(path, QFile::Permissions());
-    EXPECT_EQ(failureOf(path), ExitCode::MissingInput);
+    // A socket: even root, who may open every file, cannot open it.
+    const QByteArray path = folder.path(QStringLiteral("socket.png")).toUtf8();
+    sockaddr_un address {};
+    address.sun_family = AF_UNIX;
+    std::copy(path.begin(), path.end(), std::begin(address.sun_path));
+    const int server = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    EXPECT_EQ(failureOf(QString::fromUtf8(path)), ExitCode::MissingInput);
+    close(server);
 }
 
 TEST_F(PictureReader, refusesWhatIsNoPicture)

@@ -8,6 +8,8 @@
 
 namespace samples {
 
+SampleFolder::SampleFolder() = default;
+
 QString SampleFolder::path(const QString& name) const { return folder.filePath(name); }
 
 QString SampleFolder::save(const QImage& image, const QString& name) const

@@ -11,6 +11,8 @@ namespace samples {
 /// A folder of picture files that goes away with the object.
 class SampleFolder {
 public:
+    SampleFolder();
+
     /// The path of \a name in the folder.
     QString path(const QString& name) const;
 

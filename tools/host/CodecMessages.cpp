@@ -9,12 +9,16 @@ namespace host {
 namespace {
 
 // A message handler is a plain function, so what it collects lies beside it.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 QStringList collected;
 
 void collect(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message)
 {
     collected.append(message);
 }
+
+// What cannot be flushed is of no use to anybody.
+void flushStderr() { static_cast<void>(std::fflush(stderr)); }
 
 } // namespace
 
@@ -23,7 +27,8 @@ CodecMessages::CodecMessages()
     , savedStderr(dup(STDERR_FILENO))
 {
     collected.clear();
-    std::fflush(stderr);
+    flushStderr();
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     dup2(nowhere, STDERR_FILENO);
     close(nowhere);
@@ -31,7 +36,7 @@ CodecMessages::CodecMessages()
 
 CodecMessages::~CodecMessages()
 {
-    std::fflush(stderr);
+    flushStderr();
     dup2(savedStderr, STDERR_FILENO);
     close(savedStderr);
     qInstallMessageHandler(previousHandler);

@@ -60,7 +60,7 @@ QRect chooseWindow(const QImage& map, const QSize& picture, const AspectRatio& r
 
 QImage viewOf(QImage& picture, const QRect& window)
 {
-    constexpr int bytesPerPixel = 4;
+    constexpr std::ptrdiff_t bytesPerPixel = 4;
     // Over constant bytes, setting the colour space would make a copy.
     uchar* const firstPixel = picture.scanLine(window.top()) + window.left() * bytesPerPixel;
     QImage view(

@@ -23,6 +23,31 @@ QByteArray formatOf(const QString& path)
     return format;
 }
 
+// Lets a codec write to the end although the file fails: Qt's PNG codec leaks when it is stopped.
+// The file keeps its error, to be asked for afterwards.
+class UnfailingDevice : public QIODevice {
+public:
+    explicit UnfailingDevice(QSaveFile& target)
+        : file(target)
+    {
+        open(QIODevice::WriteOnly);
+    }
+    bool seek(qint64 position) override { return QIODevice::seek(position) && file.seek(position); }
+    qint64 size() const override { return file.size(); }
+
+protected:
+    qint64 readData(char* /*bytes*/, qint64 /*count*/) override { return -1; }
+    qint64 writeData(const char* bytes, qint64 count) override
+    {
+        if (file.error() == QFileDevice::NoError)
+            file.write(bytes, count);
+        return count;
+    }
+
+private:
+    QSaveFile& file;
+};
+
 [[noreturn]] void throwWriteFailed(const QString& path, const QString& reason)
 {
     throw HostError(ExitCode::WriteFailed, path, reason,
@@ -40,10 +65,15 @@ PictureWriter::PictureWriter(const QImage& picture, const QString& path)
             QStringLiteral("choose a folder that exists and can be written to"));
 
     const CodecMessages messages;
-    QImageWriter writer(&file, format);
+    UnfailingDevice device(file);
+    QImageWriter writer(&device, format);
     if (format == "jpg" || format == "jpeg")
         writer.setQuality(jpegQuality);
-    if (!writer.write(picture))
+    const bool encoded = writer.write(picture);
+    file.flush();
+    if (file.error() != QFileDevice::NoError)
+        throwWriteFailed(path, file.errorString());
+    if (!encoded)
         throwWriteFailed(path, writer.errorString());
 }
 

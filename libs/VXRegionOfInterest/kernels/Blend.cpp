@@ -7,10 +7,6 @@
 
 namespace {
 
-using vx::kernels::opaqueGrey;
-using vx::kernels::wordRow;
-using vx::kernels::writableWordRow;
-
 // 32-bit sums that wrap are kept unsigned and read as signed.
 using WrappingSums = std::vector<quint32>;
 
@@ -35,7 +31,8 @@ void writeQuotients(const WrappingSums& sums, double divisor, QRgb* pixels)
 {
     for (std::size_t x = 0; x < sums.size(); ++x) {
         const double quotient = static_cast<qint32>(sums[x]) / divisor;
-        pixels[x] = opaqueGrey(static_cast<int>(std::min(std::max(quotient, 0.0), 255.0)));
+        pixels[x]
+            = vx::kernels::opaqueGrey(static_cast<int>(std::min(std::max(quotient, 0.0), 255.0)));
     }
 }
 

@@ -1,0 +1,24 @@
+"""The project's pages and what stands in them."""
+
+import pathlib
+import re
+import subprocess
+
+
+def pages(root):
+    """Every page of the project, as pairs of path and text."""
+    root = pathlib.Path(root)
+    for path in sorted([*root.glob("*.md"), *root.glob("docs/**/*.md")]):
+        yield path, path.read_text(encoding="utf-8")
+
+
+def blocks(text, language):
+    """The code blocks of a language in a page's text."""
+    return re.findall(rf"^```{language}\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)
+
+
+def draw_photo(scenes_program, folder):
+    """Puts photo.jpg, the picture that the pages speak of, into a folder."""
+    subprocess.run([scenes_program, folder], check=True, stdout=subprocess.DEVNULL)
+    # The content decides the format, so a PNG serves.
+    (pathlib.Path(folder) / "balloon.png").rename(pathlib.Path(folder) / "photo.jpg")

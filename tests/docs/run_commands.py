@@ -1,0 +1,28 @@
+"""run_commands.py ROOT VXROI_FOLDER SCENES_PROGRAM: runs every command that the pages show.
+
+Commands of the project's own scripts run in its folder, as the pages say; all others in a folder with
+a photo.jpg and with vxroi on the path.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+
+from pages import blocks, draw_photo, pages
+
+root, vxroi_folder, scenes_program = sys.argv[1:]
+environment = dict(os.environ, PATH=f"{vxroi_folder}:{os.environ['PATH']}")
+
+ran = 0
+with tempfile.TemporaryDirectory() as folder:
+    draw_photo(scenes_program, folder)
+    for path, text in pages(root):
+        for command in "\n".join(blocks(text, "sh")).splitlines():
+            if command.startswith("./scripts/test"):
+                continue  # it is what runs this
+            print(f"{path}: {command}", flush=True)
+            where = root if command.startswith("./scripts/") else folder
+            subprocess.run(command, shell=True, check=True, cwd=where, env=environment)
+            ran += 1
+sys.exit(ran == 0)
