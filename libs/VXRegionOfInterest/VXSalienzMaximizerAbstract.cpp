@@ -1,21 +1,10 @@
 #include "VXSalienzMaximizerAbstract.h"
 
-namespace {
+#include "kernels/Wrapping.h"
 
 // Sums wrap instead of overflowing, whatever values a host hands in.
-long long wrappingSum(long long a, long long b)
-{
-    return static_cast<long long>(
-        static_cast<unsigned long long>(a) + static_cast<unsigned long long>(b));
-}
-
-long long wrappingDifference(long long a, long long b)
-{
-    return static_cast<long long>(
-        static_cast<unsigned long long>(a) - static_cast<unsigned long long>(b));
-}
-
-} // namespace
+using vx::kernels::wrappingDifference;
+using vx::kernels::wrappingSum;
 
 VXSalienzMaximizerAbstract::~VXSalienzMaximizerAbstract() = default;
 

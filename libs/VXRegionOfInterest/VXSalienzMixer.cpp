@@ -1,24 +1,36 @@
 #include "VXSalienzMixer.h"
 
 #include "VXGaussROI.h"
+#include "VXHistogramROI.h"
+#include "VXSalienzAchanta.h"
+#include "VXSobelROI.h"
+#include "VXVeryImportantAreasROI.h"
 #include "kernels/Blend.h"
 #include "kernels/PixelWords.h"
+#include "kernels/Wrapping.h"
 
 namespace {
 
+constexpr int sobelWeight = 20;
 constexpr int gaussWeight = 2;
-
-// -INT_MIN wraps back to INT_MIN.
-int wrappingNegation(int number) { return static_cast<int>(0U - static_cast<unsigned>(number)); }
+constexpr int histogramWeight = -10; // the map is subtracted
+constexpr int veryImportantAreasWeight = 20;
+constexpr int achantaWeight = 10;
 
 } // namespace
 
 VXSalienzMixer::VXSalienzMixer(const QSize& size)
     : workingSize(size)
 {
+    methods.insert(Achanta, new VXSalienzAchanta());
+    methods.insert(Sobel, new VXSobelROI());
     methods.insert(Gauss, new VXGaussROI());
+    methods.insert(Histogram, new VXHistogramROI());
 
+    methods.value(Sobel)->setWeight(sobelWeight);
     methods.value(Gauss)->setWeight(gaussWeight);
+    methods.value(Histogram)->setWeight(histogramWeight);
+    methods.value(Achanta)->setWeight(achantaWeight);
 }
 
 VXSalienzMixer::~VXSalienzMixer()
@@ -30,7 +42,7 @@ VXSalienzMixer::~VXSalienzMixer()
 void VXSalienzMixer::setMethodWeight(VXSalienzMethod method, int weight)
 {
     if (VXAbstractROI* const roi = roiMethod(method))
-        roi->setWeight(method == Histogram ? wrappingNegation(weight) : weight);
+        roi->setWeight(method == Histogram ? vx::kernels::wrappingDifference(0, weight) : weight);
 }
 
 void VXSalienzMixer::setMethodEnabled(VXSalienzMethod method, bool enabled)
@@ -48,6 +60,46 @@ bool VXSalienzMixer::isMethodEnabled(VXSalienzMethod method) const
 VXAbstractROI* VXSalienzMixer::roiMethod(VXSalienzMethod method) const
 {
     return methods.value(method);
+}
+
+VXHistogramROI* VXSalienzMixer::histogramROI() const
+{
+    return static_cast<VXHistogramROI*>(roiMethod(Histogram));
+}
+
+void VXSalienzMixer::injectVeryImportantAreas(const QList<QRect>& areas, const QSize& size)
+{
+    methods.insert(VeryImportantAreas, new VXVeryImportantAreasROI(areas, size));
+    methods.value(VeryImportantAreas)->setWeight(veryImportantAreasWeight);
+}
+
+void VXSalienzMixer::updateHistogramBinsChannel1(int bins) { histogramROI()->setBin1(bins); }
+
+void VXSalienzMixer::updateHistogramBinsChannel2(int bins) { histogramROI()->setBin2(bins); }
+
+void VXSalienzMixer::updateHistogramChiSquareThreshold(double threshold)
+{
+    histogramROI()->setChiSquareThreshold(threshold);
+}
+
+void VXSalienzMixer::updateHistogramHorizontalBlocks(int blocks)
+{
+    histogramROI()->setHorizontalBlocks(blocks);
+}
+
+void VXSalienzMixer::updateHistogramVerticalBlocks(int blocks)
+{
+    histogramROI()->setVerticalBlocks(blocks);
+}
+
+void VXSalienzMixer::updateHistogramMinWidth(double fraction)
+{
+    histogramROI()->setMinWidth(fraction);
+}
+
+void VXSalienzMixer::updateHistogramMinHeight(double fraction)
+{
+    histogramROI()->setMinHeight(fraction);
 }
 
 QImage VXSalienzMixer::analyze(const QImage& image)

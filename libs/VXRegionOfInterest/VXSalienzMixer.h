@@ -7,7 +7,10 @@
 #include <QImage>
 #include <QList>
 #include <QMap>
+#include <QRect>
 #include <QSize>
+
+class VXHistogramROI;
 
 /// Turns a picture into one salience map: the library's entry point.
 ///
@@ -22,9 +25,13 @@
 ///
 /// **Settings**: the working size, and for each method a switch and a weight.
 ///
-/// | method | object     | weight | enabled |
-/// |--------|------------|--------|---------|
-/// | Gauss  | VXGaussROI | 2      | yes     |
+/// | method             | object                  | weight | enabled |
+/// |--------------------|-------------------------|--------|---------|
+/// | Sobel              | VXSobelROI              | 20     | yes     |
+/// | Gauss              | VXGaussROI              | 2      | yes     |
+/// | Histogram          | VXHistogramROI          | -10    | yes     |
+/// | VeryImportantAreas | VXVeryImportantAreasROI | 20     | yes, once areas are injected |
+/// | Achanta            | VXSalienzAchanta        | 10     | yes     |
 ///
 /// Operations on a method that the mixer does not hold do nothing; looking one up gives null.
 ///
@@ -61,6 +68,31 @@ public:
 
     /// The object behind \a method, owned by the mixer; null when the mixer does not hold it.
     VXAbstractROI* roiMethod(VXSalienzMethod method) const;
+
+    /// The histogram method, for settings of its own; owned by the mixer.
+    VXHistogramROI* histogramROI() const;
+
+    /// Adds rectangles that the host marks as very important, as one more method of weight 20.
+    ///
+    /// A second call replaces the method but does not delete the earlier object: a host that wants
+    /// its memory back fetches it with roiMethod() before the call and deletes it afterwards.
+    /// \param areas rectangles in pixels of the working image.
+    /// \param size size of the working image; where that is another, a warning is logged and the
+    /// areas
+    ///        are drawn unscaled (see VXVeryImportantAreasROI).
+    void injectVeryImportantAreas(const QList<QRect>& areas, const QSize& size);
+
+    /// \name Settings of the histogram method
+    /// Each hands its argument to the setter of VXHistogramROI of the like name.
+    /// \{
+    void updateHistogramBinsChannel1(int bins);
+    void updateHistogramBinsChannel2(int bins);
+    void updateHistogramChiSquareThreshold(double threshold);
+    void updateHistogramHorizontalBlocks(int blocks);
+    void updateHistogramVerticalBlocks(int blocks);
+    void updateHistogramMinWidth(double fraction);
+    void updateHistogramMinHeight(double fraction);
+    /// \}
 
     /// Computes the blended salience map of \a image.
     /// \return with several maps, mix() of them and of gatherWeights(). With one map, that map as

@@ -204,5 +204,6 @@ TEST_F(VxroiCrop, holdsLessThan250MegabytesFor24Megapixels)
     }
     rusage children {};
     getrusage(RUSAGE_CHILDREN, &children);
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): how the system header declares it
     EXPECT_LT(children.ru_maxrss, 250L * 1000 * 1000 / 1024) << "KiB";
 }

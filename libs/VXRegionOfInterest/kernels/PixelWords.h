@@ -12,6 +12,9 @@ namespace vx::kernels {
 ///         as they are. An ARGB32 copy of any other depth. A null image stays null.
 QImage toPixelWords(const QImage& image);
 
+/// What QImage::pixel says of each pixel of \a image, as an ARGB32 image. A null image stays null.
+QImage toPixelValues(const QImage& image);
+
 /// Row \a y of an image of 32 bits per pixel, for reading.
 inline const QRgb* wordRow(const QImage& words, int y)
 {
@@ -24,7 +27,9 @@ inline QRgb* writableWordRow(QImage& words, int y)
     return reinterpret_cast<QRgb*>(words.scanLine(y));
 }
 
+constexpr QRgb opaqueBlack = 0xFF000000U;
+
 /// The opaque grey pixel of \a level, which lies between 0 and 255.
-inline QRgb opaqueGrey(int level) { return 0xFF000000U | static_cast<QRgb>(level) * 0x010101U; }
+inline QRgb opaqueGrey(int level) { return opaqueBlack | static_cast<QRgb>(level) * 0x010101U; }
 
 } // namespace vx::kernels

@@ -1,0 +1,207 @@
+#include "VXHistogramROI.h"
+
+#include "VXDisjointSet.h"
+#include "VXHistogram.h"
+#include "VXSegmentEdge.h"
+#include "kernels/LumaChroma.h"
+#include "kernels/PixelWords.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr int mostBlocks = 100; // along each side of the grid
+
+// Beyond one bin for each byte value, bins stay empty. One of them makes the smallest bin 0, more
+// of them change nothing.
+constexpr int mostUsefulBins = 257;
+
+// The grid of blocks that an image is divided into.
+struct Grid {
+    int rows;
+    int columns;
+    QSize blockSize; // in pixels
+
+    QRect blockAt(int column, int row) const
+    {
+        return QRect(QPoint(column * blockSize.width(), row * blockSize.height()), blockSize);
+    }
+    int indexOf(const QPoint& block) const { return block.y() * columns + block.x(); }
+    bool contains(const QPoint& block) const { return QRect(0, 0, columns, rows).contains(block); }
+};
+
+// How many bins a histogram has.
+struct Bins {
+    int rows;
+    int columns;
+};
+
+using Histograms = std::vector<VXHistogram>;
+using Edges = std::vector<VXSegmentEdge>;
+
+Histograms histogramsOfRow(const QImage& lumaChroma, const Grid& grid, int row, const Bins& bins)
+{
+    Histograms histograms;
+    for (int column = 0; column < grid.columns; ++column) {
+        const QImage block = lumaChroma.copy(grid.blockAt(column, row));
+        histograms.emplace_back(block, bins.rows, bins.columns);
+        histograms.back().normalizeHistogram();
+    }
+    return histograms;
+}
+
+// The edges from the blocks of one row: every pair of neighbours once, seen from its left or, one
+// above the other, from its upper block.
+void appendEdges(std::vector<Histograms>& histograms, const Grid& grid, int row, Edges& edges)
+{
+    const auto at = [&](const QPoint& block) -> VXHistogram& {
+        return histograms[static_cast<std::size_t>(block.y())][static_cast<std::size_t>(block.x())];
+    };
+    for (int column = 0; column < grid.columns; ++column) {
+        const QPoint own(column, row);
+        for (const QPoint& step : { QPoint(1, -1), QPoint(1, 0), QPoint(1, 1), QPoint(0, 1) }) {
+            const QPoint other = own + step;
+            if (grid.contains(other))
+                edges.emplace_back(
+                    grid.indexOf(own), grid.indexOf(other), at(own).compareHistogram(&at(other)));
+        }
+    }
+}
+
+Edges edgesBetweenBlocks(const QImage& lumaChroma, const Grid& grid, const Bins& bins)
+{
+    Edges edges;
+    std::vector<Histograms> histograms(static_cast<std::size_t>(grid.rows));
+    histograms[0] = histogramsOfRow(lumaChroma, grid, 0, bins);
+    for (int row = 0; row < grid.rows; ++row) {
+        const auto index = static_cast<std::size_t>(row);
+        if (row + 1 < grid.rows)
+            histograms[index + 1] = histogramsOfRow(lumaChroma, grid, row + 1, bins);
+        appendEdges(histograms, grid, row, edges);
+        if (row > 0)
+            histograms[index - 1].clear(); // large when the bins are many
+    }
+    return edges;
+}
+
+// Edges whose weight is not a number never merge, and could not be sorted.
+void dropUndefined(Edges& edges)
+{
+    const auto isUndefined = [](const VXSegmentEdge& edge) { return std::isnan(edge.weight()); };
+    edges.erase(std::remove_if(edges.begin(), edges.end(), isUndefined), edges.end());
+}
+
+VXDisjointSet merged(const Grid& grid, const Edges& sortedEdges, double threshold)
+{
+    VXDisjointSet regions(grid.rows, grid.columns);
+    for (const VXSegmentEdge& edge : sortedEdges) {
+        if (!(edge.weight() <= threshold))
+            break;
+        const int a = regions.find(edge.from());
+        const int b = regions.find(edge.to());
+        if (a != b)
+            regions.join(a, b);
+    }
+    return regions;
+}
+
+// The block at (column, row) of a grid, cut off at the edges of the frame.
+QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
+{
+    const auto part = [](qint64 index, qint64 length, qint64 side) {
+        const qint64 first = std::clamp<qint64>(index * length, 0, side);
+        const qint64 end = std::clamp<qint64>((index + 1) * length, 0, side);
+        return std::pair(static_cast<int>(first), static_cast<int>(end - first));
+    };
+    const auto [left, width] = part(column, block.width(), frame.width());
+    const auto [top, height] = part(row, block.height(), frame.height());
+    return QRect(left, top, width, height);
+}
+
+} // namespace
+
+VXHistogramROI::VXHistogramROI() = default;
+
+VXHistogramROI::~VXHistogramROI() = default;
+
+QImage VXHistogramROI::evaluate(const QImage& image)
+{
+    QImage map = createTargetImage(image);
+    map.fill(QColor(Qt::black).rgba());
+    const bool isInRange = verticalBlocks >= 1 && verticalBlocks <= mostBlocks
+        && horizontalBlocks >= 1 && horizontalBlocks <= mostBlocks && bin1 >= 1 && bin2 >= 1;
+    if (!isInRange || map.width() < horizontalBlocks || map.height() < verticalBlocks)
+        return map;
+
+    const Grid grid { verticalBlocks, horizontalBlocks,
+        QSize(map.width() / horizontalBlocks, map.height() / verticalBlocks) };
+    const QImage lumaChroma = convertToYcbcr(map, image);
+    const Bins bins { std::min(bin1, mostUsefulBins), std::min(bin2, mostUsefulBins) };
+    Edges edges = edgesBetweenBlocks(lumaChroma, grid, bins);
+    dropUndefined(edges);
+    std::stable_sort(edges.begin(), edges.end());
+    VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);
+    paintLargeRegions(regions, grid.blockSize, map);
+    return map;
+}
+
+void VXHistogramROI::paintLargeRegions(
+    VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
+{
+    const QMap<int, QVector<int>> extents = regions.getSegmentSizes();
+    for (int i = 0; i < verticalBlocks * horizontalBlocks; ++i) {
+        const QVector<int> extent = extents.value(regions.find(i));
+        const int dy = extent.at(3) - extent.at(1);
+        const int dx = extent.at(2) - extent.at(0);
+        if (dy > verticalBlocks * minHeight || dx > horizontalBlocks * minWidth)
+            drawTarget(i % horizontalBlocks, i / horizontalBlocks, dy * dx - 1, map,
+                blockSize.width(), blockSize.height());
+    }
+}
+
+void VXHistogramROI::setChiSquareThreshold(double threshold) { chiSquareThreshold = threshold; }
+
+void VXHistogramROI::setVerticalBlocks(int blocks) { verticalBlocks = blocks; }
+
+void VXHistogramROI::setHorizontalBlocks(int blocks) { horizontalBlocks = blocks; }
+
+void VXHistogramROI::setMinHeight(double fraction) { minHeight = fraction; }
+
+void VXHistogramROI::setMinWidth(double fraction) { minWidth = fraction; }
+
+void VXHistogramROI::setBin1(int bins) { bin1 = bins; }
+
+void VXHistogramROI::setBin2(int bins) { bin2 = bins; }
+
+QImage VXHistogramROI::convertToYcbcr(QImage sizeImage, const QImage& source) const
+{
+    const QImage words = vx::kernels::toPixelWords(source);
+    QImage converted = createTargetImage(source);
+    const QSize common = sizeImage.size().boundedTo(source.size());
+    if (common != source.size())
+        converted.fill(vx::kernels::opaqueBlack);
+    vx::kernels::packLumaChroma(words, common, converted);
+    return converted;
+}
+
+unsigned int VXHistogramROI::RGB2YCrCb(const unsigned int& rgb) const
+{
+    return vx::kernels::packedLumaChromaOf(rgb);
+}
+
+void VXHistogramROI::drawTarget(
+    int column, int row, double value, QImage& target, int blockWidth, int blockHeight) const
+{
+    const bool isPaintable = !target.isNull() && target.depth() >= 16;
+    if (!isPaintable || blockWidth < 1 || blockHeight < 1)
+        return;
+    const int level = value >= 256 ? 255 : value > 0 ? static_cast<int>(value) : 0;
+    const QRect block = blockWithin(target.size(), column, row, QSize(blockWidth, blockHeight));
+    QPainter painter(&target);
+    painter.fillRect(block, QColor(level, level, level));
+}

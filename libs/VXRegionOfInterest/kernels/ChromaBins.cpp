@@ -1,0 +1,71 @@
+#include "ChromaBins.h"
+
+#include "PixelWords.h"
+#include "Wrapping.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using namespace vx::kernels;
+
+// The bin of each byte value; -1 for none.
+std::array<int, 256> binOfByte(int binCount)
+{
+    std::array<int, 256> bins {};
+    for (int byte = 0; byte < 256; ++byte) {
+        const int bin = wrappingProduct(byte, binCount) / 256;
+        bins[static_cast<std::size_t>(byte)] = bin >= 0 && bin < binCount ? bin : -1;
+    }
+    return bins;
+}
+
+} // namespace
+
+void vx::kernels::countChroma(const QImage& words, const Bins& bins)
+{
+    const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
+    const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
+    for (int y = 0; y < words.height(); ++y) {
+        const QRgb* const pixels = wordRow(words, y);
+        for (int x = 0; x < words.width(); ++x) {
+            const int row = rowOfByte[pixels[x] >> 8 & 0xFFU];
+            const int column = columnOfByte[pixels[x] & 0xFFU];
+            if (row >= 0 && column >= 0)
+                bins.row(row)[column] += 1.0;
+        }
+    }
+}
+
+void vx::kernels::normalizeBins(const Bins& bins)
+{
+    double* const end = bins.row(bins.rows);
+    double least = 1000.0;
+    double greatest = 0.0;
+    for (const double* value = bins.values; value != end; ++value) {
+        greatest = std::max(greatest, *value);
+        least = std::min(least, *value);
+    }
+    const double range = greatest - least;
+    for (double* value = bins.values; value != end; ++value)
+        *value = (*value - least) / range;
+}
+
+double vx::kernels::chiSquareDistance(const Bins& own, const Bins& other)
+{
+    const int sharedRows = std::min(own.rows, other.rows);
+    const int sharedColumns = std::min(own.columns, other.columns);
+    double sum = 0.0;
+    for (int i = 0; i < own.rows; ++i) {
+        const double* const ownRow = own.row(i);
+        const double* const otherRow = i < sharedRows ? other.row(i) : nullptr;
+        for (int j = 0; j < own.columns; ++j) {
+            const double u = ownRow[j];
+            const double v = otherRow != nullptr && j < sharedColumns ? otherRow[j] : 0.0;
+            if (u < 0.0 || u > 0.0)
+                sum += (u - v) * (u - v) / u;
+        }
+    }
+    return sum;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QImage>
+
+namespace vx::kernels {
+
+/// Spreads the pixels of \a source whose red exceeds \a threshold along their row and column.
+///
+/// In scan order, every pixel of \a source with a red value above \a threshold overwrites those
+/// within \a arm columns in its row, then those within \a arm rows in its column, wherever the
+/// result so far has a smaller red value. Pixels are read and written as QImage::pixel and
+/// QImage::setPixel do; formats whose setPixel takes an index cannot take up a colour and stay as
+/// they are. \return the result, in the format of \a source.
+QImage maxFilter(const QImage& source, int arm, int threshold);
+
+namespace reference {
+/// Overwrites pixel by pixel.
+QImage maxFilter(const QImage& source, int arm, int threshold);
+} // namespace reference
+
+} // namespace vx::kernels

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <type_traits>
+
+/// \file
+/// Signed arithmetic that wraps instead of overflowing.
+
+namespace vx::kernels {
+
+template <typename Integer> constexpr Integer wrappingSum(Integer a, Integer b)
+{
+    using Unsigned = std::make_unsigned_t<Integer>;
+    return static_cast<Integer>(static_cast<Unsigned>(a) + static_cast<Unsigned>(b));
+}
+
+template <typename Integer> constexpr Integer wrappingDifference(Integer a, Integer b)
+{
+    using Unsigned = std::make_unsigned_t<Integer>;
+    return static_cast<Integer>(static_cast<Unsigned>(a) - static_cast<Unsigned>(b));
+}
+
+template <typename Integer> constexpr Integer wrappingProduct(Integer a, Integer b)
+{
+    using Unsigned = std::make_unsigned_t<Integer>;
+    return static_cast<Integer>(static_cast<Unsigned>(a) * static_cast<Unsigned>(b));
+}
+
+} // namespace vx::kernels
