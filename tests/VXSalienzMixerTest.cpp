@@ -1,18 +1,33 @@
 #include <VXRegionOfInterest/VXSalienzMixer.h>
 
 #include <VXRegionOfInterest/VXGaussROI.h>
+#include <VXRegionOfInterest/VXHistogramROI.h>
+#include <VXRegionOfInterest/VXSalienzAchanta.h>
+#include <VXRegionOfInterest/VXSobelROI.h>
+#include <VXRegionOfInterest/VXVeryImportantAreasROI.h>
 
 #include "kernels/Blend.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
+#include "support/PlainHistogramROI.h"
+#include "support/Random.h"
 #include "support/TestImages.h"
 
 #include <climits>
+#include <memory>
+#include <thread>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
 const QSize unscaled;
+
+void disableAll(VXSalienzMixer& mixer)
+{
+    for (const auto method : { Sobel, Gauss, Histogram, VeryImportantAreas, Achanta })
+        mixer.setMethodEnabled(method, false);
+}
 
 // The value that one pixel gets when maps of these red values are blended.
 int blendedRed(const std::vector<int>& reds, const QList<int>& weights)
@@ -33,12 +48,16 @@ TEST(VXSalienzMixer, isNeitherCopiedNorMoved)
     EXPECT_FALSE(std::is_polymorphic_v<VXSalienzMixer>);
 }
 
-TEST(VXSalienzMixer, holdsTheCentrePriorEnabledWithWeightTwo)
+TEST(VXSalienzMixer, holdsFourEnabledMethodsWithTheirWeights)
 {
     const VXSalienzMixer mixer(unscaled);
-    ASSERT_NE(dynamic_cast<VXGaussROI*>(mixer.roiMethod(Gauss)), nullptr);
-    EXPECT_EQ(mixer.roiMethod(Gauss)->getWeight(), 2);
-    EXPECT_TRUE(mixer.isMethodEnabled(Gauss));
+    EXPECT_NE(dynamic_cast<VXSobelROI*>(mixer.roiMethod(Sobel)), nullptr);
+    EXPECT_NE(dynamic_cast<VXGaussROI*>(mixer.roiMethod(Gauss)), nullptr);
+    EXPECT_NE(dynamic_cast<VXHistogramROI*>(mixer.roiMethod(Histogram)), nullptr);
+    EXPECT_NE(dynamic_cast<VXSalienzAchanta*>(mixer.roiMethod(Achanta)), nullptr);
+    EXPECT_EQ(mixer.roiMethod(VeryImportantAreas), nullptr);
+    EXPECT_EQ(mixer.gatherWeights(), (QList<int> { 20, 2, -10, 10 }));
+    EXPECT_EQ(mixer.histogramROI(), mixer.roiMethod(Histogram));
 }
 
 TEST(VXSalienzMixer, switchesMethodsAndSetsWeightsThroughTheEntry)
@@ -53,6 +72,62 @@ TEST(VXSalienzMixer, switchesMethodsAndSetsWeightsThroughTheEntry)
     EXPECT_TRUE(mixer.isMethodEnabled(Gauss));
 }
 
+TEST(VXSalienzMixer, flipsTheSignOfTheHistogramWeight)
+{
+    VXSalienzMixer mixer(unscaled);
+    for (const auto& [given, stored] : { std::pair(5, -5), std::pair(-5, 5), std::pair(0, 0),
+             std::pair(INT_MAX, -INT_MAX), std::pair(INT_MIN, INT_MIN) }) {
+        mixer.setMethodWeight(Histogram, given);
+        EXPECT_EQ(mixer.roiMethod(Histogram)->getWeight(), stored);
+    }
+}
+
+TEST(VXSalienzMixer, injectedAreasAreOneMoreMethodOfWeightTwenty)
+{
+    VXSalienzMixer mixer(unscaled);
+    mixer.injectVeryImportantAreas({ QRect(2, 2, 3, 3) }, QSize(20, 10));
+    EXPECT_NE(dynamic_cast<VXVeryImportantAreasROI*>(mixer.roiMethod(VeryImportantAreas)), nullptr);
+    EXPECT_TRUE(mixer.isMethodEnabled(VeryImportantAreas));
+    EXPECT_EQ(mixer.gatherWeights(), (QList<int> { 20, 2, -10, 20, 10 }));
+    const QList<QImage> maps = mixer.gatherResults(support::noise(20, 10, 1));
+    ASSERT_EQ(maps.size(), 5);
+    EXPECT_EQ(qRed(maps.at(3).pixel(3, 3)), 255);
+}
+
+TEST(VXSalienzMixer, aSecondInjectionReplacesTheFirstAndDoesNotDeleteIt)
+{
+    VXSalienzMixer mixer(unscaled);
+    mixer.injectVeryImportantAreas({ QRect(2, 2, 3, 3) }, QSize(20, 10));
+    // What a host does that wants the memory back.
+    const std::unique_ptr<VXAbstractROI> first(mixer.roiMethod(VeryImportantAreas));
+    mixer.setMethodWeight(VeryImportantAreas, 3);
+    mixer.injectVeryImportantAreas({ QRect(12, 2, 3, 3) }, QSize(20, 10));
+
+    EXPECT_NE(mixer.roiMethod(VeryImportantAreas), first.get());
+    EXPECT_EQ(mixer.gatherWeights(), (QList<int> { 20, 2, -10, 20, 10 }));
+    EXPECT_EQ(first->getWeight(), 3) << "the first is still there";
+    const QImage image = support::noise(20, 10, 1);
+    EXPECT_EQ(qRed(first->evaluate(image).pixel(3, 3)), 255);
+    EXPECT_EQ(qRed(mixer.gatherResults(image).at(3).pixel(13, 3)), 255);
+}
+
+TEST(VXSalienzMixer, forwardsTheHistogramSettings)
+{
+    VXSalienzMixer mixer(unscaled);
+    mixer.updateHistogramBinsChannel1(5);
+    mixer.updateHistogramBinsChannel2(7);
+    mixer.updateHistogramChiSquareThreshold(1.5);
+    mixer.updateHistogramHorizontalBlocks(6);
+    mixer.updateHistogramVerticalBlocks(4);
+    mixer.updateHistogramMinWidth(0.4);
+    mixer.updateHistogramMinHeight(0.3);
+    // In the order of the record: threshold, rows, columns, heights, widths, bins.
+    const support::HistogramSettings settings { 1.5, 4, 6, 0.3, 0.4, 5, 7 };
+    for (const QImage& image : support::variedImages(61, 43, 2))
+        EXPECT_TRUE(support::sameImage(support::plainHistogramMap(image, settings),
+            mixer.roiMethod(Histogram)->evaluate(image)));
+}
+
 TEST(VXSalienzMixer, ignoresOperationsOnAMethodThatItDoesNotHold)
 {
     VXSalienzMixer mixer(unscaled);
@@ -64,13 +139,19 @@ TEST(VXSalienzMixer, ignoresOperationsOnAMethodThatItDoesNotHold)
     }
 }
 
-TEST(VXSalienzMixer, gathersMapsAndWeightsOfTheEnabledMethods)
+TEST(VXSalienzMixer, gathersMapsAndWeightsOfTheEnabledMethodsInOrder)
 {
     VXSalienzMixer mixer(unscaled);
-    EXPECT_EQ(mixer.gatherResults(support::noise(4, 3, 1)).size(), 1);
-    EXPECT_EQ(mixer.gatherWeights(), QList<int> { 2 });
-    mixer.setMethodEnabled(Gauss, false);
-    EXPECT_TRUE(mixer.gatherResults(support::noise(4, 3, 1)).isEmpty());
+    const QImage image = support::noise(40, 30, 1);
+    mixer.setMethodEnabled(Histogram, false);
+    const QList<QImage> maps = mixer.gatherResults(image);
+    ASSERT_EQ(maps.size(), 3);
+    EXPECT_TRUE(support::sameImage(VXSobelROI().evaluate(image), maps.at(0)));
+    EXPECT_TRUE(support::sameImage(VXGaussROI().evaluate(image), maps.at(1)));
+    EXPECT_TRUE(support::sameImage(VXSalienzAchanta().evaluate(image), maps.at(2)));
+    EXPECT_EQ(mixer.gatherWeights(), (QList<int> { 20, 2, 10 }));
+    disableAll(mixer);
+    EXPECT_TRUE(mixer.gatherResults(image).isEmpty());
     EXPECT_TRUE(mixer.gatherWeights().isEmpty());
 }
 
@@ -78,13 +159,13 @@ TEST(VXSalienzMixer, keepsTheWeightOfAMethodWhoseMapIsNull)
 {
     const VXSalienzMixer mixer(unscaled);
     EXPECT_TRUE(mixer.gatherResults(QImage()).isEmpty());
-    EXPECT_EQ(mixer.gatherWeights(), QList<int> { 2 });
+    EXPECT_EQ(mixer.gatherWeights(), (QList<int> { 20, 2, -10, 10 }));
 }
 
 TEST(VXSalienzMixer, analyzeReturnsTheInputItselfWhenEveryMethodIsOff)
 {
     VXSalienzMixer mixer(QSize(8, 8));
-    mixer.setMethodEnabled(Gauss, false);
+    disableAll(mixer);
     const QImage image = support::noise(20, 10, 2).convertToFormat(QImage::Format_Indexed8);
     const QImage result = mixer.analyze(image);
     EXPECT_TRUE(support::sameImage(image, result));
@@ -94,11 +175,25 @@ TEST(VXSalienzMixer, analyzeReturnsTheInputItselfWhenEveryMethodIsOff)
 TEST(VXSalienzMixer, analyzeReturnsASingleMapUnchangedWhateverItsWeight)
 {
     VXSalienzMixer mixer(unscaled);
-    const QImage image = support::noise(20, 10, 2);
-    for (const int weight : { -10, 0, 2 }) {
-        mixer.setMethodWeight(Gauss, weight);
-        EXPECT_TRUE(support::sameImage(VXGaussROI().evaluate(image), mixer.analyze(image)));
+    const QImage image = support::variedImages(60, 44, 2)[2];
+    disableAll(mixer);
+    mixer.setMethodEnabled(Histogram, true);
+    for (const int weight : { 10, 0, -10 }) { // stored as -10, 0 and 10
+        mixer.setMethodWeight(Histogram, weight);
+        EXPECT_TRUE(support::sameImage(VXHistogramROI().evaluate(image), mixer.analyze(image)));
     }
+}
+
+TEST(VXSalienzMixer, analyzeClampsToZeroWhenOnlyTheSubtractedMapIsLeftToBlend)
+{
+    VXSalienzMixer mixer(unscaled);
+    disableAll(mixer);
+    mixer.setMethodEnabled(Histogram, true);
+    mixer.setMethodEnabled(Gauss, true);
+    mixer.setMethodWeight(Gauss, 0); // both weights at most 0: divided by 1
+    QImage flat(30, 22, QImage::Format_RGB32);
+    flat.fill(Qt::red);
+    EXPECT_EQ(support::reds(mixer.analyze(flat)), std::vector<int>(30 * 22, 0));
 }
 
 TEST(VXSalienzMixer, analyzeScalesIntoTheWorkingSizeAndKeepsTheAspectRatio)
@@ -268,4 +363,69 @@ TEST(VXSalienzMixer, mixOfManyMapsEqualsThePlainBlend)
     QImage expected(37, 11, QImage::Format_ARGB32);
     vx::kernels::reference::blend(maps, weights, expected);
     EXPECT_TRUE(support::sameImage(expected, VXSalienzMixer(unscaled).mix(maps, weights)));
+}
+
+// Working sizes, switches, weights and areas at random, against the plain blend of the methods'
+// maps.
+TEST(VXSalienzMixer, analyzeEqualsThePlainBlendOfItsMethods)
+{
+    support::Random random(5);
+    for (int round = 0; round < 150; ++round) {
+        const QSize size(1 + random.below(90), 1 + random.below(90));
+        const QImage image = support::variedImages(
+            size.width(), size.height(), random.word())[static_cast<std::size_t>(round % 5)];
+        const QSize workingSize
+            = random.below(3) == 0 ? unscaled : QSize(1 + random.below(90), 1 + random.below(90));
+        const QImage working = workingSize.isValid()
+            ? image.scaled(workingSize, Qt::KeepAspectRatio, Qt::FastTransformation)
+            : image;
+
+        VXSalienzMixer mixer(workingSize);
+        VXSobelROI sobel;
+        VXGaussROI gauss;
+        VXHistogramROI histogram;
+        const QList<QRect> marked { QRect(random.below(50), random.below(50), 9, 7) };
+        VXVeryImportantAreasROI areas(marked, working.size());
+        VXSalienzAchanta achanta;
+        const bool hasAreas = random.below(2) == 0;
+        if (hasAreas)
+            mixer.injectVeryImportantAreas(marked, working.size());
+
+        QList<QImage> maps;
+        QList<int> weights;
+        for (const auto& [key, method] :
+            { std::pair<VXSalienzMethod, VXAbstractROI*>(Sobel, &sobel), { Gauss, &gauss },
+                { Histogram, &histogram }, { VeryImportantAreas, &areas },
+                { Achanta, &achanta } }) {
+            const bool isEnabled = random.below(4) != 0;
+            const int weight = random.below(80) - 20;
+            mixer.setMethodEnabled(key, isEnabled);
+            mixer.setMethodWeight(key, weight);
+            if (isEnabled && (key != VeryImportantAreas || hasAreas)) {
+                maps.append(method->evaluate(working));
+                weights.append(key == Histogram ? -weight : weight);
+            }
+        }
+
+        QImage expected = maps.isEmpty() ? image : maps.first();
+        if (maps.size() > 1) {
+            expected = QImage(working.size(), QImage::Format_ARGB32);
+            vx::kernels::reference::blend(maps, weights, expected);
+        }
+        ASSERT_TRUE(support::sameImage(expected, mixer.analyze(image))) << round;
+    }
+}
+
+TEST(VXSalienzMixer, runsFromSeveralThreadsWithAMixerEach)
+{
+    const QImage image = support::noise(120, 90, 6);
+    const QImage expected = VXSalienzMixer(unscaled).analyze(image);
+    std::vector<std::thread> threads;
+    std::vector<QImage> maps(4);
+    for (QImage& map : maps)
+        threads.emplace_back([&image, &map] { map = VXSalienzMixer(unscaled).analyze(image); });
+    for (std::thread& thread : threads)
+        thread.join();
+    for (const QImage& map : maps)
+        EXPECT_TRUE(support::sameImage(expected, map));
 }

@@ -34,6 +34,28 @@ QImage imageOfReds(int width, const std::vector<int>& reds)
     return image;
 }
 
+std::vector<QImage> variedImages(int width, int height, unsigned seed)
+{
+    Random random(seed);
+    QImage flat(width, height, QImage::Format_ARGB32);
+    flat.fill(random.word());
+    QImage gradient = flat;
+    QImage halves = flat;
+    QImage fewLevels = flat;
+    const QRgb otherColour = random.word();
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            gradient.setPixel(x, y,
+                qRgba(255 * x / width, 255 * y / height, 255 * (x + y) / (width + height), x));
+            if (2 * x > width)
+                halves.setPixel(x, y, otherColour);
+            const int level = 51 * random.below(6);
+            fewLevels.setPixel(x, y, qRgba(level, random.below(256), 51 * random.below(6), 255));
+        }
+    }
+    return { noise(width, height, seed), flat, gradient, halves, fewLevels };
+}
+
 QImage redPixel(int red) { return imageOfReds(1, { red }); }
 
 PaddedImage::PaddedImage(const QImage& image)

@@ -14,6 +14,10 @@ QImage noise(int width, int height, unsigned seed);
 /// and alpha hold other values, which nobody may read.
 QImage imageOfReds(int width, const std::vector<int>& reds);
 
+/// ARGB32 images that methods find easy and hard: noise, one colour, a gradient, two halves of
+/// different colour, and few levels, so that equal values are many.
+std::vector<QImage> variedImages(int width, int height, unsigned seed);
+
 /// An image with one pixel, whose red value is \a red.
 QImage redPixel(int red);
 

@@ -35,13 +35,22 @@ TEST(Overlay, glowsYellowWhereTheMapIsWhite)
 
 TEST(Overlay, getsHotterWithEveryLevel)
 {
-    int previous = -1;
-    for (int level = 0; level < 256; level += 51) {
-        const QImage overlay = host::drawOverlay(
-            filled({ 8, 8 }, Qt::black), filled({ 8, 8 }, QColor(level, level, level)), QRect());
-        EXPECT_GT(brightness(overlay, 4, 4), previous) << level;
-        previous = brightness(overlay, 4, 4);
-    }
+    QImage map(256, 1, QImage::Format_ARGB32);
+    for (int level = 0; level < 256; ++level)
+        map.setPixel(level, 0, qRgb(level, level, level));
+    const QImage overlay = host::drawOverlay(filled({ 256, 1 }, Qt::black), map, QRect());
+    for (int level = 51; level < 256; level += 51)
+        EXPECT_GT(brightness(overlay, level, 0), brightness(overlay, level - 51, 0)) << level;
+}
+
+TEST(Overlay, isHottestAtTheBrightestLevelOfADarkMap)
+{
+    QImage map(2, 1, QImage::Format_ARGB32);
+    map.setPixel(0, 0, qRgb(0, 0, 0));
+    map.setPixel(1, 0, qRgb(40, 40, 40));
+    const QImage dim = host::drawOverlay(filled({ 2, 1 }, Qt::black), map, QRect());
+    map.setPixel(1, 0, qRgb(255, 255, 255));
+    EXPECT_EQ(dim, host::drawOverlay(filled({ 2, 1 }, Qt::black), map, QRect()));
 }
 
 TEST(Overlay, outlinesTheWindowInWhiteAndDimsWhatLiesOutside)

@@ -17,13 +17,25 @@ constexpr int longestSide = 1600;
 constexpr std::array<QRgb, 5> heatStops
     = { 0x00000010, 0x50581A6E, 0x90B6365A, 0xB0F07F18, 0xC0FCF060 };
 
-// The colours of the 256 levels, each a mix of the two stops around it.
-QVector<QRgb> heatScale()
+int brightestLevelOf(const QImage& levels)
+{
+    int brightest = 0;
+    for (int y = 0; y < levels.height(); ++y) {
+        const uchar* const row = levels.constScanLine(y);
+        brightest = std::max<int>(brightest, *std::max_element(row, row + levels.width()));
+    }
+    return brightest;
+}
+
+// The colours of the 256 levels, each a mix of the two stops around it, stretched so that the scale
+// ends at the brightest.
+QVector<QRgb> heatScale(int brightest)
 {
     constexpr int lastStop = static_cast<int>(heatStops.size()) - 1;
     QVector<QRgb> colours;
     for (int level = 0; level < 256; ++level) {
-        const int position = level * lastStop;
+        const int stretched = std::min(level * 255 / std::max(brightest, 1), 255);
+        const int position = stretched * lastStop;
         const int stop = std::min(position / 255, lastStop - 1);
         const int share = position - stop * 255;
         const QRgb low = heatStops.at(static_cast<std::size_t>(stop));
@@ -40,8 +52,9 @@ QVector<QRgb> heatScale()
 QImage heatOf(const QImage& map)
 {
     QImage heat = map.convertToFormat(QImage::Format_Grayscale8);
+    const int brightest = brightestLevelOf(heat);
     heat.reinterpretAsFormat(QImage::Format_Indexed8);
-    heat.setColorTable(heatScale());
+    heat.setColorTable(heatScale(brightest));
     return heat;
 }
 

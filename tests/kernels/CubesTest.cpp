@@ -1,0 +1,40 @@
+#include "kernels/Cubes.h"
+
+#include "support/ImageAssert.h"
+#include "support/Random.h"
+#include "support/TestImages.h"
+
+namespace {
+
+using namespace vx::kernels;
+
+using Painting = void (*)(const QImage&, const QSize&, const CubeStandard&, QImage&);
+
+QImage painted(Painting paint, const QImage& map, const QSize& cube, const CubeStandard& standard)
+{
+    QImage target(map.size(), QImage::Format_ARGB32);
+    paint(map, cube, standard, target);
+    return target;
+}
+
+} // namespace
+
+TEST(Cubes, fastEqualsPlainForAnyStandard)
+{
+    support::Random random(1);
+    for (int round = 0; round < 1500; ++round) {
+        const int width = 1 + random.below(50);
+        const int height = 1 + random.below(50);
+        const QSize cube(1 + random.below(60), 1 + random.below(60));
+        const std::vector<QImage> maps = support::variedImages(width, height, random.word());
+        const QImage& map = maps[static_cast<std::size_t>(random.below(5))];
+        const int magnitude = 1 << random.below(31);
+        const int average = 1 + random.below(magnitude);
+        const CubeStandard standard { random.below(4) == 0 ? -average : average,
+            random.below(300) - 40 };
+        ASSERT_EQ(totalRed(map), reference::totalRed(map));
+        ASSERT_TRUE(support::sameImage(painted(reference::paintCubes, map, cube, standard),
+            painted(paintCubes, map, cube, standard)))
+            << round;
+    }
+}
