@@ -7,7 +7,7 @@
 namespace {
 
 // The sigma that suits a kernel of this size.
-double sigmaFor(int size) { return ((size - 1) * 0.5 - 1) * 0.3 + 0.8; }
+double sigmaFor(int size) { return ((size - 1.0) * 0.5 - 1) * 0.3 + 0.8; }
 
 } // namespace
 
@@ -22,7 +22,7 @@ VXGaussianBlur::~VXGaussianBlur() = default;
 QVector<double> VXGaussianBlur::createGaussianKernel(int size, double sigma)
 {
     const double usedSigma = sigma > 0 ? sigma : sigmaFor(size);
-    const double centre = (size - 1) * 0.5;
+    const double centre = (size - 1.0) * 0.5;
     const double scale = -0.5 / (usedSigma * usedSigma);
 
     QVector<double> weights;

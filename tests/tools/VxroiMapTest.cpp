@@ -3,6 +3,7 @@
 #include "host/SalienceMap.h"
 #include "support/ImageAssert.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImageReader>
 
@@ -69,6 +70,46 @@ TEST_F(VxroiMap, refusesOutputsThatCannotBe)
         EXPECT_TRUE(isOneLineNaming(outcome.err, outputs.last())) << outcome.err.toStdString();
     }
     EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") });
+}
+
+TEST_F(VxroiMap, writesOneMapPerMethodIntoAFolder)
+{
+    const QString maps = folder.path(QStringLiteral("maps/of/picture"));
+    const Outcome outcome = map({ path, QStringLiteral("--per-method"), maps });
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
+    EXPECT_EQ(QDir(maps).entryList(QDir::Files, QDir::Name).join(QLatin1Char(' ')),
+        QStringLiteral("achanta.png gauss.png histogram.png sobel.png"));
+    for (const host::MethodMap& expected : host::methodMapsOf(picture)) {
+        const QImage written(QStringLiteral("%1/%2.png").arg(maps, expected.method));
+        EXPECT_EQ(support::reds(expected.map), support::reds(written));
+    }
+    EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") }) << "no blended map";
+}
+
+TEST_F(VxroiMap, refusesAFolderThatIsAFile)
+{
+    const Outcome outcome
+        = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--per-method"), path });
+    EXPECT_EQ(outcome.exitCode, 73);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, path)) << outcome.err.toStdString();
+    EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") });
+}
+
+TEST_F(VxroiMap, refusesToOverwriteThePictureByTheMapOfAMethod)
+{
+    const QString named = folder.save(picture, QStringLiteral("gauss.png"));
+    const Outcome outcome = map({ named, QStringLiteral("--per-method"), folder.path(QString()) });
+    EXPECT_EQ(outcome.exitCode, 73);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("gauss.png")));
+    EXPECT_EQ(folder.names().size(), 2);
+}
+
+TEST_F(VxroiMap, refusesToWriteNothing)
+{
+    const Outcome outcome = map({ path });
+    EXPECT_EQ(outcome.exitCode, 64);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--per-method")))
+        << outcome.err.toStdString();
 }
 
 TEST_F(VxroiMap, refusesTheSameNameForMapAndOverlay)

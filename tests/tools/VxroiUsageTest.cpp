@@ -37,7 +37,7 @@ TEST(VxroiUsage, aWrongCommandLineIsOneLineAndExitCode64)
 {
     for (const char* const line : { "", "frame a.png", "crop", "crop a.png", "crop --ratio 1:1",
              "crop a.png --ratio", "crop a.png --ratio 1:1 --wide", "crop a.png b.png --ratio 1:1",
-             "map a.png", "map a.png -o b.png --ratio 1:1", "crop a.png --ratio 1:1 map" }) {
+             "map", "map a.png -o b.png --ratio 1:1", "crop a.png --ratio 1:1 map" }) {
         const Outcome outcome = runVxroi(words(line));
         EXPECT_EQ(outcome.exitCode, 64) << line;
         EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--help")))

@@ -44,13 +44,16 @@ void addCropCommand(CLI::App& app, CropArguments& arguments)
 void addMapCommand(CLI::App& app, MapArguments& arguments)
 {
     CLI::App* const map
-        = addPictureCommand(app, "map", "Write the salience map as a PNG", arguments.picture);
-    map->add_option("-o,--output", arguments.output, "the PNG file to write")
-        ->type_name("FILE")
-        ->required();
-    CLI::Option* const overlay = map->add_option("--overlay", arguments.overlay,
-                                        "also write the picture with the map over it as heat")
-                                     ->type_name("FILE");
+        = addPictureCommand(app, "map", "Write what draws the eye as pictures", arguments.picture);
+    map->add_option("-o,--output", arguments.output, "write the salience map to this PNG file")
+        ->type_name("FILE");
+    map->add_option("--per-method", arguments.perMethod,
+           "write the map of each method into this folder, as PNG files")
+        ->type_name("DIR");
+    CLI::Option* const overlay
+        = map->add_option("--overlay", arguments.overlay,
+                 "write the picture with the map over it as heat to this file")
+              ->type_name("FILE");
     map->add_option("--ratio", arguments.ratio, "outline the crop of this shape in the overlay")
         ->type_name("W:H")
         ->needs(overlay);

@@ -7,13 +7,19 @@
 #include "host/PictureWriter.h"
 #include "host/SalienceMap.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
+#include <deque>
 #include <optional>
 
 namespace vxroi {
 
 namespace {
+
+using host::ExitCode;
+using host::HostError;
 
 // No text asks for no window.
 std::optional<host::AspectRatio> ratioOf(const std::string& text)
@@ -26,17 +32,47 @@ std::optional<host::AspectRatio> ratioOf(const std::string& text)
 void requirePng(const QString& path)
 {
     if (QFileInfo(path).suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
-        throw host::HostError(host::ExitCode::CannotCreate, path,
-            QStringLiteral("a map is written as PNG"), QStringLiteral("end its name in .png"));
+        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("a map is written as PNG"),
+            QStringLiteral("end its name in .png"));
 }
 
-void requireDifferentFiles(const QString& mapPath, const QString& overlayPath)
+void createFolder(const QString& path)
 {
-    if (QFileInfo(mapPath).absoluteFilePath() == QFileInfo(overlayPath).absoluteFilePath())
-        throw host::HostError(host::ExitCode::Usage, overlayPath,
-            QStringLiteral("named for the map and for the overlay"),
-            QStringLiteral("give them different names"));
+    if (!QDir().mkpath(path))
+        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be made a folder"),
+            QStringLiteral("name a folder, or a place where one can be made"));
 }
+
+// Files that are written together and appear together, once all of them could be encoded.
+class OutputFiles {
+public:
+    explicit OutputFiles(const QString& inputPath)
+        : input(inputPath)
+    {
+    }
+
+    void add(const QImage& image, const QString& path)
+    {
+        host::refuseToOverwriteInput(input, path);
+        const QString absolutePath = QFileInfo(path).absoluteFilePath();
+        if (paths.contains(absolutePath))
+            throw HostError(ExitCode::Usage, path, QStringLiteral("named for two outputs"),
+                QStringLiteral("give them different names"));
+        paths.insert(absolutePath);
+        files.emplace_back(image, path);
+    }
+
+    void commit()
+    {
+        for (host::PictureWriter& file : files)
+            file.commit();
+    }
+
+private:
+    QString input;
+    QSet<QString> paths;
+    std::deque<host::PictureWriter> files;
+};
 
 } // namespace
 
@@ -44,23 +80,32 @@ void runMap(const MapArguments& arguments)
 {
     const QString input = QString::fromStdString(arguments.picture);
     const QString mapPath = QString::fromStdString(arguments.output);
+    const QString folder = QString::fromStdString(arguments.perMethod);
     const QString overlayPath = QString::fromStdString(arguments.overlay);
     const std::optional<host::AspectRatio> ratio = ratioOf(arguments.ratio);
-    requirePng(mapPath);
-    requireDifferentFiles(mapPath, overlayPath);
-    host::refuseToOverwriteInput(input, mapPath);
-    host::refuseToOverwriteInput(input, overlayPath);
+    if (mapPath.isEmpty() && folder.isEmpty() && overlayPath.isEmpty())
+        throw HostError(ExitCode::Usage, QStringLiteral("map"),
+            QStringLiteral("no output is named"),
+            QStringLiteral("add --output, --overlay or --per-method; see vxroi map --help"));
+    if (!mapPath.isEmpty())
+        requirePng(mapPath);
 
     const QImage picture = host::readPicture(input);
     const QImage map = host::salienceMapOf(picture);
 
-    host::PictureWriter mapFile(map, mapPath);
+    OutputFiles files(input);
+    if (!mapPath.isEmpty())
+        files.add(map, mapPath);
     if (!overlayPath.isEmpty()) {
         const QRect window = ratio ? host::chooseWindow(map, picture.size(), *ratio) : QRect();
-        host::PictureWriter overlayFile(host::drawOverlay(picture, map, window), overlayPath);
-        overlayFile.commit();
+        files.add(host::drawOverlay(picture, map, window), overlayPath);
     }
-    mapFile.commit();
+    if (!folder.isEmpty()) {
+        createFolder(folder);
+        for (const host::MethodMap& single : host::methodMapsOf(picture))
+            files.add(single.map, QStringLiteral("%1/%2.png").arg(folder, single.method));
+    }
+    files.commit();
 }
 
 } // namespace vxroi

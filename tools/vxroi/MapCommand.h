@@ -7,12 +7,13 @@ namespace vxroi {
 /// The command line of `vxroi map`, as given.
 struct MapArguments {
     std::string picture;
-    std::string output;
+    std::string output; ///< empty: write no blended map
+    std::string perMethod; ///< a folder; empty: write no maps of single methods
     std::string overlay; ///< empty: write no overlay
     std::string ratio; ///< empty: outline no crop in the overlay
 };
 
-/// Writes the salience map of a picture, and the overlay when one is named: both or neither.
+/// Writes what the arguments name of a picture's salience: all of it or nothing.
 /// \throws host::HostError
 void runMap(const MapArguments& arguments);
 
