@@ -174,17 +174,19 @@ TEST(VXDisjointSet, joiningFreshRootsPutsTheFirstUnderTheSecond)
 
 TEST(VXDisjointSet, compressesOnlyTheElementThatIsAskedFor)
 {
-    // 0 → 1 → 3 after joining the pairs (0, 1) and (2, 3).
-    VXDisjointSet set(1, 6);
-    set.join(0, 1);
-    set.join(2, 3);
-    set.join(1, 3);
-    EXPECT_EQ(set.find(0), 3);
-    // 3 → 5, of rank 2 as well, after which 1 must still lead there through 3.
-    set.join(4, 5);
-    set.join(5, 3);
-    EXPECT_EQ(set.find(1), 3);
-    EXPECT_EQ(set.find(4), 3);
+    VXDisjointSet set(1, 9);
+    for (const auto& [a, b] : { std::pair(0, 1), std::pair(2, 3), std::pair(1, 3), std::pair(4, 5),
+             std::pair(6, 7), std::pair(5, 7), std::pair(3, 7) })
+        set.join(a, b);
+    EXPECT_EQ(set.find(0), 7); // along 0, 1, 3, 7
+
+    // Hang 3, which is no root, under 8, whose rank is higher: what still leads through 3 goes
+    // along.
+    for (int i = 0; i < 3; ++i)
+        set.join(8, 8);
+    set.join(8, 3);
+    EXPECT_EQ(set.find(0), 7) << "was re-pointed past 3";
+    EXPECT_EQ(set.find(1), 8) << "kept its link to 3";
 }
 
 TEST(VXDisjointSet, joiningAnElementWithItselfCountsItTwice)
