@@ -194,9 +194,10 @@ TEST(VXMaxFilter, equalsThePlainFilterInEveryFormat)
 
 TEST(VXMaxFilter, equalsThePlainFilterForWordsThatNoConversionMakes)
 {
-    // RGB32 with any high byte, premultiplied colours above their alpha.
-    for (const QImage::Format format :
-        { QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied }) {
+    // RGB32 with any high byte, and premultiplied colours above their alpha, which with few bits of
+    // alpha read differently once they were set.
+    for (const QImage::Format format : { QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied,
+             QImage::Format_A2BGR30_Premultiplied, QImage::Format_A2RGB30_Premultiplied }) {
         QImage image = support::noise(40, 30, 10);
         ASSERT_TRUE(image.reinterpretAsFormat(format));
         for (const int threshold : { -1, 100, 250 })

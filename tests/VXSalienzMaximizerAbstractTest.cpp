@@ -103,9 +103,12 @@ TEST(VXSalienzMaximizerAbstract, aSingleOtherStartIsNotCompared)
 
 TEST(VXSalienzMaximizerAbstract, lengthsBelowOneGiveZero)
 {
-    const Sums values { 0, 0, 9, 0, 0 };
-    for (const int length : { 0, -1, INT_MIN })
-        EXPECT_EQ(bestStart(values, length), 0);
+    // Values so far below 0 that the difference of any two running sums would win.
+    constexpr long long low = -1000000000000000;
+    for (const int length : { 0, -1, -2, INT_MIN }) {
+        EXPECT_EQ(bestStart({ 0, 0, 9, 0, 0 }, length), 0);
+        EXPECT_EQ(bestStart({ low, low, low, low, low }, length), 0);
+    }
 }
 
 TEST(VXSalienzMaximizerAbstract, extremeLengthsAndEmptySumsGiveZero)

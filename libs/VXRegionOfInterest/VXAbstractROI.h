@@ -50,8 +50,7 @@ public:
 
     /// Creates the image that a map is written into.
     /// \return an ARGB32 image of the size of \a source whose pixels are *not* initialised: a
-    /// method
-    ///         writes every pixel that it wants defined. Null when \a source is null.
+    ///         method writes every pixel that it wants defined. Null when \a source is null.
     QImage createTargetImage(const QImage& source) const;
 
     /// Brings an image into QImage::Format_ARGB32.

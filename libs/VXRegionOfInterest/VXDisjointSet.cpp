@@ -45,7 +45,6 @@ bool lexicallySmaller(const QPoint& p, const QPoint& q)
 VXDisjointSet::VXDisjointSet(int gridRows, int gridColumns)
     : rows(std::max(gridRows, 0))
     , columns(std::max(gridColumns, 0))
-    , count(0)
 {
     const qint64 cells = qint64 { rows } * columns;
     if (cells > INT_MAX) {

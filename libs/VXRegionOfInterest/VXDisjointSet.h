@@ -45,8 +45,7 @@ public:
 
     /// Constructs a grid in which every cell is a segment of its own.
     /// \param rows,columns sides of the grid; below 0 they count as 0, as both do where the grid
-    /// would
-    ///        have more than INT_MAX cells.
+    ///        would have more than INT_MAX cells.
     VXDisjointSet(int rows, int columns);
 
     /// The root of element \a i, to which it is re-pointed; -1 for an index outside.
@@ -68,7 +67,7 @@ public:
 
     /// The grid of roots: at [row][column] the root of that cell.
     /// \return as many rows as the grid has. The caller owns them: delete[] each row, then the
-    /// array.
+    ///         array.
     int** getSubSets();
 
     /// The extents of every segment, by root: first column, top row, second column, bottom row.
@@ -88,9 +87,8 @@ public:
 
     /// The convex hull of \a points (Andrew's monotone chain, 1979).
     /// \return the corners with positive cross() turns, from the lexically smallest point back to
-    /// it,
-    ///         which is repeated at the end; points on an edge are dropped. One point gives that
-    ///         point, none gives none, copies of one point give copies of it.
+    ///         it, which is repeated at the end; points on an edge are dropped. One point gives
+    ///         that point, none gives none, copies of one point give copies of it.
     std::vector<QPoint> convex_hull(std::vector<QPoint> points);
 
     /// The centroid of the closed polygon through the points of \a polygon, in single precision.
@@ -108,5 +106,5 @@ private:
     QVector<VXDisjointElement> elements;
     int rows;
     int columns;
-    int count;
+    int count = 0;
 };

@@ -34,9 +34,9 @@ public:
 
     /// Computes the weights of a Gaussian, normalised to a sum of 1.
     /// \param size number of weights; below 1 gives none.
-    /// \param sigma standard deviation in pixels. 0, negative and not a number stand for
-    ///        ((size - 1) · 0.5 - 1) · 0.3 + 0.8. One whose square underflows to 0 gives weights
-    ///        that are not numbers.
+    /// \param sigma standard deviation in pixels. 0, negative and not a number stand for ((size -
+    ///        1) · 0.5 - 1) · 0.3 + 0.8. One whose square underflows to 0 gives weights that are
+    ///        not numbers.
     static QVector<double> createGaussianKernel(int size, double sigma);
 
     /// Blurs \a source.

@@ -30,9 +30,9 @@ public:
 
     /// Counts the pixels of \a image.
     /// \param bins1,bins2 numbers of rows and columns. Below 1 there are no bins. Above 256 some
-    /// stay
-    ///        empty, and above 2²³ bytes whose bin overflows an int are not counted. A table that
-    ///        does not fit into memory throws std::bad_alloc.
+    ///        stay empty. Above 2²³ bins are computed in 32-bit arithmetic that wraps, and pixels
+    ///        whose bin is negative are not counted. A table that does not fit into memory throws
+    ///        std::bad_alloc.
     VXHistogram(const QImage& image, int bins1, int bins2);
 
     /// Rescales the bins so that the smallest becomes 0 and the greatest 1.

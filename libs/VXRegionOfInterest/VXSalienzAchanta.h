@@ -47,8 +47,8 @@ public:
     /// \param input the plane, \a width · \a height values.
     /// \param kernel weights of taps -m / 2 to m / 2; an even m lacks the last, which counts as 0.
     ///        No weights, or a sum of 0, give values that are not numbers.
-    /// \param output receives as many values, and must hold that many already. Where \a input or
-    ///        \a output hold fewer, or a side is below 1, nothing happens.
+    /// \param output receives as many values, and must hold that many already. Where \a input or \a
+    ///        output hold fewer, or a side is below 1, nothing happens.
     void gaussianSmooth(const QList<double>& input, int width, int height,
         const QList<double>& kernel, QList<double>& output);
 
@@ -62,8 +62,7 @@ public:
     /// The sum of a plane over columns \a x1 to \a x2 and rows \a y1 to \a y2, both inclusive.
     /// \param integral the plane's integral image.
     /// \return the sum; 0 when a corner lies beyond the integral image. \a x1 and \a y1 below 0
-    /// count
-    ///         as 0.
+    ///         count as 0.
     double integralSum(const QList<QList<double>>& integral, int x1, int y1, int x2, int y2);
 
 private:

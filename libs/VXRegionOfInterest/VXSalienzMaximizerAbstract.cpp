@@ -24,11 +24,8 @@ int VXSalienzMaximizerAbstract::bestRange(const QList<long long>& cumulative, in
 {
     if (length < 1 || cumulative.size() < length)
         return 0;
-    // The start lastStart itself is left out, on purpose.
+    // The last start itself is left out, on purpose; so is 1, when it is the last.
     const int lastStart = cumulative.size() - length;
-    if (lastStart < 2)
-        return 0;
-
     long long bestSum = cumulative.at(length - 1);
     int bestStart = 0;
     for (int start = 1; start < lastStart; ++start) {

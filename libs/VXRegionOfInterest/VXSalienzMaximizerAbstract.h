@@ -38,8 +38,7 @@ public:
     /// \param cumulative running sums, as conglumerate() returns them.
     /// \param length positions in the range.
     /// \return the start of the range. 0 when \a length is below 1, or when it leaves fewer than
-    /// two
-    ///         positions of \a cumulative over.
+    ///         two positions of \a cumulative over.
     int bestRange(const QList<long long>& cumulative, int length) const;
 
     /// Finds the strip of \a length pixels that holds the most salience of \a image.

@@ -42,9 +42,8 @@ class VXREGIONOFINTEREST_EXPORT VXSalienzMixer {
 public:
     /// Constructs a mixer with the default methods and weights.
     /// \param size bound in pixels into which pictures are scaled, keeping their aspect ratio,
-    /// small
-    ///        ones up as well as large ones down. QSize() switches scaling off. A size with a zero
-    ///        side leaves nothing to evaluate: analyze() then returns the picture itself.
+    ///        small ones up as well as large ones down. QSize() switches scaling off. A size with a
+    ///        zero side leaves nothing to evaluate: analyze() then returns the picture itself.
     explicit VXSalienzMixer(const QSize& size);
 
     /// Deletes the methods.
@@ -78,8 +77,7 @@ public:
     /// its memory back fetches it with roiMethod() before the call and deletes it afterwards.
     /// \param areas rectangles in pixels of the working image.
     /// \param size size of the working image; where that is another, a warning is logged and the
-    /// areas
-    ///        are drawn unscaled (see VXVeryImportantAreasROI).
+    ///        areas are drawn unscaled (see VXVeryImportantAreasROI).
     void injectVeryImportantAreas(const QList<QRect>& areas, const QSize& size);
 
     /// \name Settings of the histogram method
@@ -96,9 +94,8 @@ public:
 
     /// Computes the blended salience map of \a image.
     /// \return with several maps, mix() of them and of gatherWeights(). With one map, that map as
-    /// it
-    ///         is: its weight, even a negative one, is not applied. With none (every method off, or
-    ///         a null \a image), \a image itself, unscaled and in its own format.
+    ///         it is: its weight, even a negative one, is not applied. With none (every method off,
+    ///         or a null \a image), \a image itself, unscaled and in its own format.
     QImage analyze(const QImage& image);
 
     /// Scales \a image into the working size and evaluates each enabled method on it.

@@ -7,8 +7,8 @@
 /// Edges and textured areas: the Sobel gradient of a blurred image, widened.
 ///
 /// The image is blurred with VXGaussianBlur(3, 2.6), convolved with the two Sobel kernels, the
-/// responses are combined into the gradient's magnitude, and strong ones spread with
-/// VXMaxFilter(7, 50).
+/// responses are combined into the gradient's magnitude, and strong ones spread with VXMaxFilter(7,
+/// 50).
 ///
 /// **Deliberate**: that blur divides by 0 and is opaque black (see VXGaussianBlur), so the map is
 /// opaque black for every image. The method still counts with its weight in the mixer's divisor.
@@ -36,8 +36,7 @@ public:
     /// For each pixel the absolute sums of the three channels are added and divided by 12,
     /// truncated, which keeps Sobel responses within 0 to 255. Border pixels repeat their nearest
     /// inner pixel. \return a grey ARGB32 image of the same size with the alpha of \a image; opaque
-    /// black when a
-    ///         side is below 3 pixels; null for a null image.
+    /// black when a side is below 3 pixels; null for a null image.
     virtual QImage convolute(const QImage& image) const;
 
     /// Loads the kernel that responds to horizontal edges: 1 2 1, 0 0 0, -1 -2 -1.
@@ -55,8 +54,8 @@ public:
     /// 104.
     /// \param horizontal,vertical responses of convolute(), read as VXAbstractROI says; where the
     ///        second is smaller it counts as 0.
-    /// \return a grey image of the size and format (ARGB32 for other depths than 32 bits) of
-    ///         \a horizontal, with its alpha.
+    /// \return a grey image of the size and format (ARGB32 for other depths than 32 bits) of \a
+    ///         horizontal, with its alpha.
     QImage combine(const QImage& horizontal, const QImage& vertical);
 
 private:

@@ -8,9 +8,8 @@
 #include <QImage>
 #include <QList>
 
-/// \file
-/// What the maximizers of both axes have in common, to be instantiated for a type with two members:
-/// `Maximizer`, the class, and `plainSums(const QImage&)`, its sums taken the plain way.
+/// \file What the maximizers of both axes have in common, to be instantiated for a type with two
+/// members: `Maximizer`, the class, and `plainSums(const QImage&)`, its sums taken the plain way.
 
 namespace support {
 

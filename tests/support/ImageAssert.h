@@ -9,8 +9,8 @@
 namespace support {
 
 /// Succeeds when both images have the same size and format and hold the same pixels, of which it
-/// compares the 32-bit words where the format has such words, and QImage::pixel otherwise.
-/// Prints the first pixels that differ.
+/// compares the 32-bit words where the format has such words, and QImage::pixel otherwise. Prints
+/// the first pixels that differ.
 testing::AssertionResult sameImage(const QImage& expected, const QImage& actual);
 
 /// The red values of \a image, row by row.

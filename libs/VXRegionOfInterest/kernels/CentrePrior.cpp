@@ -27,9 +27,9 @@ std::vector<double> bumpAlong(int length)
 } // namespace
 
 // The product of two exponentials stands in for the exponential of the sum. Both come within 1e-12
-// of the exact level, and truncate alike because no exact level is that close to an integer:
-// 4 d² is an integer n, so the levels are 255 · exp(-n / 135200), and for n > 0 none of them lies
-// within 1e-6 of an integer above 0 (a test walks them all). At n = 0 both are exactly 255.
+// of the exact level, and truncate alike because no exact level is that close to an integer: 4 d²
+// is an integer n, so the levels are 255 · exp(-n / 135200), and for n > 0 none of them lies within
+// 1e-6 of an integer above 0 (a test walks them all). At n = 0 both are exactly 255.
 void vx::kernels::centrePrior(QImage& target)
 {
     const std::vector<double> columnBump = bumpAlong(target.width());

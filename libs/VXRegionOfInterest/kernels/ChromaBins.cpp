@@ -10,14 +10,13 @@ namespace {
 
 using namespace vx::kernels;
 
-// The bin of each byte value; -1 for none.
+// The bin of each byte value. A product that wraps may give a negative one, but none beyond the
+// last: it wraps for more than 2²³ bins, and no int divided by 256 is above 2²³.
 std::array<int, 256> binOfByte(int binCount)
 {
     std::array<int, 256> bins {};
-    for (int byte = 0; byte < 256; ++byte) {
-        const int bin = wrappingProduct(byte, binCount) / 256;
-        bins[static_cast<std::size_t>(byte)] = bin >= 0 && bin < binCount ? bin : -1;
-    }
+    for (int byte = 0; byte < 256; ++byte)
+        bins[static_cast<std::size_t>(byte)] = wrappingProduct(byte, binCount) / 256;
     return bins;
 }
 
@@ -25,6 +24,8 @@ std::array<int, 256> binOfByte(int binCount)
 
 void vx::kernels::countChroma(const QImage& words, const Bins& bins)
 {
+    if (bins.rows < 1 || bins.columns < 1)
+        return;
     const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
     const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
     for (int y = 0; y < words.height(); ++y) {

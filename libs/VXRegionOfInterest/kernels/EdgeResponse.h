@@ -19,8 +19,8 @@ using Kernel3x3 = std::array<int, 9>;
 /// black. \pre \a divisor is above 0, and no S overflows an int.
 void respondToKernel(const QImage& words, const Kernel3x3& kernel, int divisor, QImage& target);
 
-/// Fills \a target with the magnitude of two responses of 32 bits per pixel; it has the size of
-/// \a horizontal.
+/// Fills \a target with the magnitude of two responses of 32 bits per pixel; it has the size of \a
+/// horizontal.
 ///
 /// The square root of the sum of the squared red values, truncated; its low 8 bits as grey, with
 /// the alpha of \a horizontal. \a vertical counts as 0 beyond its edges.

@@ -23,8 +23,8 @@ void smoothSeparably(
 /// \pre the plane holds width · height values, \a integral as many rows and columns.
 void integrate(const Plane& plane, int width, int height, IntegralImage& integral);
 
-/// The sum over columns x1 to x2 and rows y1 to y2, both inclusive: value (x2, y2), then plus
-/// (x1 - 1, y1 - 1), minus (x2, y1 - 1), minus (x1 - 1, y2), each where it lies inside.
+/// The sum over columns x1 to x2 and rows y1 to y2, both inclusive: value (x2, y2), then plus (x1 -
+/// 1, y1 - 1), minus (x2, y1 - 1), minus (x1 - 1, y2), each where it lies inside.
 /// \pre those values exist; x1 and y1 below 0 count as 0.
 double rectangleSum(const IntegralImage& integral, int x1, int y1, int x2, int y2);
 
