@@ -290,6 +290,17 @@ TEST(VXHistogramROI, drawsABlockOfTheGrid)
     }
 }
 
+TEST(VXHistogramROI, drawsIntoGreyAndOtherFormats)
+{
+    for (const QImage::Format format : { QImage::Format_Grayscale8, QImage::Format_RGB32,
+             QImage::Format_RGB888, QImage::Format_RGBA64, QImage::Format_ARGB32_Premultiplied }) {
+        QImage target = filled(10, 10, Qt::black).convertToFormat(format);
+        VXHistogramROI().drawTarget(1, 1, 77.9, target, 5, 5);
+        EXPECT_EQ(target.pixel(7, 7), qRgb(77, 77, 77)) << format;
+        EXPECT_EQ(target.pixel(4, 7), qRgb(0, 0, 0)) << format;
+    }
+}
+
 TEST(VXHistogramROI, drawnLevelsAreTruncatedAndClamped)
 {
     const std::vector<std::pair<double, int>> levels { { 255.99, 255 }, { 256, 255 },

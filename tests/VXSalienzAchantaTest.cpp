@@ -9,6 +9,7 @@
 
 #include <climits>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -194,6 +195,14 @@ TEST(VXSalienzAchanta, aMissingTapOfAnEvenKernelCountsZeroInBothSums)
     Plane smoothed = method.createZeroedList(3);
     method.gaussianSmooth({ 10, 20, 30 }, 3, 1, { 1, 3 }, smoothed);
     EXPECT_EQ(smoothed, (Plane { 10, (10 + 60) / 4.0, (20 + 90) / 4.0 }));
+}
+
+TEST(VXSalienzAchanta, aMissingTapIsLeftOutEvenWhereTheValueIsInfinite)
+{
+    VXSalienzAchanta method;
+    Plane smoothed = method.createZeroedList(2);
+    method.gaussianSmooth({ 1, std::numeric_limits<double>::infinity() }, 2, 1, { 1, 1 }, smoothed);
+    EXPECT_EQ(smoothed.at(0), 1);
 }
 
 TEST(VXSalienzAchanta, smoothingWithoutWeightsGivesNoNumbers)

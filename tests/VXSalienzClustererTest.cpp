@@ -61,10 +61,23 @@ TEST(VXSalienzClusterer, cubeSizeCrossesTheAxes)
     EXPECT_EQ(clustererOf(10, 4).cubeSize(QSize(200, 100)), QSize(25, 20));
 }
 
-TEST(VXSalienzClusterer, cubeSizeIsZeroWhereACountIsBelowOne)
+TEST(VXSalienzClusterer, cubeSizeIsZeroWhereACountIsZero)
 {
     EXPECT_EQ(clustererOf(0, 4).cubeSize(QSize(200, 100)), QSize(25, 0));
-    EXPECT_EQ(clustererOf(10, -1).cubeSize(QSize(200, INT_MIN)), QSize(0, 20));
+    EXPECT_EQ(clustererOf(10, 0).cubeSize(QSize(200, 100)), QSize(0, 20));
+}
+
+TEST(VXSalienzClusterer, cubeSizeDividesByNegativeCountsAndWraps)
+{
+    EXPECT_EQ(clustererOf(10, -4).cubeSize(QSize(200, 103)), QSize(-25, 20));
+    EXPECT_EQ(clustererOf(-1, -1).cubeSize(QSize(7, INT_MIN)), QSize(INT_MIN, -7));
+}
+
+TEST(VXSalienzClusterer, aCubeThatHoldsTooMuchWraps)
+{
+    // 255 · 362² · 128 is below 2³², 255 · 363² · 128 is beyond.
+    EXPECT_EQ(qRed(clustererOf(1, 1).cluster(filled(362, 362, 255)).pixel(0, 0)), 128);
+    EXPECT_EQ(qRed(clustererOf(1, 1).cluster(filled(363, 363, 255)).pixel(0, 0)), 0);
 }
 
 TEST(VXSalienzClusterer, totalSalienceAddsTheRedValues)

@@ -155,6 +155,41 @@ TEST(VXVeryImportantAreasROI, returnsANullMapForANullImage)
     EXPECT_TRUE(method.evaluate(QImage()).isNull());
 }
 
+TEST(VXVeryImportantAreasROI, drawsHalosOfAnySizeThatAnIntCanMeasure)
+{
+    // 800 million pixels wide, and still an ellipse around the middle row.
+    const QRect wide(QPoint(-400000000, 50), QPoint(400000000, 70));
+    const QImage map = drawn({ wide }, QSize(100, 150));
+    QImage expected(100, 150, QImage::Format_ARGB32);
+    expected.fill(Qt::black);
+    QPainter painter(&expected);
+    painter.setPen(Qt::gray);
+    painter.setBrush(Qt::gray);
+    painter.drawEllipse(-800000001, 39, 1600000002, 42);
+    painter.end();
+    EXPECT_EQ(expected.pixel(50, 45), halo);
+    for (int y = 0; y < 150; ++y) {
+        const bool isInArea = y >= 50 && y <= 71;
+        EXPECT_EQ(map.pixel(50, y), isInArea ? white : expected.pixel(50, y)) << y;
+    }
+}
+
+TEST(VXVeryImportantAreasROI, drawsInvalidRectanglesAsQtDoes)
+{
+    const QRect area(59, 29, -27, -9); // centre (45, 24), so the halo begins at (72, 33)
+    QImage expected(100, 80, QImage::Format_ARGB32);
+    expected.fill(Qt::black);
+    QPainter painter(&expected);
+    painter.setPen(Qt::gray);
+    painter.setBrush(Qt::gray);
+    painter.drawEllipse(45 + 27, 24 + 9, -54, -18);
+    painter.setPen(Qt::white);
+    painter.setBrush(Qt::white);
+    painter.drawRects(&area, 1);
+    painter.end();
+    EXPECT_TRUE(support::sameImage(expected, drawn({ area }, QSize(100, 80))));
+}
+
 TEST(VXVeryImportantAreasROI, cutsOffWhatLiesOutsideAndDrawsAnyRectangle)
 {
     const QSize size(50, 40);

@@ -4,13 +4,16 @@
 
 #include <QImage>
 
-/// The common base of every salience method.
+/// The common base of every salience method, and of the image filters VXGaussianBlur and
+/// VXMaxFilter.
 ///
-/// A method computes a *salience map* of an image: how much each pixel draws the eye.
+/// A method computes a *salience map* of an image: how much each pixel draws the eye. A filter
+/// makes another image of it, in the format that its class says.
 ///
 /// **Takes** any QImage, null and empty ones included. Images of 32 bits per pixel are read as the
 /// words 0xAARRGGBB that they hold, whatever their format calls the bytes; images of another depth
-/// are converted to QImage::Format_ARGB32 first. Alpha is not composited.
+/// are converted to QImage::Format_ARGB32 first. Alpha is not composited. (The filters and
+/// VXSobelROI::convolute read pixels as QImage converts them, from every format.)
 ///
 /// **Returns** the salience map: an image in QImage::Format_ARGB32 with the size of the image that
 /// was evaluated. The value of a pixel, 0 to 255 with 255 the most salient, is its red channel.
@@ -30,9 +33,9 @@ public:
     /// Destroys the method; safe through a pointer to the base.
     virtual ~VXAbstractROI();
 
-    /// Computes the salience map of \a image.
-    /// \return an ARGB32 image of the size of \a image, grey and opaque, 0 to 255 in red; null for
-    ///         a null \a image.
+    /// Computes the salience map of \a image, or filters it.
+    /// \return a map is an ARGB32 image of the size of \a image, grey and opaque, 0 to 255 in red;
+    ///         null for a null \a image.
     virtual QImage evaluate(const QImage& image) = 0;
 
     /// Switches the method on or off for the mixer.

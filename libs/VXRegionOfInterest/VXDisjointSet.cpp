@@ -179,17 +179,19 @@ std::vector<QPoint> VXDisjointSet::convex_hull(std::vector<QPoint> points)
 
     std::vector<QPoint> hull;
     hull.reserve(2 * points.size());
-    // Appends a point after dropping those that it makes no corners; the first `kept` stay.
-    const auto turnTo = [&](const QPoint& point, std::size_t kept) {
-        while (hull.size() >= kept && cross(hull[hull.size() - 2], hull.back(), point) <= 0)
+    // Appends a point after dropping those that it makes no corners, as long as a chain has two or
+    // more points, for which the hull must hold `least`.
+    const auto turnTo = [&](const QPoint& point, std::size_t least) {
+        while (hull.size() >= least && cross(hull[hull.size() - 2], hull.back(), point) <= 0)
             hull.pop_back();
         hull.push_back(point);
     };
     for (const QPoint& point : points)
         turnTo(point, 2);
-    const std::size_t lowerChain = hull.size() + 1;
-    for (std::size_t i = points.size(); i-- > 1;)
-        turnTo(points[i - 1], lowerChain);
+    // The upper chain begins with the last point of the lower one and leads back to the first.
+    const std::size_t twoOfUpperChain = hull.size() + 1;
+    for (std::size_t next = points.size(); next > 1; --next)
+        turnTo(points[next - 2], twoOfUpperChain);
     return hull;
 }
 

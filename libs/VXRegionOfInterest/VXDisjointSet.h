@@ -37,8 +37,8 @@ VXREGIONOFINTEREST_EXPORT bool lexicallySmaller(const QPoint& p, const QPoint& q
 /// **Returns** roots, sizes, bounds and centroids; grids in which nothing was merged give one
 /// segment per cell, empty ones none.
 ///
-/// **Settings**: the grid, once in the constructor. **Costs**: a search is logarithmic in the size
-/// of the segment. A copy is an independent set.
+/// **Settings**: the grid, once in the constructor. **Costs**: where roots are joined, a search is
+/// logarithmic in the size of the segment. A copy is an independent set.
 class VXREGIONOFINTEREST_EXPORT VXDisjointSet {
 public:
     using segment = ::segment;
@@ -82,7 +82,7 @@ public:
     /// A fresh segment has the exclusive bounds of its first cell, (column + 1, row + 1); further
     /// cells raise a bound only to their own column and row. The centroid is that of the cells'
     /// upper left and lower right corners: their mean up to a size of 3, beyond it
-    /// calculateCentroid() of their convex hull, which is not a number when they lie on one line.
+    /// calculateCentroid() of their convex hull, which is not finite when they lie on one line.
     std::map<int, segment> getSegmentInformations();
 
     /// The convex hull of \a points (Andrew's monotone chain, 1979).
@@ -92,7 +92,7 @@ public:
     std::vector<QPoint> convex_hull(std::vector<QPoint> points);
 
     /// The centroid of the closed polygon through the points of \a polygon, in single precision.
-    /// \return its coordinates; not numbers where the polygon has no area.
+    /// \return its coordinates; not finite where the polygon has no area.
     /// \throws std::out_of_range for an empty or missing polygon.
     std::pair<float, float> calculateCentroid(std::vector<QPoint>* polygon);
 

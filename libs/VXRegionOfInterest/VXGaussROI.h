@@ -6,9 +6,9 @@
 ///
 /// Photographers tend to put what matters near the middle, so, other things equal, the middle wins.
 /// The bump is exp(-d² / (2 σ²)), where d is the distance to the centre (width / 2, height / 2) in
-/// pixels and σ is 130 pixels whatever the size of the image. The centre lies on a pixel corner:
-/// where a side is even, the pixel to its right or below it has distance 0 along that axis; where a
-/// side is odd, no pixel has, and the brightest value is 254.
+/// pixels and σ is 130 pixels whatever the size of the image. Pixels are measured from their upper
+/// left corner, so the centre falls on a pixel where both sides are even, and that pixel is 255;
+/// where a side is odd it falls between two, and the brightest value is 254.
 ///
 /// **Takes** any image, of which only the size is used.
 ///

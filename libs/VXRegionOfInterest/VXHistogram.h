@@ -5,6 +5,7 @@
 #include <QImage>
 
 #include <memory>
+#include <vector>
 
 /// A two-dimensional histogram of the two low bytes of an image's pixels.
 ///
@@ -29,17 +30,16 @@ public:
     VXHistogram();
 
     /// Counts the pixels of \a image.
-    /// \param bins1,bins2 numbers of rows and columns. Below 1 there are no bins. Above 256 some
+    /// \param rows,columns numbers of bins. Where one is below 1 there are no bins. Above 256 some
     ///        stay empty. Above 2²³ bins are computed in 32-bit arithmetic that wraps, and pixels
     ///        whose bin is negative are not counted. A table that does not fit into memory throws
     ///        std::bad_alloc.
-    VXHistogram(const QImage& image, int bins1, int bins2);
+    VXHistogram(const QImage& image, int rows, int columns);
 
     /// Rescales the bins so that the smallest becomes 0 and the greatest 1.
     ///
     /// The smallest is looked for below 1000.0 and the greatest above 0.0: where every bin holds
-    /// more than 1000, 1000 becomes 0. Where both are the same, the bins become infinite or not a
-    /// number.
+    /// more than 1000, 1000 becomes 0. Where both are the same, they become no numbers.
     void normalizeHistogram();
 
     /// The chi-square distance to \a other: the sum of (u - v)² / u over the bins, where u is this
@@ -52,7 +52,8 @@ public:
     double getHistogramValue(int column, int row);
 
 private:
-    std::shared_ptr<double[]> table; ///< bins1 rows of bins2 values, one behind the other
+    std::shared_ptr<std::vector<double>>
+        table; ///< bins1 rows of bins2 values, one behind the other
     int bins1 = 0;
     int bins2 = 0;
 };

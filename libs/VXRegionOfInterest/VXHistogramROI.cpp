@@ -23,8 +23,8 @@ constexpr int mostUsefulBins = 257;
 
 // The grid of blocks that an image is divided into.
 struct Grid {
-    int rows;
-    int columns;
+    int rows = 0;
+    int columns = 0;
     QSize blockSize; // in pixels
 
     QRect blockAt(int column, int row) const
@@ -36,7 +36,7 @@ struct Grid {
 };
 
 // How many bins a histogram has.
-struct Bins {
+struct BinCounts {
     int rows;
     int columns;
 };
@@ -44,7 +44,8 @@ struct Bins {
 using Histograms = std::vector<VXHistogram>;
 using Edges = std::vector<VXSegmentEdge>;
 
-Histograms histogramsOfRow(const QImage& lumaChroma, const Grid& grid, int row, const Bins& bins)
+Histograms histogramsOfRow(
+    const QImage& lumaChroma, const Grid& grid, int row, const BinCounts& bins)
 {
     Histograms histograms;
     for (int column = 0; column < grid.columns; ++column) {
@@ -73,7 +74,7 @@ void appendEdges(std::vector<Histograms>& histograms, const Grid& grid, int row,
     }
 }
 
-Edges edgesBetweenBlocks(const QImage& lumaChroma, const Grid& grid, const Bins& bins)
+Edges edgesBetweenBlocks(const QImage& lumaChroma, const Grid& grid, const BinCounts& bins)
 {
     Edges edges;
     std::vector<Histograms> histograms(static_cast<std::size_t>(grid.rows));
@@ -83,8 +84,10 @@ Edges edgesBetweenBlocks(const QImage& lumaChroma, const Grid& grid, const Bins&
         if (row + 1 < grid.rows)
             histograms[index + 1] = histogramsOfRow(lumaChroma, grid, row + 1, bins);
         appendEdges(histograms, grid, row, edges);
+        // Blocks have edges to the rows beside theirs, so the row above is needed no more. Together
+        // the histograms can be large.
         if (row > 0)
-            histograms[index - 1].clear(); // large when the bins are many
+            histograms[index - 1].clear();
     }
     return edges;
 }
@@ -140,8 +143,9 @@ QImage VXHistogramROI::evaluate(const QImage& image)
 
     const Grid grid { verticalBlocks, horizontalBlocks,
         QSize(map.width() / horizontalBlocks, map.height() / verticalBlocks) };
+    // NOLINTNEXTLINE(readability-suspicious-call-argument): the map has the size of the image
     const QImage lumaChroma = convertToYcbcr(map, image);
-    const Bins bins { std::min(bin1, mostUsefulBins), std::min(bin2, mostUsefulBins) };
+    const BinCounts bins { std::min(bin1, mostUsefulBins), std::min(bin2, mostUsefulBins) };
     Edges edges = edgesBetweenBlocks(lumaChroma, grid, bins);
     dropUndefined(edges);
     std::stable_sort(edges.begin(), edges.end());
@@ -178,6 +182,7 @@ void VXHistogramROI::setBin1(int bins) { bin1 = bins; }
 
 void VXHistogramROI::setBin2(int bins) { bin2 = bins; }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is fixed
 QImage VXHistogramROI::convertToYcbcr(QImage sizeImage, const QImage& source) const
 {
     const QImage words = vx::kernels::toPixelWords(source);
@@ -197,7 +202,7 @@ unsigned int VXHistogramROI::RGB2YCrCb(const unsigned int& rgb) const
 void VXHistogramROI::drawTarget(
     int column, int row, double value, QImage& target, int blockWidth, int blockHeight) const
 {
-    const bool isPaintable = !target.isNull() && target.depth() >= 16;
+    const bool isPaintable = !target.isNull() && target.format() != QImage::Format_Indexed8;
     if (!isPaintable || blockWidth < 1 || blockHeight < 1)
         return;
     const int level = value >= 256 ? 255 : value > 0 ? static_cast<int>(value) : 0;

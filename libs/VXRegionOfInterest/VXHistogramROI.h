@@ -16,9 +16,11 @@ class VXDisjointSet;
 /// **Takes** any image (see VXAbstractROI for formats); brightness and alpha do not count.
 ///
 /// **Returns** a salience map. The level of a region is its height times its width in blocks, each
-/// less one, minus 1: 139 for a region that covers the default grid; a region of one block row is
-/// black. Columns and rows that remain beside the grid are black. All is black where the image is
-/// smaller than the grid or a setting is out of range. Null for a null image.
+/// less one, minus 1, at most 255; the extents are those of VXDisjointSet::getSegmentSizes, whose
+/// columns need not be the outermost. A region that covers the default grid has level 139, one of a
+/// single block row or column is black. Columns and rows that remain beside the grid are black. All
+/// is black where the image is smaller than the grid or a setting is out of range. Null for a null
+/// image.
 ///
 /// **Settings**: the grid, the threshold, the bins and the least extents; each takes effect at the
 /// next evaluation.
@@ -53,8 +55,8 @@ public:
     /// 0.5.
     void setMinWidth(double fraction);
 
-    /// The number of bins of the blue difference. Default 32; below 1 the map is black, and above
-    /// 256, the number of byte values, more make no difference.
+    /// The number of bins of the blue difference. Default 32; below 1 the map is black, and
+    /// from 257 on, more than there are byte values, their number makes no difference.
     void setBin1(int bins);
 
     /// The number of bins of the red difference; see setBin1().
@@ -74,7 +76,7 @@ public:
     /// Paints one block of a map.
     /// \param column,row position of the block in the grid.
     /// \param value the level, truncated and clamped to 0 to 255; 0 when not a number.
-    /// \param target the map, of 16 bits per pixel or more; other images are left alone.
+    /// \param target the map, of any format but palette ones, which are left alone.
     /// \param blockWidth,blockHeight size of a block in pixels; below 1 nothing is painted.
     void drawTarget(
         int column, int row, double value, QImage& target, int blockWidth, int blockHeight) const;

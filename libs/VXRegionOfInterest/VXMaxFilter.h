@@ -15,7 +15,8 @@
 ///
 /// **Settings**: size and threshold, given once to the constructor.
 ///
-/// **Costs** the same for any size in ARGB32 and RGB32; with other formats it grows with the size.
+/// **Costs** the same for any size that spreads at all in ARGB32 and RGB32; in other formats it
+/// grows with the size.
 class VXREGIONOFINTEREST_EXPORT VXMaxFilter : public VXAbstractROI {
 public:
     /// Constructs the filter enabled and with weight 0.

@@ -2,7 +2,8 @@
 
 #include <QtGlobal>
 
-/// \file Marks the classes that the shared library offers to other programs.
+/// \file
+/// Marks the classes that the shared library offers to other programs.
 ///
 /// The build of the shared library defines VXREGIONOFINTEREST_BUILD; everybody else, a host that
 /// links the library as well as one that compiles its sources straight in, defines nothing.

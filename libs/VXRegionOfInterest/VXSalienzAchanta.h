@@ -45,8 +45,9 @@ public:
     /// Each value is the weighted mean of its neighbourhood; the weights that fall inside the plane
     /// are normalised by their own sum, so \a kernel need not be.
     /// \param input the plane, \a width · \a height values.
-    /// \param kernel weights of taps -m / 2 to m / 2; an even m lacks the last, which counts as 0.
-    ///        No weights, or a sum of 0, give values that are not numbers.
+    /// \param kernel weights of taps -m / 2 to m / 2; an even m lacks the last, which is left out.
+    ///        Where the weights that fall inside are none or sum to 0, values are infinite or no
+    ///        numbers.
     /// \param output receives as many values, and must hold that many already. Where \a input or \a
     ///        output hold fewer, or a side is below 1, nothing happens.
     void gaussianSmooth(const QList<double>& input, int width, int height,

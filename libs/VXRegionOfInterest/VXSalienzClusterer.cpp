@@ -2,11 +2,17 @@
 
 #include "kernels/Cubes.h"
 #include "kernels/PixelWords.h"
+#include "kernels/Wrapping.h"
 
 namespace {
 
-// A count below 1 divides nothing.
-int divided(int length, int count) { return count < 1 ? 0 : length / count; }
+// A count of 0 gives 0; the one quotient that an int cannot hold wraps.
+int divided(int length, int count)
+{
+    if (count == 0)
+        return 0;
+    return count == -1 ? vx::kernels::wrappingDifference(0, length) : length / count;
+}
 
 } // namespace
 

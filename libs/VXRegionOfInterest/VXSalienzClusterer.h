@@ -20,8 +20,9 @@
 /// **Deliberate**: the axes are crossed. cluster() divides the height by countCubesH() and the
 /// width by countCubesV(); cubeSize() returns the cube's height as its width. A side that is no
 /// multiple of the cube ends in a narrower cube, which is compared with the full average and comes
-/// out darker. Total and cube sums are 32-bit and wrap, so white maps above 8.4 megapixels are not
-/// rated by these rules.
+/// out darker. Sums are 32-bit and wrap: a cube that holds 2²⁵ or more, as 131587 white pixels do,
+/// is not rated by these rules, nor is a map that holds 2³¹ or more; a cube whose pixels times rows
+/// are a multiple of 2³² is black.
 ///
 /// **Settings**: the two counts. **Costs** two readings and one writing of every pixel.
 class VXREGIONOFINTEREST_EXPORT VXSalienzClusterer {
@@ -45,8 +46,8 @@ public:
     QSize countCubes() const;
 
     /// The size of a cube of an image of \a size, with the axes crossed: the height divided by
-    /// countCubesV() comes as the width, the width divided by countCubesH() as the height. Where a
-    /// count is below 1 the quotient is 0.
+    /// countCubesV() comes as the width, the width divided by countCubesH() as the height, both
+    /// truncated toward zero. Where a count is 0 the quotient is 0.
     QSize cubeSize(const QSize& size) const;
 
     /// The sum of all red values of \a image, in 32-bit arithmetic that wraps; 0 for a null image.

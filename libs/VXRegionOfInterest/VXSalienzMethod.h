@@ -1,6 +1,7 @@
 #pragma once
 
-/// \file The names of the salience methods.
+/// \file
+/// The names of the salience methods.
 
 /// Names a salience method in a VXSalienzMixer.
 ///

@@ -64,6 +64,7 @@ VXAbstractROI* VXSalienzMixer::roiMethod(VXSalienzMethod method) const
 
 VXHistogramROI* VXSalienzMixer::histogramROI() const
 {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast): the constructor put it there
     return static_cast<VXHistogramROI*>(roiMethod(Histogram));
 }
 

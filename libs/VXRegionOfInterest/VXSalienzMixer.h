@@ -42,8 +42,10 @@ class VXREGIONOFINTEREST_EXPORT VXSalienzMixer {
 public:
     /// Constructs a mixer with the default methods and weights.
     /// \param size bound in pixels into which pictures are scaled, keeping their aspect ratio,
-    ///        small ones up as well as large ones down. QSize() switches scaling off. A size with a
-    ///        zero side leaves nothing to evaluate: analyze() then returns the picture itself.
+    ///        small ones up as well as large ones down. QSize() and any other size with a side
+    ///        below 0 switch scaling off. A size with a zero side leaves nothing to evaluate:
+    ///        analyze() then returns the picture itself. One whose maps do not fit into memory lets
+    ///        std::bad_alloc out of analyze(), or returns the picture where Qt gives up first.
     explicit VXSalienzMixer(const QSize& size);
 
     /// Deletes the methods.

@@ -1,9 +1,12 @@
 #include "VXVeryImportantAreasROI.h"
 
+#include <QDebug>
 #include <QMessageLogger>
 #include <QPainter>
 
 #include <algorithm>
+#include <climits>
+#include <cstdlib>
 #include <utility>
 
 namespace {
@@ -13,25 +16,42 @@ void warnAboutUnscaledAreas()
 {
     const QMessageLogger logger("libs/VXRegionOfInterest/VXVeryImportantAreasROI", 49,
         "virtual QImage VXVeryImportantAreasROI::evaluate(const QImage &)");
-    logger.warning("%s", "TODO: umrechnen der Größe! (worldmatrix berechnen)");
+    logger.warning().noquote() << QStringLiteral(
+        "TODO: umrechnen der Größe! (worldmatrix berechnen)");
 }
 
-// A coordinate that Qt can paint with; beyond it, shapes lie outside any image anyway.
-int paintable(qint64 coordinate)
+// The first and last pixel along one axis.
+struct Span {
+    qint64 first;
+    qint64 last;
+};
+
+// Twice as long as the area, around its centre, in integers that truncate toward zero.
+Span haloOf(const Span& area)
 {
-    constexpr qint64 limit = 1 << 29;
-    return static_cast<int>(std::clamp(coordinate, -limit, limit));
+    const qint64 length = area.last - area.first + 1;
+    const qint64 centre = (area.first + area.last) / 2;
+    return { centre - length, centre + length - 1 };
 }
 
-// Twice as wide and as high as the area, around its centre, in integers that truncate toward zero.
+// Where spans are cut off that an int cannot hold.
+constexpr qint64 limit = (1 << 30) - 1;
+
+// The span as it is where an int can hold its ends and its length, otherwise cut off.
+std::pair<int, int> paintable(const Span& span)
+{
+    const bool fits = span.first >= INT_MIN && span.first <= INT_MAX && span.last >= INT_MIN
+        && span.last <= INT_MAX && std::abs(span.last - span.first + 1) <= INT_MAX;
+    const auto end
+        = [fits](qint64 pixel) { return fits ? pixel : std::clamp(pixel, -limit, limit); };
+    return { static_cast<int>(end(span.first)), static_cast<int>(end(span.last)) };
+}
+
 QRect haloOf(const QRect& area)
 {
-    const qint64 width = qint64 { area.right() } - area.left() + 1;
-    const qint64 height = qint64 { area.bottom() } - area.top() + 1;
-    const qint64 centreX = (qint64 { area.left() } + area.right()) / 2;
-    const qint64 centreY = (qint64 { area.top() } + area.bottom()) / 2;
-    return QRect(paintable(centreX - width), paintable(centreY - height), paintable(2 * width),
-        paintable(2 * height));
+    const auto [left, right] = paintable(haloOf(Span { area.left(), area.right() }));
+    const auto [top, bottom] = paintable(haloOf(Span { area.top(), area.bottom() }));
+    return QRect(QPoint(left, top), QPoint(right, bottom));
 }
 
 } // namespace

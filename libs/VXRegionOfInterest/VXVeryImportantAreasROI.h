@@ -25,8 +25,8 @@
 class VXREGIONOFINTEREST_EXPORT VXVeryImportantAreasROI : public VXAbstractROI {
 public:
     /// Constructs the method enabled and with weight 0.
-    /// \param areas rectangles in pixels, anywhere; none gives a black map. The corners of a halo
-    ///        beyond ±2²⁹ pixels are brought back to there.
+    /// \param areas rectangles in pixels, anywhere; none gives a black map. A halo that an int
+    ///        cannot measure is cut off 2³⁰ pixels from the origin.
     /// \param areasSize size of the image in whose coordinates the areas are given.
     VXVeryImportantAreasROI(QList<QRect> areas, const QSize& areasSize);
     VXVeryImportantAreasROI(const VXVeryImportantAreasROI&) = default;

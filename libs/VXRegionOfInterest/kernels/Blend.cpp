@@ -25,8 +25,9 @@ void addWeightedReds(const QRgb* pixels, int count, quint32 weight, WrappingSums
         accumulators[x] += (pixels[x] >> 16 & 0xFFU) * weight;
 }
 
-// A 32-bit quotient computed in double truncates like the integer division: it is at least 1 / 2³¹
-// away from the next integer, and rounds by a 2⁵³rd of itself.
+// A 32-bit quotient computed in double truncates like the integer division: unless it is an
+// integer, it is at least 1 / divisor away from the next one, that is a 2³¹st of itself, and it is
+// rounded by no more than a 2⁵³rd of itself.
 void writeQuotients(const WrappingSums& sums, double divisor, QRgb* pixels)
 {
     for (std::size_t x = 0; x < sums.size(); ++x) {

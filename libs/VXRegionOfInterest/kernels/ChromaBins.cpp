@@ -24,8 +24,6 @@ std::array<int, 256> binOfByte(int binCount)
 
 void vx::kernels::countChroma(const QImage& words, const Bins& bins)
 {
-    if (bins.rows < 1 || bins.columns < 1)
-        return;
     const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
     const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
     for (int y = 0; y < words.height(); ++y) {

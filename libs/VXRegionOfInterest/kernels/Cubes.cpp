@@ -43,6 +43,7 @@ quint32 boosted(const CubeSums& sums, int meanPixel)
 
 int levelOf(const QImage& words, const QRect& cube, const CubeStandard& standard)
 {
+    // Zero only by wrapping: no cube is empty.
     const quint32 pixels = static_cast<quint32>(cube.width()) * static_cast<quint32>(cube.height());
     if (pixels * static_cast<quint32>(cube.height()) == 0)
         return 0;

@@ -26,6 +26,7 @@ struct GreyKey {
 // earlier one wins.
 struct PositionKey {
     using Type = quint64;
+    // The complement of the position: of equal reds, the earlier has the greater key.
     static Type of(QRgb pixel, quint32 position)
     {
         return static_cast<Type>(qRed(pixel)) << 32U | ~position;
@@ -42,6 +43,12 @@ struct PositionKey {
                                 : wordRow(source, y)[position(row)];
     }
 };
+
+// A pixel that is read from or set in an RGB32 image is opaque, whatever its word holds.
+QRgb bitsAlwaysSet(const QImage& image)
+{
+    return image.format() == QImage::Format_RGB32 ? opaqueBlack : 0;
+}
 
 template <typename Keys> class Spreading {
 public:
@@ -110,8 +117,7 @@ private:
     {
         QRgb* const pixels = writableWordRow(result, static_cast<int>(y)) + firstColumn;
         const Key* const keys = &rowKeys[y * width + firstColumn];
-        // A pixel set in an RGB32 image becomes opaque.
-        const QRgb alwaysSet = source.format() == QImage::Format_RGB32 ? opaqueBlack : 0;
+        const QRgb alwaysSet = bitsAlwaysSet(source);
         for (std::size_t i = 0; i < count; ++i) {
             if (std::max(Keys::red(keys[i]), Keys::red(columnKeys[i])) > qRed(pixels[i]))
                 pixels[i] = alwaysSet
@@ -130,7 +136,7 @@ private:
 
 bool spreadsOpaqueGreyOnly(const QImage& source, int threshold)
 {
-    const QRgb alwaysSet = source.format() == QImage::Format_RGB32 ? opaqueBlack : 0;
+    const QRgb alwaysSet = bitsAlwaysSet(source);
     for (int y = 0; y < source.height(); ++y) {
         const QRgb* const row = wordRow(source, y);
         const bool isGrey = std::all_of(row, row + source.width(), [=](QRgb pixel) {

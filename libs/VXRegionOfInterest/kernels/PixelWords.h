@@ -2,7 +2,8 @@
 
 #include <QImage>
 
-/// \file How the library reads and writes pixels: as rows of 32-bit words 0xAARRGGBB.
+/// \file
+/// How the library reads and writes pixels: as rows of 32-bit words 0xAARRGGBB.
 
 namespace vx::kernels {
 

@@ -16,9 +16,10 @@ double smoothedValue(
     double weightedSum = 0;
     double weightSum = 0;
     for (int k = -half; k <= half; ++k) {
-        if (position + k < 0 || position + k >= line.count)
+        const bool isInside = position + k >= 0 && position + k < line.count;
+        if (!isInside || k + half >= weights.size())
             continue;
-        const double weight = weights.value(k + half);
+        const double weight = weights.at(k + half);
         weightSum += weight;
         weightedSum += weight * plane.at(line.first + (position + k) * line.step);
     }

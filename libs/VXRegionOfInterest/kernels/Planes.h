@@ -13,7 +13,7 @@ using IntegralImage = QList<QList<double>>;
 /// Smooths \a plane with \a weights along the rows and then along the columns into \a smoothed.
 ///
 /// A value is the sum of the weighted values that lie inside, in order, divided by the sum of their
-/// weights. Tap k of -m / 2 to m / 2 has the weight k + m / 2; one beyond the weights counts 0.
+/// weights. Tap k of -m / 2 to m / 2 has the weight k + m / 2; one beyond the weights is left out.
 /// \pre both planes hold width · height values at least.
 void smoothSeparably(
     const Plane& plane, int width, int height, const QList<double>& weights, Plane& smoothed);

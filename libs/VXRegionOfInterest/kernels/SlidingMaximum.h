@@ -31,7 +31,7 @@ void slidingMaximum(std::vector<Key>& keys, std::size_t length, std::size_t lane
         if (i % block != 0)
             writeMaximum(here, here, here - lanes);
     }
-    std::vector<Key>& toEnd = keys; // maximum from here to the end of the block
+    std::vector<Key> toEnd = keys; // maximum from here to the end of the block
     for (std::size_t i = length - 1; i > 0; --i) {
         Key* const here = &toEnd[i * lanes];
         if (i % block != 0)
@@ -39,9 +39,8 @@ void slidingMaximum(std::vector<Key>& keys, std::size_t length, std::size_t lane
     }
     // A window beyond an end of the keys is cut off. One that starts with its block is that block's
     // beginning, one that ends with the keys in a block is that block's end, any other spans two
-    // blocks: an end and a beginning. Backwards, because a window reads ends at or before its
-    // middle.
-    for (std::size_t i = length; i-- > 0;) {
+    // blocks: an end and a beginning.
+    for (std::size_t i = 0; i < length; ++i) {
         const std::size_t first = i - std::min(i, arm);
         const std::size_t last = std::min(i + arm, length - 1);
         const bool spansTwoBlocks = first / block != last / block;

@@ -2,7 +2,8 @@
 
 #include <type_traits>
 
-/// \file Signed arithmetic that wraps instead of overflowing.
+/// \file
+/// Signed arithmetic that wraps instead of overflowing.
 
 namespace vx::kernels {
 

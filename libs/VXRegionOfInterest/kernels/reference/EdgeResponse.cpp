@@ -21,7 +21,8 @@ int response(const QImage& words, const vx::kernels::Kernel3x3& kernel, int divi
     for (int dy = -1; dy <= 1; ++dy) {
         for (int dx = -1; dx <= 1; ++dx) {
             const QRgb pixel = vx::kernels::wordRow(words, y + dy)[x + dx];
-            const int weight = kernel.at(static_cast<std::size_t>((dy + 1) * 3 + dx + 1));
+            const int tap = (dy + 1) * 3 + dx + 1;
+            const int weight = kernel.at(static_cast<std::size_t>(tap));
             red += weight * qRed(pixel);
             green += weight * qGreen(pixel);
             blue += weight * qBlue(pixel);
