@@ -6,6 +6,7 @@
 #include "support/Random.h"
 #include "support/TestImages.h"
 
+#include <array>
 #include <climits>
 #include <fstream>
 #include <limits>
@@ -215,11 +216,11 @@ TEST(VXHistogramROI, edgesThatAreNoNumbersNeitherStopTheWalkNorMerge)
 {
     // With two bins each way, a block with as many pixels in each bin has no range.
     QImage image = filled(64, 64, Qt::red);
-    const QColor corners[]
-        = { QColor(255, 0, 0), QColor(0, 0, 255), QColor(255, 0, 255), QColor(0, 255, 0) };
+    const std::array<QColor, 4> corners { QColor(255, 0, 0), QColor(0, 0, 255), QColor(255, 0, 255),
+        QColor(0, 255, 0) };
     for (int y = 0; y < 64; ++y) {
         for (int x = 32; x < 64; ++x)
-            image.setPixelColor(x, y, corners[(x % 2) + 2 * (y % 2)]);
+            image.setPixelColor(x, y, corners.at(static_cast<std::size_t>(x % 2 + 2 * (y % 2))));
     }
     HistogramSettings settings;
     settings.verticalBlocks = 8;

@@ -7,6 +7,8 @@
 #include "support/Random.h"
 #include "support/TestImages.h"
 
+#include <algorithm>
+#include <array>
 #include <climits>
 #include <cmath>
 #include <limits>
@@ -65,30 +67,29 @@ TEST(VXSalienzAchanta, aUniformImageIsBlack)
 
 TEST(VXSalienzAchanta, surroundsOfFourColumnsSpanWhatTheyShould)
 {
-    // One row of greys far apart, too dark to spread: the levels follow from the spans 0-0, 0-2,
-    // 0-3 and 2-3 by hand.
+    // One row of greys far apart: the levels follow from the spans 0-0, 0-2, 0-3 and 2-3 by hand.
+    const std::array<int, 4> greys { 0, 40, 200, 120 };
     QImage row(4, 1, QImage::Format_RGB32);
-    const int greys[] = { 0, 40, 200, 120 };
-    double y[4];
+    std::array<double, 4> y {};
     for (int x = 0; x < 4; ++x) {
-        row.setPixel(x, 0, qRgb(greys[x], greys[x], greys[x]));
-        y[x] = 0.299 * greys[x] + 0.587 * greys[x] + 0.114 * greys[x];
+        const int grey = greys.at(static_cast<std::size_t>(x));
+        row.setPixel(x, 0, qRgb(grey, grey, grey));
+        y.at(static_cast<std::size_t>(x)) = grey;
     }
-    const double means[]
-        = { y[0], (y[0] + y[1] + y[2]) / 3, (y[0] + y[1] + y[2] + y[3]) / 4, (y[2] + y[3]) / 2 };
-    const double smoothed[] = { (2 * y[0] + y[1]) / 3, (y[0] + 2 * y[1] + y[2]) / 4,
+    const std::array<double, 4> means { y[0], (y[0] + y[1] + y[2]) / 3,
+        (y[0] + y[1] + y[2] + y[3]) / 4, (y[2] + y[3]) / 2 };
+    const std::array<double, 4> smoothed { (2 * y[0] + y[1]) / 3, (y[0] + 2 * y[1] + y[2]) / 4,
         (y[1] + 2 * y[2] + y[3]) / 4, (y[2] + 2 * y[3]) / 3 };
-    double contrast[4];
-    for (int x = 0; x < 4; ++x)
-        contrast[x] = (means[x] - smoothed[x]) * (means[x] - smoothed[x]);
-    const double least = *std::min_element(contrast, contrast + 4);
-    const double range = *std::max_element(contrast, contrast + 4) - least;
+    std::array<double, 4> contrast {};
+    for (std::size_t x = 0; x < 4; ++x)
+        contrast.at(x) = (means.at(x) - smoothed.at(x)) * (means.at(x) - smoothed.at(x));
+    const auto [least, greatest] = std::minmax_element(contrast.begin(), contrast.end());
 
     QImage levels(4, 1, QImage::Format_ARGB32);
     vx::kernels::surroundContrast(row, levels);
     for (int x = 0; x < 4; ++x) {
-        const int expected = static_cast<int>(contrast[x] - least) * 255 / static_cast<int>(range);
-        EXPECT_NEAR(qRed(levels.pixel(x, 0)), expected, 1) << x;
+        const double above = contrast.at(static_cast<std::size_t>(x)) - *least;
+        EXPECT_NEAR(qRed(levels.pixel(x, 0)), above * 255 / (*greatest - *least), 1) << x;
     }
 }
 

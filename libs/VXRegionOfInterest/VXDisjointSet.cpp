@@ -1,3 +1,5 @@
+#include "kernels/ExactArithmetic.h"
+
 #include "VXDisjointSet.h"
 
 #include "kernels/Wrapping.h"

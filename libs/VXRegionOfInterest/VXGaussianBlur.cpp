@@ -1,3 +1,5 @@
+#include "kernels/ExactArithmetic.h"
+
 #include "VXGaussianBlur.h"
 
 #include "kernels/GaussianBlur.h"

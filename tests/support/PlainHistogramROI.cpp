@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <vector>
 
 namespace support {
@@ -16,37 +17,45 @@ struct Edge {
     double weight;
 };
 
+// The extent of a region along one axis.
 struct Extent {
     bool isNew = true;
-    int first[2] = { 0, 0 };
-    int second[2] = { 0, 0 };
+    int first = 0;
+    int second = 0;
 
-    void add(int axis, int position)
+    void add(int position)
     {
         if (isNew) {
-            first[axis] = position;
-            second[axis] = position;
-        } else if (first[axis] < position) {
-            second[axis] = position;
+            first = position;
+            second = position;
+        } else if (first < position) {
+            second = position;
         } else {
-            second[axis] = first[axis];
-            first[axis] = position;
+            second = first;
+            first = position;
         }
+        isNew = false;
     }
+};
+
+struct Region {
+    Extent columns;
+    Extent rows;
 };
 
 Table normalisedTable(const QImage& image, const QRect& block, const HistogramSettings& settings)
 {
-    Table table(static_cast<std::size_t>(settings.bin1) * static_cast<std::size_t>(settings.bin2));
+    const auto rows = static_cast<std::size_t>(settings.bin1);
+    const auto columns = static_cast<std::size_t>(settings.bin2);
+    Table table(rows * columns);
     for (int y = block.top(); y <= block.bottom(); ++y) {
         for (int x = block.left(); x <= block.right(); ++x) {
             const QRgb p = reinterpret_cast<const QRgb*>(image.constScanLine(y))[x];
             const double luma = qRed(p) * 0.299 + qGreen(p) * 0.587 + qBlue(p) * 0.114;
             const int cb = static_cast<int>((qBlue(p) - luma) * 0.564 + 128);
             const int cr = static_cast<int>((qRed(p) - luma) * 0.713 + 128);
-            const int row = cb * settings.bin1 / 256;
-            const int column = cr * settings.bin2 / 256;
-            table[static_cast<std::size_t>(row * settings.bin2 + column)] += 1;
+            const int bin = cb * settings.bin1 / 256 * settings.bin2 + cr * settings.bin2 / 256;
+            table[static_cast<std::size_t>(bin)] += 1;
         }
     }
     const double least = std::min(1000.0, *std::min_element(table.begin(), table.end()));
@@ -107,9 +116,9 @@ std::vector<Edge> edgesOf(const std::vector<Table>& tables, const HistogramSetti
 // Which cells belong together does not depend on the order of merging.
 std::vector<int> labelsOf(const std::vector<Edge>& edges, const HistogramSettings& settings)
 {
-    std::vector<int> labels;
-    for (int i = 0; i < settings.verticalBlocks * settings.horizontalBlocks; ++i)
-        labels.push_back(i);
+    const int blocks = settings.verticalBlocks * settings.horizontalBlocks;
+    std::vector<int> labels(static_cast<std::size_t>(blocks));
+    std::iota(labels.begin(), labels.end(), 0);
     for (const Edge& edge : edges) {
         if (!(edge.weight <= settings.chiSquareThreshold))
             continue;
@@ -126,12 +135,13 @@ QImage plainHistogramMap(const QImage& image, const HistogramSettings& settings)
 {
     const std::vector<int> labels
         = labelsOf(edgesOf(tablesOf(image, settings), settings), settings);
-    std::vector<Extent> extents(labels.size());
+    std::vector<Region> regions(labels.size());
+    const auto regionOf = [&](int block) -> Region& {
+        return regions[static_cast<std::size_t>(labels[static_cast<std::size_t>(block)])];
+    };
     for (int i = 0; i < static_cast<int>(labels.size()); ++i) {
-        Extent& extent = extents[static_cast<std::size_t>(labels[static_cast<std::size_t>(i)])];
-        extent.add(0, i % settings.horizontalBlocks);
-        extent.add(1, i / settings.horizontalBlocks);
-        extent.isNew = false;
+        regionOf(i).columns.add(i % settings.horizontalBlocks);
+        regionOf(i).rows.add(i / settings.horizontalBlocks);
     }
 
     QImage map(image.size(), QImage::Format_ARGB32);
@@ -141,10 +151,9 @@ QImage plainHistogramMap(const QImage& image, const HistogramSettings& settings)
     for (int y = 0; y < blockHeight * settings.verticalBlocks; ++y) {
         for (int x = 0; x < blockWidth * settings.horizontalBlocks; ++x) {
             const int i = y / blockHeight * settings.horizontalBlocks + x / blockWidth;
-            const Extent& extent
-                = extents[static_cast<std::size_t>(labels[static_cast<std::size_t>(i)])];
-            const int dx = extent.second[0] - extent.first[0];
-            const int dy = extent.second[1] - extent.first[1];
+            const Region& region = regionOf(i);
+            const int dx = region.columns.second - region.columns.first;
+            const int dy = region.rows.second - region.rows.first;
             const int level = std::clamp(dy * dx - 1, 0, 255);
             if (dy > settings.verticalBlocks * settings.minHeight
                 || dx > settings.horizontalBlocks * settings.minWidth)

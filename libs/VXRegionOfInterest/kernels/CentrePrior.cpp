@@ -1,3 +1,5 @@
+#include "ExactArithmetic.h"
+
 #include "CentrePrior.h"
 
 #include "PixelWords.h"

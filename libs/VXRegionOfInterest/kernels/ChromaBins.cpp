@@ -1,3 +1,5 @@
+#include "ExactArithmetic.h"
+
 #include "ChromaBins.h"
 
 #include "PixelWords.h"

@@ -1,3 +1,5 @@
+#include "ExactArithmetic.h"
+
 #include "LumaChroma.h"
 
 #include "PixelWords.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ExactArithmetic.h"
+
 #include <QImage>
 #include <QRgb>
 

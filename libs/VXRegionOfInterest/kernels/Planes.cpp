@@ -1,3 +1,5 @@
+#include "ExactArithmetic.h"
+
 #include "Planes.h"
 
 namespace {

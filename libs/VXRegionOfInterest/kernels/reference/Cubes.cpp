@@ -1,3 +1,5 @@
+#include "../ExactArithmetic.h"
+
 #include "../Cubes.h"
 
 #include "../PixelWords.h"

@@ -1,3 +1,5 @@
+#include "../ExactArithmetic.h"
+
 #include "../GaussianBlur.h"
 
 #include <cmath>

@@ -1,3 +1,5 @@
+#include "../ExactArithmetic.h"
+
 #include "../SurroundContrast.h"
 
 #include "../LumaChroma.h"
