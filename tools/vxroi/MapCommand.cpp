@@ -13,6 +13,7 @@
 
 #include <deque>
 #include <optional>
+#include <utility>
 
 namespace vxroi {
 
@@ -46,8 +47,8 @@ void createFolder(const QString& path)
 // Files that are written together and appear together, once all of them could be encoded.
 class OutputFiles {
 public:
-    explicit OutputFiles(const QString& inputPath)
-        : input(inputPath)
+    explicit OutputFiles(QString inputPath)
+        : input(std::move(inputPath))
     {
     }
 
