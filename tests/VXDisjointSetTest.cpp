@@ -63,17 +63,29 @@ private:
     std::vector<int> ranks;
 };
 
-// Joins two random roots of both sets; nothing when they are the same.
-void joinRandomly(VXDisjointSet& set, PlainSet& plain, support::Random& random)
-{
-    const int cells = static_cast<int>(plain.roots.size());
-    const int a = set.find(random.below(cells));
-    const int b = set.find(random.below(cells));
-    if (a == b)
-        return;
-    set.join(a, b);
-    plain.join(a, b);
-}
+// A grid of random size in which random roots were joined, and the same without trees.
+struct RandomSets {
+    explicit RandomSets(support::Random& random)
+        : rows(1 + random.below(12))
+        , columns(1 + random.below(12))
+        , set(rows, columns)
+        , plain(rows * columns)
+    {
+        for (int i = random.below(2 * rows * columns); i > 0; --i) {
+            const int a = set.find(random.below(rows * columns));
+            const int b = set.find(random.below(rows * columns));
+            if (a == b)
+                continue;
+            set.join(a, b);
+            plain.join(a, b);
+        }
+    }
+
+    int rows;
+    int columns;
+    VXDisjointSet set;
+    PlainSet plain;
+};
 
 // The hull by walking around it, from the lexically smallest point and back.
 Points hullByWalking(Points points)
@@ -420,12 +432,7 @@ TEST(VXDisjointSet, randomJoinsAgreeWithASetWithoutTrees)
 {
     support::Random random(3);
     for (int round = 0; round < 300; ++round) {
-        const int rows = 1 + random.below(9);
-        const int columns = 1 + random.below(9);
-        VXDisjointSet set(rows, columns);
-        PlainSet plain(rows * columns);
-        for (int i = random.below(2 * rows * columns); i > 0; --i)
-            joinRandomly(set, plain, random);
+        auto [rows, columns, set, plain] = RandomSets(random);
 
         const std::set<int> roots(plain.roots.begin(), plain.roots.end());
         EXPECT_EQ(set.getCount(), static_cast<int>(roots.size()));
@@ -441,12 +448,7 @@ TEST(VXDisjointSet, informationsAgreeWithHullsAndSumsMadeByHand)
 {
     support::Random random(4);
     for (int round = 0; round < 300; ++round) {
-        const int rows = 1 + random.below(12);
-        const int columns = 1 + random.below(12);
-        VXDisjointSet set(rows, columns);
-        PlainSet plain(rows * columns);
-        for (int i = random.below(2 * rows * columns); i > 0; --i)
-            joinRandomly(set, plain, random);
+        auto [rows, columns, set, plain] = RandomSets(random);
 
         for (const auto& [root, bounds] : set.getSegmentInformations()) {
             Points corners;

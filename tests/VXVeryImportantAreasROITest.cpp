@@ -39,6 +39,18 @@ QImage drawn(const QList<QRect>& areas, const QSize& size)
     return VXVeryImportantAreasROI(areas, size).evaluate(QImage(size, QImage::Format_RGB32));
 }
 
+// A black image with the grey ellipse of a halo.
+QImage withHalo(const QSize& size, const QRect& ellipse)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.setPen(Qt::gray);
+    painter.setBrush(Qt::gray);
+    painter.drawEllipse(ellipse);
+    return image;
+}
+
 constexpr QRgb white = 0xFFFFFFFF;
 constexpr QRgb halo = 0xFFA0A0A4; // Qt::gray
 constexpr QRgb black = 0xFF000000;
@@ -64,13 +76,7 @@ TEST(VXVeryImportantAreasROI, paintsAnAreaWhiteWithAGreyEllipseAroundIt)
     const QRect area(10, 10, 20, 10);
     const QImage map = drawn({ area }, QSize(60, 40));
     // The ellipse in the rectangle at (-1, 4) of size 40 x 20, drawn by itself.
-    QImage ellipse(60, 40, QImage::Format_ARGB32);
-    ellipse.fill(Qt::black);
-    QPainter painter(&ellipse);
-    painter.setPen(Qt::gray);
-    painter.setBrush(Qt::gray);
-    painter.drawEllipse(-1, 4, 40, 20);
-    painter.end();
+    const QImage ellipse = withHalo({ 60, 40 }, { -1, 4, 40, 20 });
     for (int y = 0; y < 40; ++y) {
         for (int x = 0; x < 60; ++x) {
             // The pen's outline reaches one pixel beyond the right and lower edge.
@@ -102,13 +108,7 @@ TEST(VXVeryImportantAreasROI, drawsAllHalosBeforeAnyArea)
 TEST(VXVeryImportantAreasROI, truncatesAnOddCentreTowardZero)
 {
     // Corners -4 and -1: the sum -5 gives the centre -2, so the halo begins at -6 and ends at 2.
-    QImage expected(20, 20, QImage::Format_ARGB32);
-    expected.fill(Qt::black);
-    QPainter painter(&expected);
-    painter.setPen(Qt::gray);
-    painter.setBrush(Qt::gray);
-    painter.drawEllipse(-6, -6, 8, 8);
-    painter.end();
+    const QImage expected = withHalo({ 20, 20 }, { -6, -6, 8, 8 });
     EXPECT_TRUE(support::sameImage(expected, drawn({ QRect(-4, -4, 4, 4) }, QSize(20, 20))));
 }
 
@@ -160,13 +160,7 @@ TEST(VXVeryImportantAreasROI, drawsHalosOfAnySizeThatAnIntCanMeasure)
     // 800 million pixels wide, and still an ellipse around the middle row.
     const QRect wide(QPoint(-400000000, 50), QPoint(400000000, 70));
     const QImage map = drawn({ wide }, QSize(100, 150));
-    QImage expected(100, 150, QImage::Format_ARGB32);
-    expected.fill(Qt::black);
-    QPainter painter(&expected);
-    painter.setPen(Qt::gray);
-    painter.setBrush(Qt::gray);
-    painter.drawEllipse(-800000001, 39, 1600000002, 42);
-    painter.end();
+    const QImage expected = withHalo({ 100, 150 }, { -800000001, 39, 1600000002, 42 });
     EXPECT_EQ(expected.pixel(50, 45), halo);
     for (int y = 0; y < 150; ++y) {
         const bool isInArea = y >= 50 && y <= 71;
@@ -177,12 +171,8 @@ TEST(VXVeryImportantAreasROI, drawsHalosOfAnySizeThatAnIntCanMeasure)
 TEST(VXVeryImportantAreasROI, drawsInvalidRectanglesAsQtDoes)
 {
     const QRect area(59, 29, -27, -9); // centre (45, 24), so the halo begins at (72, 33)
-    QImage expected(100, 80, QImage::Format_ARGB32);
-    expected.fill(Qt::black);
+    QImage expected = withHalo({ 100, 80 }, { 45 + 27, 24 + 9, -54, -18 });
     QPainter painter(&expected);
-    painter.setPen(Qt::gray);
-    painter.setBrush(Qt::gray);
-    painter.drawEllipse(45 + 27, 24 + 9, -54, -18);
     painter.setPen(Qt::white);
     painter.setBrush(Qt::white);
     painter.drawRects(&area, 1);
