@@ -6,8 +6,6 @@
 #include "kernels/LumaChroma.h"
 #include "kernels/PixelWords.h"
 
-#include <QPainter>
-
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -49,7 +47,7 @@ Histograms histogramsOfRow(
 {
     Histograms histograms;
     for (int column = 0; column < grid.columns; ++column) {
-        const QImage block = lumaChroma.copy(grid.blockAt(column, row));
+        const QImage block = vx::kernels::viewOf(lumaChroma, grid.blockAt(column, row));
         histograms.emplace_back(block, bins.rows, bins.columns);
         histograms.back().normalizeHistogram();
     }
@@ -207,6 +205,5 @@ void VXHistogramROI::drawTarget(
         return;
     const int level = value >= 256 ? 255 : value > 0 ? static_cast<int>(value) : 0;
     const QRect block = blockWithin(target.size(), column, row, QSize(blockWidth, blockHeight));
-    QPainter painter(&target);
-    painter.fillRect(block, QColor(level, level, level));
+    vx::kernels::fillOpaque(block, qRgb(level, level, level), target);
 }

@@ -17,6 +17,49 @@ constexpr int histogramWeight = -10; // the map is subtracted
 constexpr int veryImportantAreasWeight = 20;
 constexpr int achantaWeight = 10;
 
+// Blends maps as they come. Only one of them is held at a time: to touch fresh memory costs more than
+// the arithmetic on it.
+class RunningBlend {
+public:
+    explicit RunningBlend(const QList<int>& mapWeights)
+        : weights(mapWeights)
+    {
+    }
+
+    void add(const QImage& map)
+    {
+        if (count == 0)
+            first = map;
+        else if (count == 1)
+            begin();
+        if (count > 0)
+            vx::kernels::addToBlend(map, weights.value(count), sums);
+        ++count;
+    }
+
+    // Null without a map; a single map as it is.
+    QImage result()
+    {
+        if (count < 2)
+            return first;
+        vx::kernels::finishBlend(weights, sums);
+        return sums;
+    }
+
+private:
+    void begin()
+    {
+        sums = QImage(first.size(), QImage::Format_ARGB32);
+        vx::kernels::beginBlend(first, weights.value(0), sums);
+        first = QImage();
+    }
+
+    QList<int> weights;
+    QImage first;
+    QImage sums;
+    int count = 0;
+};
+
 } // namespace
 
 VXSalienzMixer::VXSalienzMixer(const QSize& size)
@@ -105,30 +148,33 @@ void VXSalienzMixer::updateHistogramMinHeight(double fraction)
 
 QImage VXSalienzMixer::analyze(const QImage& image)
 {
-    const QList<QImage> maps = gatherResults(image);
-    if (maps.isEmpty())
-        return image;
-    if (maps.size() == 1)
-        return maps.first();
-    return mix(maps, gatherWeights());
+    RunningBlend blend(gatherWeights());
+    forEachMap(image, [&blend](const QImage& map) { blend.add(map); });
+    const QImage blended = blend.result();
+    return blended.isNull() ? image : blended;
 }
 
 QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
+{
+    QList<QImage> maps;
+    forEachMap(image, [&maps](const QImage& map) { maps.append(map); });
+    return maps;
+}
+
+void VXSalienzMixer::forEachMap(
+    const QImage& image, const std::function<void(const QImage&)>& receive) const
 {
     // Qt warns when it is asked to scale a null image.
     const bool scales = workingSize.isValid() && !image.isNull();
     const QImage working
         = scales ? image.scaled(workingSize, Qt::KeepAspectRatio, Qt::FastTransformation) : image;
-
-    QList<QImage> maps;
     for (VXAbstractROI* const method : methods) {
         if (!method->isEnabled())
             continue;
         const QImage map = method->evaluate(working);
         if (!map.isNull())
-            maps.append(map);
+            receive(map);
     }
-    return maps;
 }
 
 QList<int> VXSalienzMixer::gatherWeights() const

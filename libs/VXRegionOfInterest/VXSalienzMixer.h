@@ -10,6 +10,8 @@
 #include <QRect>
 #include <QSize>
 
+#include <functional>
+
 class VXHistogramROI;
 
 /// Turns a picture into one salience map: the library's entry point.
@@ -123,6 +125,9 @@ public:
     QImage mix(const QList<QImage>& maps, const QList<int>& weights);
 
 private:
+    /// Hands over the map of every enabled method but null ones, in the order of VXSalienzMethod.
+    void forEachMap(const QImage& image, const std::function<void(const QImage&)>& receive) const;
+
     QMap<VXSalienzMethod, VXAbstractROI*> methods;
     QSize workingSize;
 };

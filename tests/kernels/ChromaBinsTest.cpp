@@ -34,6 +34,25 @@ void expectSame(const Table& expected, const Table& actual)
     }
 }
 
+// Normalising and comparing give the plain results.
+void expectSameArithmetic(const Table& counts, const Table& other, const RowLoops& loops)
+{
+    Table plain(counts.bins.rows, counts.bins.columns);
+    Table fast(counts.bins.rows, counts.bins.columns);
+    plain.values = counts.values;
+    fast.values = counts.values;
+    plain.bins.values = plain.values.data();
+    fast.bins.values = fast.values.data();
+    reference::normalizeBins(plain.bins);
+    normalizeBins(fast.bins, loops);
+    expectSame(plain, fast);
+
+    const double plainDistance = reference::chiSquareDistance(plain.bins, other.bins);
+    const double distance = chiSquareDistance(fast.bins, other.bins, loops);
+    ASSERT_TRUE(plainDistance == distance || (std::isnan(plainDistance) && std::isnan(distance)))
+        << loops.name << ": " << plainDistance << ", not " << distance;
+}
+
 } // namespace
 
 TEST(ChromaBins, fastEqualsPlainForRandomTables)
@@ -44,23 +63,40 @@ TEST(ChromaBins, fastEqualsPlainForRandomTables)
         const int columns = 1 + random.below(40);
         const QImage image
             = support::noise(1 + random.below(60), 1 + random.below(60), random.word());
-        Table plain(rows, columns);
-        Table fast(rows, columns);
-        reference::countChroma(image, plain.bins);
-        countChroma(image, fast.bins);
-        expectSame(plain, fast);
-        reference::normalizeBins(plain.bins);
-        normalizeBins(fast.bins);
-        expectSame(plain, fast);
+        Table plainCounts(rows, columns);
+        Table counts(rows, columns);
+        reference::countChroma(image, plainCounts.bins);
+        countChroma(image, counts.bins);
+        expectSame(plainCounts, counts);
 
         Table other(1 + random.below(40), 1 + random.below(40));
         for (double& value : other.values)
             value = random.below(1000) / 999.0;
-        const double plainDistance = reference::chiSquareDistance(plain.bins, other.bins);
-        const double distance = chiSquareDistance(fast.bins, other.bins);
-        ASSERT_TRUE(
-            plainDistance == distance || (std::isnan(plainDistance) && std::isnan(distance)));
+        for (const RowLoops* const loops : availableRowLoops())
+            expectSameArithmetic(counts, other, *loops);
     }
+}
+
+TEST(ChromaBins, countsIntoTablesBeyondTheCacheAsWell)
+{
+    const QImage image = support::noise(70, 50, 2);
+    for (const int rows : { 64, 65, 257 }) {
+        Table plain(rows, 64);
+        Table fast(rows, 64);
+        reference::countChroma(image, plain.bins);
+        countChroma(image, fast.bins);
+        expectSame(plain, fast);
+    }
+}
+
+// A table whose smallest value is not 0 has no rows to skip.
+TEST(ChromaBins, normalizesZerosBelowWhichThereIsMore)
+{
+    Table table(3, 2);
+    table.values = { 0, 0, -1, 3, 0, 0 };
+    Table other(1, 1);
+    for (const RowLoops* const loops : availableRowLoops())
+        expectSameArithmetic(table, other, *loops);
 }
 
 TEST(ChromaBins, distanceSkipsBinsThatAreZeroOrNoNumbers)

@@ -3,12 +3,8 @@
 #include "PixelWords.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace {
-
-// 32-bit sums that wrap are kept unsigned and read as signed.
-using WrappingSums = std::vector<quint32>;
 
 qint32 divisorOf(const QList<int>& weights)
 {
@@ -18,44 +14,42 @@ qint32 divisorOf(const QList<int>& weights)
     return sum == 0 ? 1 : static_cast<qint32>(sum);
 }
 
-void addWeightedReds(const QRgb* pixels, int count, quint32 weight, WrappingSums& sums)
-{
-    quint32* const accumulators = sums.data();
-    for (int x = 0; x < count; ++x)
-        accumulators[x] += (pixels[x] >> 16 & 0xFFU) * weight;
-}
-
-// A 32-bit quotient computed in double truncates like the integer division: unless it is an
-// integer, it is at least 1 / divisor away from the next one, that is a 2³¹st of itself, and it is
-// rounded by no more than a 2⁵³rd of itself.
-void writeQuotients(const WrappingSums& sums, double divisor, QRgb* pixels)
-{
-    for (std::size_t x = 0; x < sums.size(); ++x) {
-        const double quotient = static_cast<qint32>(sums[x]) / divisor;
-        pixels[x]
-            = vx::kernels::opaqueGrey(static_cast<int>(std::min(std::max(quotient, 0.0), 255.0)));
-    }
-}
-
 } // namespace
 
-void vx::kernels::blend(const QList<QImage>& maps, const QList<int>& weights, QImage& target)
+void vx::kernels::blend(
+    const QList<QImage>& maps, const QList<int>& weights, QImage& target, const RowLoops& loops)
+{
+    beginBlend(maps.value(0), weights.value(0), target, loops);
+    for (int i = 1; i < maps.size(); ++i)
+        addToBlend(maps.at(i), weights.value(i), target, loops);
+    finishBlend(weights, target, loops);
+}
+
+void vx::kernels::beginBlend(
+    const QImage& firstMap, int weight, QImage& sums, const RowLoops& loops)
+{
+    for (int y = 0; y < sums.height(); ++y) {
+        QRgb* const row = writableWordRow(sums, y);
+        const int inBoth = y < firstMap.height() ? std::min(firstMap.width(), sums.width()) : 0;
+        if (inBoth > 0)
+            loops.weighReds(wordRow(firstMap, y), inBoth, static_cast<quint32>(weight), row);
+        std::fill(row + inBoth, row + sums.width(), 0U);
+    }
+}
+
+void vx::kernels::addToBlend(const QImage& map, int weight, QImage& sums, const RowLoops& loops)
+{
+    const int height = std::min(map.height(), sums.height());
+    const int width = std::min(map.width(), sums.width());
+    for (int y = 0; y < height; ++y) {
+        loops.addWeightedReds(
+            wordRow(map, y), width, static_cast<quint32>(weight), writableWordRow(sums, y));
+    }
+}
+
+void vx::kernels::finishBlend(const QList<int>& weights, QImage& sums, const RowLoops& loops)
 {
     const qint32 divisor = divisorOf(weights);
-    // A divisor of -1 flips the weights' signs instead, which wraps where the quotient would.
-    const bool flipsSigns = divisor == -1;
-    const double effectiveDivisor = flipsSigns ? 1 : divisor;
-
-    WrappingSums sums(static_cast<std::size_t>(target.width()));
-    for (int y = 0; y < target.height(); ++y) {
-        std::fill(sums.begin(), sums.end(), 0U);
-        for (int i = 0; i < maps.size(); ++i) {
-            const QImage& map = maps.at(i);
-            const auto weight = static_cast<quint32>(weights.value(i));
-            if (y < map.height())
-                addWeightedReds(wordRow(map, y), std::min(map.width(), target.width()),
-                    flipsSigns ? 0U - weight : weight, sums);
-        }
-        writeQuotients(sums, effectiveDivisor, writableWordRow(target, y));
-    }
+    for (int y = 0; y < sums.height(); ++y)
+        loops.divideSums(writableWordRow(sums, y), sums.width(), divisor);
 }

@@ -32,14 +32,12 @@ std::vector<double> bumpAlong(int length)
 // of the exact level, and truncate alike because no exact level is that close to an integer: 4 d²
 // is an integer n, so the levels are 255 · exp(-n / 135200), and for n > 0 none of them lies within
 // 1e-6 of an integer above 0 (a test walks them all). At n = 0 both are exactly 255.
-void vx::kernels::centrePrior(QImage& target)
+void vx::kernels::centrePrior(QImage& target, const RowLoops& loops)
 {
     const std::vector<double> columnBump = bumpAlong(target.width());
     const std::vector<double> rowBump = bumpAlong(target.height());
     for (int y = 0; y < target.height(); ++y) {
-        QRgb* const row = writableWordRow(target, y);
         const double rowPeak = rowBump[static_cast<std::size_t>(y)] * peak;
-        for (std::size_t x = 0; x < columnBump.size(); ++x)
-            row[x] = opaqueGrey(static_cast<int>(columnBump[x] * rowPeak));
+        loops.writeProducts(columnBump.data(), target.width(), rowPeak, writableWordRow(target, y));
     }
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -22,10 +23,44 @@ std::array<int, 256> binOfByte(int binCount)
     return bins;
 }
 
+// As many bins as two tables of counts can have without leaving the cache next to the processor.
+constexpr int fewBins = 4096;
+
+// Neighbours fall into the same bin often, and a count that has just been stored is slow to come back,
+// so every second pixel has a table of its own.
+void countFewBins(const QImage& words, const Bins& bins)
+{
+    const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
+    const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
+    const auto binOf = [&](QRgb pixel) {
+        return static_cast<std::size_t>(
+            rowOfByte[pixel >> 8U & 0xFFU] * bins.columns + columnOfByte[pixel & 0xFFU]);
+    };
+    const auto binCount = static_cast<std::size_t>(bins.rows * bins.columns);
+    std::array<std::vector<quint32>, 2> counts { std::vector<quint32>(binCount),
+        std::vector<quint32>(binCount) };
+    for (int y = 0; y < words.height(); ++y) {
+        const QRgb* const pixels = wordRow(words, y);
+        int x = 0;
+        for (; x + 1 < words.width(); x += 2) {
+            ++counts[0][binOf(pixels[x])];
+            ++counts[1][binOf(pixels[x + 1])];
+        }
+        if (x < words.width())
+            ++counts[0][binOf(pixels[x])];
+    }
+    for (std::size_t i = 0; i < binCount; ++i)
+        bins.values[i] = counts[0][i] + counts[1][i];
+}
+
 } // namespace
 
 void vx::kernels::countChroma(const QImage& words, const Bins& bins)
 {
+    if (static_cast<qint64>(bins.rows) * bins.columns <= fewBins) {
+        countFewBins(words, bins);
+        return;
+    }
     const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
     const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
     for (int y = 0; y < words.height(); ++y) {
@@ -39,7 +74,7 @@ void vx::kernels::countChroma(const QImage& words, const Bins& bins)
     }
 }
 
-void vx::kernels::normalizeBins(const Bins& bins)
+void vx::kernels::normalizeBins(const Bins& bins, const RowLoops& loops)
 {
     double* const end = bins.row(bins.rows);
     double least = 1000.0;
@@ -49,17 +84,24 @@ void vx::kernels::normalizeBins(const Bins& bins)
         least = std::min(least, *value);
     }
     const double range = greatest - least;
-    for (double* value = bins.values; value != end; ++value)
-        *value = (*value - least) / range;
+    for (int i = 0; i < bins.rows; ++i) {
+        // Zeros stay zeros, and most bins are.
+        if (least == 0.0 && range > 0.0 && loops.areZero(bins.row(i), bins.columns))
+            continue;
+        std::transform(bins.row(i), bins.row(i + 1), bins.row(i),
+            [=](double value) { return (value - least) / range; });
+    }
 }
 
-double vx::kernels::chiSquareDistance(const Bins& own, const Bins& other)
+double vx::kernels::chiSquareDistance(const Bins& own, const Bins& other, const RowLoops& loops)
 {
     const int sharedRows = std::min(own.rows, other.rows);
     const int sharedColumns = std::min(own.columns, other.columns);
     double sum = 0.0;
     for (int i = 0; i < own.rows; ++i) {
         const double* const ownRow = own.row(i);
+        if (loops.areZero(ownRow, own.columns))
+            continue;
         const double* const otherRow = i < sharedRows ? other.row(i) : nullptr;
         for (int j = 0; j < own.columns; ++j) {
             const double u = ownRow[j];

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loops/RowLoops.h"
+
 #include <QImage>
 
 #include <cstddef>
@@ -15,18 +17,19 @@ struct Bins {
     double* row(int index) const { return values + static_cast<std::ptrdiff_t>(index) * columns; }
 };
 
-/// Adds 1 to a bin for each pixel of \a words, an image of 32 bits per pixel: in row (bits 8 to 15)
+/// Adds 1 to a bin, from 0 on, for each pixel of \a words, an image of 32 bits per pixel: in row (bits 8 to 15)
 /// · rows / 256 and column (bits 0 to 7) · columns / 256, in 32-bit arithmetic that wraps. Pixels
 /// whose row or column is negative are not counted.
 void countChroma(const QImage& words, const Bins& bins);
 
 /// Replaces every value v by (v - min) / (max - min), where min is the smallest value or 1000.0,
 /// and max the greatest or 0.0.
-void normalizeBins(const Bins& bins);
+void normalizeBins(const Bins& bins, const RowLoops& loops = fastestRowLoops());
 
 /// The sum of (u - v)² / u over the bins of \a own, row by row, where u is neither 0 nor NaN and v
 /// is the same bin of \a other, 0 where that has none.
-double chiSquareDistance(const Bins& own, const Bins& other);
+double chiSquareDistance(
+    const Bins& own, const Bins& other, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Divides in 32-bit integers.

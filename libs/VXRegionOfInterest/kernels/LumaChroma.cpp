@@ -1,15 +1,10 @@
-#include "ExactArithmetic.h"
-
 #include "LumaChroma.h"
 
 #include "PixelWords.h"
 
-#include <algorithm>
-
-void vx::kernels::packLumaChroma(const QImage& words, const QSize& size, QImage& target)
+void vx::kernels::packLumaChroma(
+    const QImage& words, const QSize& size, QImage& target, const RowLoops& loops)
 {
-    for (int y = 0; y < size.height(); ++y) {
-        const QRgb* const row = wordRow(words, y);
-        std::transform(row, row + size.width(), writableWordRow(target, y), packedLumaChromaOf);
-    }
+    for (int y = 0; y < size.height(); ++y)
+        loops.packLumaChroma(wordRow(words, y), size.width(), writableWordRow(target, y));
 }

@@ -2,6 +2,8 @@
 
 #include "ExactArithmetic.h"
 
+#include "loops/RowLoops.h"
+
 #include <QImage>
 #include <QRgb>
 
@@ -31,8 +33,9 @@ inline QRgb packedLumaChromaOf(QRgb pixel)
         static_cast<int>(colour.redDifference));
 }
 
-/// Packs the first rows and columns of \a words into \a target, as many as \a size says.
+/// Packs, as packedLumaChromaOf() does, the first rows and columns of \a words into \a target, as many as \a size says.
 /// \pre both images have 32 bits per pixel and are at least as large as \a size.
-void packLumaChroma(const QImage& words, const QSize& size, QImage& target);
+void packLumaChroma(const QImage& words, const QSize& size, QImage& target,
+    const RowLoops& loops = fastestRowLoops());
 
 } // namespace vx::kernels

@@ -10,49 +10,131 @@ namespace {
 
 using namespace vx::kernels;
 
-// What a row or a column offers to a pixel: the greatest red above the threshold within reach, 0
-// when there is none. Among opaque grey pixels the red value is the whole pixel.
-struct GreyKey {
-    using Type = quint8;
-    static Type of(QRgb pixel, quint32 /*position*/) { return static_cast<Type>(qRed(pixel)); }
-    static int red(Type key) { return key; }
-    static QRgb winner(Type row, Type column, const QImage& /*source*/, int /*x*/, int /*y*/)
-    {
-        return opaqueGrey(std::max(row, column));
-    }
-};
-
-// Among pixels of any colour a key also says where that red comes first, so that of equal reds the
-// earlier one wins.
-struct PositionKey {
-    using Type = quint64;
-    // The complement of the position: of equal reds, the earlier has the greater key.
-    static Type of(QRgb pixel, quint32 position)
-    {
-        return static_cast<Type>(qRed(pixel)) << 32U | ~position;
-    }
-    static int red(Type key) { return static_cast<int>(key >> 32U); }
-    static int position(Type key) { return static_cast<int>(~static_cast<quint32>(key)); }
-
-    // Scan order meets the column above (x, y) first, then its row, then the column below.
-    static QRgb winner(Type row, Type column, const QImage& source, int x, int y)
-    {
-        const bool columnComesFirst
-            = red(column) > red(row) || (red(column) == red(row) && position(column) < y);
-        return columnComesFirst ? wordRow(source, position(column))[x]
-                                : wordRow(source, y)[position(row)];
-    }
-};
-
 // A pixel that is read from or set in an RGB32 image is opaque, whatever its word holds.
 QRgb bitsAlwaysSet(const QImage& image)
 {
     return image.format() == QImage::Format_RGB32 ? opaqueBlack : 0;
 }
 
-template <typename Keys> class Spreading {
+// The maxima of bytes over windows that reach an arm to either side. They come from maxima over 1, 2,
+// 4, 8 ... positions, each made of the one before; two of the last that fits cover a window. So the
+// cost hardly depends on the arm, and all of it is maxima of bytes side by side.
+class SlidingByteMaximum {
 public:
-    Spreading(const QImage& sourceImage, int armPixels, int redThreshold)
+    // For `length` positions of `lanes` bytes each; the lanes are independent of each other.
+    SlidingByteMaximum(int length, int lanes, int arm, const RowLoops& rowLoops)
+        : loops(rowLoops)
+        , lanesPerPosition(static_cast<std::size_t>(lanes))
+        , positions(static_cast<std::size_t>(length))
+        , reach(static_cast<std::size_t>(std::min(arm, length - 1)))
+        , covered((positions + 2 * reach) * lanesPerPosition)
+        , widened(covered.size())
+    {
+    }
+
+    // Where the bytes are to be written; beyond both ends there are zeros.
+    quint8* bytes()
+    {
+        std::fill(covered.begin(), covered.end(), quint8 { 0 });
+        return &covered[reach * lanesPerPosition];
+    }
+
+    void writeMaxima(quint8* maxima)
+    {
+        const std::size_t window = 2 * reach + 1;
+        std::size_t span = 1;
+        std::size_t count = covered.size();
+        for (; 2 * span <= window; span *= 2) {
+            count -= span * lanesPerPosition;
+            write(span, count, widened.data());
+            covered.swap(widened);
+        }
+        write(window - span, positions * lanesPerPosition, maxima);
+    }
+
+private:
+    void write(std::size_t offset, std::size_t count, quint8* maxima) const
+    {
+        loops.writeMaxima(covered.data(), covered.data() + offset * lanesPerPosition,
+            static_cast<std::ptrdiff_t>(count), maxima);
+    }
+
+    const RowLoops& loops;
+    std::size_t lanesPerPosition;
+    std::size_t positions;
+    std::size_t reach;
+    std::vector<quint8> covered;
+    std::vector<quint8> widened;
+};
+
+// Spreads opaque grey pixels, whose red value is the whole pixel.
+class GreySpreading {
+public:
+    GreySpreading(const QImage& sourceImage, const RowLoops& rowLoops)
+        : source(sourceImage)
+        , loops(rowLoops)
+        , width(source.width())
+        , height(source.height())
+        , keys(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+    {
+    }
+
+    // Reads the red values above the threshold; returns whether all of those pixels are opaque grey.
+    bool readKeys(int threshold)
+    {
+        const QRgb alwaysSet = bitsAlwaysSet(source);
+        for (int y = 0; y < height; ++y) {
+            if (!loops.readKeys(wordRow(source, y), width, threshold, alwaysSet, rowOf(keys, y)))
+                return false;
+        }
+        return true;
+    }
+
+    void writeInto(QImage& result, int arm)
+    {
+        std::vector<quint8> rowMaxima(keys.size());
+        SlidingByteMaximum row(width, 1, arm, loops);
+        for (int y = 0; y < height; ++y) {
+            std::copy_n(rowOf(keys, y), width, row.bytes());
+            row.writeMaxima(rowOf(rowMaxima, y));
+        }
+        SlidingByteMaximum strip(height, stripColumns, arm, loops);
+        std::vector<quint8> columnMaxima(static_cast<std::size_t>(height) * stripColumns);
+        for (int x = 0; x < width; x += stripColumns) {
+            const int columns = std::min(stripColumns, width - x);
+            quint8* const bytes = strip.bytes();
+            for (int y = 0; y < height; ++y)
+                std::copy_n(
+                    rowOf(keys, y) + x, columns, bytes + y * std::ptrdiff_t { stripColumns });
+            strip.writeMaxima(columnMaxima.data());
+            for (int y = 0; y < height; ++y)
+                loops.overwriteDarker(rowOf(rowMaxima, y) + x,
+                    &columnMaxima[static_cast<std::size_t>(y) * stripColumns], columns,
+                    writableWordRow(result, y) + x);
+        }
+    }
+
+private:
+    // Columns that are worked on side by side: the bytes of a cache line.
+    static constexpr int stripColumns = 64;
+
+    quint8* rowOf(std::vector<quint8>& plane, int y) const
+    {
+        return plane.data() + static_cast<std::ptrdiff_t>(y) * width;
+    }
+
+    const QImage& source;
+    const RowLoops& loops;
+    int width;
+    int height;
+    std::vector<quint8> keys;
+};
+
+// Spreads pixels of any colour. A key holds a red value and says where it comes first, so that of equal
+// reds the earlier one wins.
+class ColourSpreading {
+public:
+    ColourSpreading(const QImage& sourceImage, int armPixels, int redThreshold)
         : source(sourceImage)
         , width(static_cast<std::size_t>(source.width()))
         , height(static_cast<std::size_t>(source.height()))
@@ -71,14 +153,28 @@ public:
     }
 
 private:
-    using Key = typename Keys::Type;
+    using Key = quint64;
 
     // Rows or columns that are worked on side by side.
     static constexpr std::size_t lanes = 64;
 
+    // The complement of the position: of equal reds, the earlier has the greater key.
     Key keyOf(QRgb pixel, std::size_t position) const
     {
-        return qRed(pixel) > threshold ? Keys::of(pixel, static_cast<quint32>(position)) : Key {};
+        if (qRed(pixel) <= threshold)
+            return 0;
+        return static_cast<Key>(qRed(pixel)) << 32U | ~static_cast<quint32>(position);
+    }
+    static int redOf(Key key) { return static_cast<int>(key >> 32U); }
+    static int positionOf(Key key) { return static_cast<int>(~static_cast<quint32>(key)); }
+
+    // Scan order meets the column above (x, y) first, then its row, then the column below.
+    QRgb winner(Key row, Key column, int x, int y) const
+    {
+        const bool columnComesFirst
+            = redOf(column) > redOf(row) || (redOf(column) == redOf(row) && positionOf(column) < y);
+        return columnComesFirst ? wordRow(source, positionOf(column))[x]
+                                : wordRow(source, y)[positionOf(row)];
     }
 
     const QRgb* sourceRow(std::size_t y) const { return wordRow(source, static_cast<int>(y)); }
@@ -119,10 +215,10 @@ private:
         const Key* const keys = &rowKeys[y * width + firstColumn];
         const QRgb alwaysSet = bitsAlwaysSet(source);
         for (std::size_t i = 0; i < count; ++i) {
-            if (std::max(Keys::red(keys[i]), Keys::red(columnKeys[i])) > qRed(pixels[i]))
+            if (std::max(redOf(keys[i]), redOf(columnKeys[i])) > qRed(pixels[i]))
                 pixels[i] = alwaysSet
-                    | Keys::winner(keys[i], columnKeys[i], source,
-                        static_cast<int>(firstColumn + i), static_cast<int>(y));
+                    | winner(keys[i], columnKeys[i], static_cast<int>(firstColumn + i),
+                        static_cast<int>(y));
         }
     }
 
@@ -133,20 +229,6 @@ private:
     const int threshold;
     std::vector<Key> rowKeys;
 };
-
-bool spreadsOpaqueGreyOnly(const QImage& source, int threshold)
-{
-    const QRgb alwaysSet = bitsAlwaysSet(source);
-    for (int y = 0; y < source.height(); ++y) {
-        const QRgb* const row = wordRow(source, y);
-        const bool isGrey = std::all_of(row, row + source.width(), [=](QRgb pixel) {
-            return qRed(pixel) <= threshold || (pixel | alwaysSet) == opaqueGrey(qRed(pixel));
-        });
-        if (!isGrey)
-            return false;
-    }
-    return true;
-}
 
 // For formats in which a pixel that was set may read differently: each pixel meets its candidates
 // in scan order and is read anew whenever one overwrites it.
@@ -176,20 +258,23 @@ void spreadThroughPixels(const QImage& source, int arm, int threshold, QImage& r
 
 } // namespace
 
-QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold)
+QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, const RowLoops& loops)
 {
     QImage result = source.copy();
     const bool isIndexed = source.pixelFormat().colorModel() == QPixelFormat::Indexed;
-    if (arm < 1 || isIndexed)
+    if (arm < 1 || isIndexed || source.isNull())
         return result;
 
     const bool holdsWords
         = source.format() == QImage::Format_ARGB32 || source.format() == QImage::Format_RGB32;
-    if (!holdsWords)
+    if (!holdsWords) {
         spreadThroughPixels(source, arm, threshold, result);
-    else if (spreadsOpaqueGreyOnly(source, threshold))
-        Spreading<GreyKey>(source, arm, threshold).writeInto(result);
+        return result;
+    }
+    GreySpreading greySpreading(source, loops);
+    if (greySpreading.readKeys(threshold))
+        greySpreading.writeInto(result, arm);
     else
-        Spreading<PositionKey>(source, arm, threshold).writeInto(result);
+        ColourSpreading(source, arm, threshold).writeInto(result);
     return result;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loops/RowLoops.h"
+
 #include <QImage>
 
 namespace vx::kernels {
@@ -11,7 +13,8 @@ namespace vx::kernels {
 /// result so far has a smaller red value. Pixels are read and written as QImage::pixel and
 /// QImage::setPixel do; formats whose setPixel takes an index cannot take up a colour and stay as
 /// they are. \return the result, in the format of \a source.
-QImage maxFilter(const QImage& source, int arm, int threshold);
+QImage maxFilter(
+    const QImage& source, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Overwrites pixel by pixel.

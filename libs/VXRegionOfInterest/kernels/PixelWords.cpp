@@ -1,5 +1,10 @@
 #include "PixelWords.h"
 
+#include <QPainter>
+
+#include <algorithm>
+#include <cstring>
+
 QImage vx::kernels::toPixelWords(const QImage& image)
 {
     return image.depth() == 32 ? image : image.convertToFormat(QImage::Format_ARGB32);
@@ -14,4 +19,38 @@ QImage vx::kernels::toPixelValues(const QImage& image)
             row[x] = image.pixel(x, y);
     }
     return values;
+}
+
+bool vx::kernels::isOpaqueBlack(const QImage& words)
+{
+    const auto width = static_cast<std::size_t>(words.width());
+    for (int y = 0; y < words.height(); ++y) {
+        const QRgb* const row = wordRow(words, y);
+        const bool isBlack = y == 0
+            ? std::all_of(row, row + width, [](QRgb pixel) { return pixel == opaqueBlack; })
+            : std::memcmp(row, wordRow(words, 0), width * sizeof(QRgb)) == 0;
+        if (!isBlack)
+            return false;
+    }
+    return true;
+}
+
+QImage vx::kernels::viewOf(const QImage& words, const QRect& part)
+{
+    const QRgb* const first = wordRow(words, part.top()) + part.left();
+    return QImage(reinterpret_cast<const uchar*>(first), part.width(), part.height(),
+        words.bytesPerLine(), QImage::Format_ARGB32);
+}
+
+void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
+{
+    const bool holdsWords = image.format() == QImage::Format_ARGB32
+        || image.format() == QImage::Format_RGB32
+        || image.format() == QImage::Format_ARGB32_Premultiplied;
+    if (!holdsWords) {
+        QPainter(&image).fillRect(part, QColor(colour));
+        return;
+    }
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        std::fill_n(writableWordRow(image, y) + part.left(), part.width(), colour);
 }

@@ -15,6 +15,9 @@ QImage toPixelWords(const QImage& image);
 /// What QImage::pixel says of each pixel of \a image, as an ARGB32 image. A null image stays null.
 QImage toPixelValues(const QImage& image);
 
+/// Whether every pixel of \a words, an image of 32 bits per pixel, is opaque black.
+bool isOpaqueBlack(const QImage& words);
+
 /// Row \a y of an image of 32 bits per pixel, for reading.
 inline const QRgb* wordRow(const QImage& words, int y)
 {
@@ -26,6 +29,14 @@ inline QRgb* writableWordRow(QImage& words, int y)
 {
     return reinterpret_cast<QRgb*>(words.scanLine(y));
 }
+
+/// A part of an image of 32 bits per pixel, as an ARGB32 image that owns no pixels and lives no longer
+/// than \a words. \pre \a part lies within the image.
+QImage viewOf(const QImage& words, const QRect& part);
+
+/// Fills a part of an image of any format but palette ones. \pre \a part lies within the image, and \a
+/// colour is opaque.
+void fillOpaque(const QRect& part, QRgb colour, QImage& image);
 
 constexpr QRgb opaqueBlack = 0xFF000000U;
 

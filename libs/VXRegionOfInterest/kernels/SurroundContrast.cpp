@@ -7,270 +7,242 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <vector>
 
 namespace {
 
 using namespace vx::kernels;
 
-using Row = std::vector<double>;
+constexpr int channelCount = 3;
 
-// One row of the three channels: luma, red difference, blue difference.
-constexpr std::size_t channelCount = 3;
-using ChannelRow = std::array<Row, channelCount>;
-
-std::size_t widthOf(const QImage& words) { return static_cast<std::size_t>(words.width()); }
-
-ChannelRow emptyRow(std::size_t width) { return { Row(width), Row(width), Row(width) }; }
-
-void convertRow(const QImage& words, int y, ChannelRow& row)
-{
-    const QRgb* const pixels = wordRow(words, y);
-    for (std::size_t x = 0; x < widthOf(words); ++x) {
-        const LumaChroma colour = lumaChromaOf(pixels[x]);
-        row[0][x] = colour.luma;
-        row[1][x] = colour.redDifference;
-        row[2][x] = colour.blueDifference;
-    }
-}
-
-// Weights 1, 2, 1 along a row; dividing by 4 is exact as a multiplication.
-void smoothAlongRow(const Row& values, Row& smoothed)
-{
-    const std::size_t last = values.size() - 1;
-    if (last == 0) {
-        smoothed = values;
-        return;
-    }
-    smoothed[0] = (2 * values[0] + values[1]) / 3;
-    for (std::size_t x = 1; x < last; ++x)
-        smoothed[x] = (values[x - 1] + 2 * values[x] + values[x + 1]) * 0.25;
-    smoothed[last] = (values[last - 1] + 2 * values[last]) / 3;
-}
-
-// The smoothed rows of an image, asked for from the top down. Three rows that are smoothed along
-// themselves are kept, the least that smoothing down the columns needs.
-class SmoothedRows {
+// Owns a ChannelRow of zeros.
+class ChannelRowBuffer {
 public:
-    explicit SmoothedRows(const QImage& image)
-        : words(image)
-        , converted(emptyRow(widthOf(image)))
-        , window { converted, converted, converted }
-        , smoothed(converted)
+    explicit ChannelRowBuffer(int width)
+        : values(static_cast<std::size_t>(channelCount * width))
+        , view { values.data(), width }
     {
     }
 
-    const ChannelRow& at(int y)
+    const ChannelRow& row() const { return view; }
+
+private:
+    std::vector<double> values;
+    ChannelRow view;
+};
+
+// Owns an IntegralRow of zeros, with the margins that its loops need.
+class IntegralRowBuffer {
+public:
+    explicit IntegralRowBuffer(int width)
+        : stride((width + 1) / 2 + 2 * integralMargin)
+        , values(static_cast<std::size_t>(2 * channelCount * stride))
     {
-        const ChannelRow& here = alongRow(y);
-        const bool isFirst = y == 0;
-        const bool isLast = y == words.height() - 1;
-        for (std::size_t channel = 0; channel < channelCount; ++channel) {
-            Row& target = smoothed[channel];
-            const Row& middle = here[channel];
-            if (isFirst && isLast)
-                target = middle;
-            else if (isFirst)
-                smoothFirst(middle, alongRow(y + 1)[channel], target);
-            else if (isLast)
-                smoothLast(alongRow(y - 1)[channel], middle, target);
-            else
-                smooth(alongRow(y - 1)[channel], middle, alongRow(y + 1)[channel], target);
+    }
+
+    IntegralRow row() { return { values.data() + integralMargin, stride }; }
+
+    void addRow(const QRgb* pixels, int width)
+    {
+        std::array<double, channelCount> rowSums {};
+        for (int x = 0; x < width; ++x) {
+            const LumaChroma colour = lumaChromaOf(pixels[x]);
+            addTo(rowSums[0], colour.luma, 0, x);
+            addTo(rowSums[1], colour.redDifference, 1, x);
+            addTo(rowSums[2], colour.blueDifference, 2, x);
         }
-        return smoothed;
     }
 
 private:
-    static void smoothFirst(const Row& middle, const Row& below, Row& target)
+    void addTo(double& rowSum, double value, int channel, int x)
     {
-        for (std::size_t x = 0; x < target.size(); ++x)
-            target[x] = (2 * middle[x] + below[x]) / 3;
+        rowSum += value;
+        row().values[(2 * channel + x % 2) * stride + x / 2] += rowSum;
     }
 
-    static void smoothLast(const Row& above, const Row& middle, Row& target)
-    {
-        for (std::size_t x = 0; x < target.size(); ++x)
-            target[x] = (above[x] + 2 * middle[x]) / 3;
-    }
-
-    static void smooth(const Row& above, const Row& middle, const Row& below, Row& target)
-    {
-        for (std::size_t x = 0; x < target.size(); ++x)
-            target[x] = (above[x] + 2 * middle[x] + below[x]) * 0.25;
-    }
-
-    const ChannelRow& alongRow(int y)
-    {
-        const auto slot = static_cast<std::size_t>(y % 3);
-        if (rowInSlot[slot] != y) {
-            convertRow(words, y, converted);
-            for (std::size_t channel = 0; channel < channelCount; ++channel)
-                smoothAlongRow(converted[channel], window[slot][channel]);
-            rowInSlot[slot] = y;
-        }
-        return window[slot];
-    }
-
-    const QImage& words;
-    ChannelRow converted;
-    std::array<ChannelRow, 3> window;
-    std::array<int, 3> rowInSlot { -1, -1, -1 };
-    ChannelRow smoothed;
+    std::ptrdiff_t stride;
+    std::vector<double> values;
 };
 
-// One row of the integral image, which moves down the image.
-class IntegralRow {
+// Rows of an integral image, every second one in ascending order, from the first or the second on;
+// the last row may follow directly upon the one before it. Two rows are held at a time.
+class IntegralRows {
 public:
-    explicit IntegralRow(const QImage& image)
+    IntegralRows(const QImage& image, const RowLoops& rowLoops)
         : words(image)
-        , converted(emptyRow(widthOf(image)))
-        , sums(converted)
+        , loops(rowLoops)
+        , middle(image.width())
+        , end(image.width())
+        , pixels(rowsAtOnce * pixelStride())
     {
     }
 
-    const ChannelRow& moveTo(int y)
+    IntegralRow at(int y)
     {
-        for (; current < y; ++current)
-            addRow(current + 1);
-        return sums;
+        if (y == middleRow)
+            return middle.row();
+        if (y == middleRow + 1 && middleRow > 0) {
+            addRow(y, middle, middleRow);
+            return middle.row();
+        }
+        if (y == endRow + 1)
+            addRow(y, end, endRow);
+        if (y == endRow)
+            return end.row();
+        addFourRows();
+        return middle.row();
     }
+
+    bool holds(int y) const { return y == middleRow || y == endRow; }
 
 private:
-    void addRow(int y)
+    static constexpr std::size_t rowsAtOnce = 4;
+
+    std::size_t pixelStride() const
     {
-        convertRow(words, y, converted);
-        for (std::size_t channel = 0; channel < channelCount; ++channel) {
-            double rowSum = 0;
-            for (std::size_t x = 0; x < widthOf(words); ++x) {
-                rowSum += converted[channel][x];
-                sums[channel][x] += rowSum;
-            }
+        return static_cast<std::size_t>(words.width() + 2 * integralMargin);
+    }
+
+    void addRow(int y, IntegralRowBuffer& sums, int& current) const
+    {
+        sums.addRow(wordRow(words, y), words.width());
+        current = y;
+    }
+
+    // Below the image its last row is repeated; nobody asks for those sums.
+    void addFourRows()
+    {
+        std::array<const QRgb*, rowsAtOnce> rows {};
+        for (std::size_t i = 0; i < rowsAtOnce; ++i) {
+            const int y = std::min(endRow + 1 + static_cast<int>(i), words.height() - 1);
+            QRgb* const copy = &pixels[i * pixelStride() + integralMargin];
+            std::copy_n(wordRow(words, y), words.width(), copy);
+            rows[i] = copy;
         }
+        loops.integrateFourRows(rows.data(), words.width(), middle.row(), end.row());
+        middleRow = endRow + 2;
+        endRow += 4;
     }
 
     const QImage& words;
-    ChannelRow converted;
-    ChannelRow sums;
-    int current = -1;
+    const RowLoops& loops;
+    IntegralRowBuffer middle;
+    IntegralRowBuffer end;
+    int middleRow = -1;
+    int endRow = -1;
+    std::vector<QRgb> pixels;
 };
-
-// The sums over the surrounds of one row's pixels, whose rows begin with the image: in the left
-// half the columns do as well, in the right half they end with it.
-void sumSurroundsFromTop(const Row& bottom, Row& sums)
-{
-    const std::size_t width = sums.size();
-    const std::size_t last = width - 1;
-    const std::size_t leftHalf = width / 2 + 1;
-    for (std::size_t x = 0; x < std::min(leftHalf, width); ++x)
-        sums[x] = bottom[std::min(2 * x, last)];
-    for (std::size_t x = leftHalf; x < width; ++x)
-        sums[x] = bottom[last] - bottom[2 * x - width - 1];
-}
-
-// The same for surrounds whose rows begin below the row `above` of the integral image.
-void sumSurroundsBelow(const Row& above, const Row& bottom, Row& sums)
-{
-    const std::size_t width = sums.size();
-    const std::size_t last = width - 1;
-    const std::size_t leftHalf = width / 2 + 1;
-    for (std::size_t x = 0; x < std::min(leftHalf, width); ++x) {
-        const std::size_t right = std::min(2 * x, last);
-        sums[x] = bottom[right] - above[right];
-    }
-    for (std::size_t x = leftHalf; x < width; ++x) {
-        const std::size_t before = 2 * x - width - 1;
-        sums[x] = bottom[last] + above[before] - above[last] - bottom[before];
-    }
-}
 
 // In the upper half of the image every surround begins with row 0, in the lower half every surround
 // ends with the last row. So two sweeps with one moving row of the integral image each are enough,
 // and nothing but the contrasts is as large as the image.
 class Contrasts {
 public:
-    explicit Contrasts(const QImage& image)
+    Contrasts(const QImage& image, const RowLoops& rowLoops)
         : words(image)
-        , width(widthOf(image))
-        , values(width * static_cast<std::size_t>(image.height()))
-        , smoothedRows(image)
-        , surroundSums(emptyRow(width))
-        , surroundColumns(width)
+        , loops(rowLoops)
+        , width(static_cast<std::size_t>(image.width()))
+        , values(new double[width * static_cast<std::size_t>(image.height())])
+        , alongRow(image.width())
+        , weightedSum(image.width())
+        , surroundWidths(width)
+        , widthReciprocals(width)
+        , upper(image, rowLoops)
+        , lower(image, rowLoops)
     {
         for (std::size_t x = 0; x < width; ++x) {
             const std::size_t reach = std::min(x, width - x);
-            surroundColumns[x]
+            surroundWidths[x]
                 = static_cast<double>(std::min(x + reach, width - 1) - (x - reach) + 1);
+            widthReciprocals[x] = 1 / surroundWidths[x];
         }
         sweep();
     }
 
-    const std::vector<double>& all() const { return values; }
+    const Range& range() const { return valueRange; }
+    const double* row(int y) const { return &values[static_cast<std::size_t>(y) * width]; }
 
 private:
     void sweep()
     {
-        const int height = words.height();
-        IntegralRow upper(words);
+        const SurroundColumns columns { surroundWidths.data(), widthReciprocals.data() };
+        const SmoothingState state { alongRow.row(), weightedSum.row() };
+        loops.beginSmoothing(wordRow(words, 0), words.width(), state);
         int y = 0;
-        for (; 2 * y <= height && y < height; ++y) {
-            const int bottom = std::min(2 * y, height - 1);
-            const ChannelRow& sums = upper.moveTo(bottom);
-            for (std::size_t channel = 0; channel < channelCount; ++channel)
-                sumSurroundsFromTop(sums[channel], surroundSums[channel]);
-            writeRow(y, bottom + 1);
-        }
-        IntegralRow lower(words);
-        for (; y < height; ++y) {
-            const int top = 2 * y - height;
-            const ChannelRow& bottom = upper.moveTo(height - 1);
-            const ChannelRow& above = lower.moveTo(top - 1);
-            for (std::size_t channel = 0; channel < channelCount; ++channel)
-                sumSurroundsBelow(above[channel], bottom[channel], surroundSums[channel]);
-            writeRow(y, height - top);
+        while (y < words.height()) {
+            std::array<ContrastRow, 2> rows { contrastRow(y) };
+            const int count = pairsWithNext(y) ? 2 : 1;
+            if (count == 2)
+                rows[1] = contrastRow(y + 1);
+            loops.contrastRows(words.width(), columns, state, rows.data(), count, &valueRange);
+            y += count;
         }
     }
 
-    void writeRow(int y, int surroundRows)
+    bool isUpper(int y) const { return 2 * y <= words.height(); }
+    bool isInner(int y) const { return y > 0 && y < words.height() - 1; }
+
+    // The row of the integral image that the surrounds end with in the upper half; the one above
+    // their first in the lower half.
+    int movingRow(int y) const
     {
-        const ChannelRow& smoothed = smoothedRows.at(y);
-        double* const row = &values[static_cast<std::size_t>(y) * width];
-        for (std::size_t x = 0; x < width; ++x) {
-            const double area = surroundColumns[x] * surroundRows;
-            const auto squaredDistance = [&](std::size_t channel) {
-                const double distance = surroundSums[channel][x] / area - smoothed[channel][x];
-                return distance * distance;
-            };
-            row[x] = squaredDistance(0) + squaredDistance(1) + squaredDistance(2);
+        return isUpper(y) ? std::min(2 * y, words.height() - 1) : 2 * y - words.height() - 1;
+    }
+
+    bool pairsWithNext(int y) const
+    {
+        return isInner(y) && isInner(y + 1) && isUpper(y) == isUpper(y + 1)
+            && (isUpper(y) ? upper : lower).holds(movingRow(y + 1));
+    }
+
+    ContrastRow contrastRow(int y)
+    {
+        const int height = words.height();
+        const bool isLast = y == height - 1;
+        ContrastRow row {};
+        row.next = isLast ? nullptr : wordRow(words, y + 1);
+        row.weights = 4.0 - (y == 0 ? 1 : 0) - (isLast ? 1 : 0);
+        row.contrasts = &values[static_cast<std::size_t>(y) * width];
+        if (isUpper(y)) {
+            row.bottom = upper.at(movingRow(y));
+            row.surroundRows = movingRow(y) + 1;
+        } else {
+            row.bottom = upper.at(height - 1);
+            row.above = lower.at(movingRow(y));
+            row.surroundRows = height - 1 - movingRow(y);
         }
+        return row;
     }
 
     const QImage& words;
+    const RowLoops& loops;
     const std::size_t width;
-    std::vector<double> values;
-    SmoothedRows smoothedRows;
-    ChannelRow surroundSums;
-    Row surroundColumns;
+    std::unique_ptr<double[]> values; // not filled with zeros first: that costs as much as a pass
+    ChannelRowBuffer alongRow;
+    ChannelRowBuffer weightedSum;
+    std::vector<double> surroundWidths;
+    std::vector<double> widthReciprocals;
+    IntegralRows upper;
+    IntegralRows lower;
+    Range valueRange { 1073741824, 0 };
 };
 
 } // namespace
 
-void vx::kernels::surroundContrast(const QImage& words, QImage& target)
+void vx::kernels::surroundContrast(const QImage& words, QImage& target, const RowLoops& loops)
 {
     if (words.isNull())
         return;
-    const Contrasts contrasts(words);
-    const auto [smallest, greatest]
-        = std::minmax_element(contrasts.all().begin(), contrasts.all().end());
-    const double least = *smallest;
-    const int range = static_cast<int>(*greatest - least);
-
-    const double* contrast = contrasts.all().data();
-    for (int y = 0; y < target.height(); ++y) {
-        QRgb* const row = writableWordRow(target, y);
-        for (int x = 0; x < target.width(); ++x, ++contrast) {
-            // At most 255, because no truncated difference exceeds the truncated range.
-            const int level = range == 0 ? 0 : static_cast<int>(*contrast - least) * 255 / range;
-            row[x] = opaqueGrey(level);
-        }
+    const Contrasts contrasts(words, loops);
+    const auto [least, greatest] = contrasts.range();
+    const int range = static_cast<int>(greatest - least);
+    if (range == 0) {
+        target.fill(opaqueBlack);
+        return;
     }
+    // At most 255, because no truncated difference exceeds the truncated range.
+    for (int y = 0; y < target.height(); ++y)
+        loops.writeLevels(
+            contrasts.row(y), target.width(), least, range, writableWordRow(target, y));
 }

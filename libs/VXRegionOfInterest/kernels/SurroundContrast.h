@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loops/RowLoops.h"
+
 #include <QImage>
 
 namespace vx::kernels {
@@ -15,8 +17,10 @@ namespace vx::kernels {
 /// all contrasts and truncated; 0 everywhere when that range is 0. Pixels are opaque grey.
 ///
 /// The arithmetic is that of Planes.h: the mean is rectangleSum() of the integral image, divided by
-/// the area, and the smoothed value that of smoothSeparably().
-void surroundContrast(const QImage& words, QImage& target);
+/// the area, and the smoothed value that of smoothSeparably(). Needs 8 bytes of memory per pixel and
+/// a few rows.
+void surroundContrast(
+    const QImage& words, QImage& target, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Builds whole planes and integral images.

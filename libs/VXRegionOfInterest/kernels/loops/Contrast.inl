@@ -1,0 +1,324 @@
+// Smoothing, and the distance between what is smoothed and what surrounds it, for one row or two of
+// them at once. A chunk of columns goes all the way, so that what lies between stays in the cache
+// next to the processor.
+
+// More than a chunk's stores can be under way: a vector that is loaded across two of them would wait.
+constexpr std::ptrdiff_t chunkColumns = 128;
+
+// Columns x - 1 to x + count of a row, each channel on its own; later columns x to x + count - 1 of
+// what has become of them.
+struct ChannelChunk {
+    alignas(64) double of[channelCount][chunkColumns + 2];
+};
+
+// A run of columns of a row.
+struct Columns {
+    std::ptrdiff_t first;
+    std::ptrdiff_t count;
+};
+
+VX_ALWAYS_INLINE void convertColumns(const QRgb* pixels, std::ptrdiff_t count, double* luma,
+    double* redDifference, double* blueDifference)
+{
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
+        toLumaChroma(redOf(pixels[i]), greenOf(pixels[i]), blueOf(pixels[i]), luma[i],
+            redDifference[i], blueDifference[i]);
+    }
+}
+
+// Columns and their neighbours; beside the row its outermost column is repeated.
+VX_ALWAYS_INLINE void convertChunk(
+    const QRgb* row, int width, const Columns& columns, ChannelChunk& chunk)
+{
+    const std::ptrdiff_t before = columns.first == 0 ? 0 : 1;
+    const std::ptrdiff_t end = columns.first + columns.count;
+    const std::ptrdiff_t after = end == width ? 0 : 1;
+    convertColumns(row + columns.first - before, before + columns.count + after,
+        chunk.of[0] + 1 - before, chunk.of[1] + 1 - before, chunk.of[2] + 1 - before);
+    for (auto& channel : chunk.of) {
+        if (before == 0)
+            channel[0] = channel[1];
+        if (after == 0)
+            channel[columns.count + 1] = channel[columns.count];
+    }
+}
+
+// Weights 1, 2, 1 along the row; dividing by 4 is exact as a multiplication. The outermost columns
+// have one neighbour, or none.
+VX_ALWAYS_INLINE void smoothAlong(double* values, int width, const Columns& columns)
+{
+    const std::ptrdiff_t count = columns.count;
+    const bool isLeft = columns.first == 0;
+    const bool isRight = columns.first + count == width;
+    const double left = (2 * values[1] + values[2]) / 3;
+    const double right = (values[count - 1] + 2 * values[count]) / 3;
+    const double alone = values[1];
+    for (std::ptrdiff_t i = 0; i < count; ++i)
+        values[i] = (values[i] + 2 * values[i + 1] + values[i + 2]) * 0.25;
+    if (isLeft)
+        values[0] = left;
+    if (isRight)
+        values[count - 1] = right;
+    if (isLeft && isRight && width == 1)
+        values[0] = alone;
+}
+
+VX_ALWAYS_INLINE void smoothChunkAlong(
+    const QRgb* row, int width, const Columns& columns, ChannelChunk& chunk)
+{
+    convertChunk(row, width, columns, chunk);
+    for (int channel = 0; channel < channelCount; ++channel)
+        smoothAlong(chunk.of[channel], width, columns);
+}
+
+// Takes rows that are smoothed along themselves into the state, one after the other, and leaves in
+// their place what smoothing down the columns makes of the row before each.
+template <std::size_t rowCount, bool isInner>
+VX_ALWAYS_INLINE void smoothChunkDown(ChannelChunk (&chunks)[rowCount], const Columns& columns,
+    const SmoothingState& state, double weights)
+{
+    for (int channel = 0; channel < channelCount; ++channel) {
+        double* __restrict const alongRow
+            = state.alongRow.values + channel * state.alongRow.stride + columns.first;
+        double* __restrict const weightedSum
+            = state.weightedSum.values + channel * state.weightedSum.stride + columns.first;
+        for (std::ptrdiff_t i = 0; i < columns.count; ++i) {
+            double latest = alongRow[i];
+            double sum = weightedSum[i];
+            for (std::size_t row = 0; row < rowCount; ++row) {
+                const double next = chunks[row].of[channel][i];
+                chunks[row].of[channel][i] = isInner ? (sum + next) * 0.25 : (sum + next) / weights;
+                sum = latest + 2 * next;
+                latest = next;
+            }
+            alongRow[i] = latest;
+            weightedSum[i] = sum;
+        }
+    }
+}
+
+void beginSmoothing(const QRgb* firstRow, int width, const SmoothingState& state)
+{
+    for (std::ptrdiff_t x = 0; x < width; x += chunkColumns) {
+        const Columns columns { x, width - x < chunkColumns ? width - x : chunkColumns };
+        ChannelChunk chunk;
+        smoothChunkAlong(firstRow, width, columns, chunk);
+        for (int channel = 0; channel < channelCount; ++channel) {
+            double* const alongRow = state.alongRow.values + channel * state.alongRow.stride + x;
+            double* const weightedSum
+                = state.weightedSum.values + channel * state.weightedSum.stride + x;
+            for (std::ptrdiff_t i = 0; i < columns.count; ++i) {
+                alongRow[i] = chunk.of[channel][i];
+                weightedSum[i] = 2 * chunk.of[channel][i];
+            }
+        }
+    }
+}
+
+// sum / count, the reciprocal of the count being known to within a few units in the last place.
+//
+// With fused operations, a product with the reciprocal is corrected by its own remainder. That gives
+// the rounded quotient itself: the product q is off by a few units u in its last place, the remainder
+// sum - q · count is exact because it is a small multiple of u, and the correction is off by less
+// than u · 2⁻⁴⁸. The count being a whole number below 2³¹, no quotient lies that close to the middle
+// of two doubles: sum - middle · count is a multiple of u / 2, and it is not 0, because the product of
+// a whole number and a middle, which has 54 binary digits, is no double.
+VX_ALWAYS_INLINE double quotient(double sum, double count, double reciprocal)
+{
+#ifdef __FMA__
+    const double product = sum * reciprocal;
+    const double remainder = __builtin_fma(-product, count, sum);
+    return __builtin_fma(remainder, reciprocal, product);
+#else
+    static_cast<void>(reciprocal);
+    return sum / count;
+#endif
+}
+
+// sumOf(channel, i) is the sum over the surround of the i-th of the columns.
+template <typename SumOf>
+VX_ALWAYS_INLINE void contrastChunk(const SurroundColumns& surrounds, const ContrastRow& row,
+    const Columns& columns, const ChannelChunk& smoothed, const SumOf& sumOf)
+{
+    const double rows = row.surroundRows;
+    const double rowReciprocal = 1 / rows;
+    const double* const widths = surrounds.widths + columns.first;
+    const double* const reciprocals = surrounds.reciprocals + columns.first;
+    double* __restrict const contrasts = row.contrasts + columns.first;
+    for (std::ptrdiff_t i = 0; i < columns.count; ++i) {
+        const double area = widths[i] * rows;
+        const double reciprocal = reciprocals[i] * rowReciprocal;
+        const double a = quotient(sumOf(0, i), area, reciprocal) - smoothed.of[0][i];
+        const double b = quotient(sumOf(1, i), area, reciprocal) - smoothed.of[1][i];
+        const double c = quotient(sumOf(2, i), area, reciprocal) - smoothed.of[2][i];
+        contrasts[i] = a * a + b * b + c * c;
+    }
+}
+
+VX_ALWAYS_INLINE void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
+{
+    constexpr auto lanes = static_cast<std::ptrdiff_t>(sizeof(Doubles) / sizeof(double));
+    Doubles least = Doubles {} + range.least;
+    Doubles greatest = Doubles {} + range.greatest;
+    std::ptrdiff_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        Doubles next;
+        __builtin_memcpy(&next, numbers + i, sizeof next);
+        least = next < least ? next : least;
+        greatest = next > greatest ? next : greatest;
+    }
+    for (; i < count; ++i) {
+        range.least = numbers[i] < range.least ? numbers[i] : range.least;
+        range.greatest = numbers[i] > range.greatest ? numbers[i] : range.greatest;
+    }
+    for (std::ptrdiff_t lane = 0; lane < lanes; ++lane) {
+        range.least = least[lane] < range.least ? least[lane] : range.least;
+        range.greatest = greatest[lane] > range.greatest ? greatest[lane] : range.greatest;
+    }
+}
+
+// Rows that are worked on together.
+template <std::size_t rowCount> struct ContrastRows {
+    int width;
+    const SurroundColumns& surrounds;
+    const SmoothingState& state;
+    const ContrastRow* rows;
+    Range& range;
+};
+
+// sumOf(row, channel, i) is the sum over the surround of the i-th of the columns.
+template <std::size_t rowCount, typename SumOf>
+VX_ALWAYS_INLINE void contrastColumns(
+    const ContrastRows<rowCount>& all, const Columns& columns, const SumOf& sumOf)
+{
+    for (std::ptrdiff_t done = 0; done < columns.count; done += chunkColumns) {
+        const std::ptrdiff_t rest = columns.count - done;
+        const Columns part { columns.first + done, rest < chunkColumns ? rest : chunkColumns };
+        ChannelChunk chunks[rowCount];
+        for (std::size_t row = 0; row < rowCount; ++row) {
+            if (all.rows[row].next != nullptr)
+                smoothChunkAlong(all.rows[row].next, all.width, part, chunks[row]);
+            else
+                chunks[row] = {};
+        }
+        if (all.rows[0].weights == 4.0)
+            smoothChunkDown<rowCount, true>(chunks, part, all.state, 4.0);
+        else
+            smoothChunkDown<rowCount, false>(chunks, part, all.state, all.rows[0].weights);
+        for (std::size_t row = 0; row < rowCount; ++row) {
+            contrastChunk(all.surrounds, all.rows[row], part, chunks[row],
+                [&](int channel, std::ptrdiff_t i) { return sumOf(row, channel, done + i); });
+            widenRange(all.rows[row].contrasts + part.first, part.count, all.range);
+        }
+    }
+}
+
+// Column x of an integral row and every second one after it, in all channels.
+struct EverySecondColumn {
+    const double* of[channelCount];
+};
+
+VX_ALWAYS_INLINE EverySecondColumn columnsFrom(const IntegralRow& row, std::ptrdiff_t x)
+{
+    const double* const first = row.values + x % 2 * row.stride + x / 2;
+    return { { first, first + 2 * row.stride, first + 4 * row.stride } };
+}
+
+// The same of the rows that surrounds end with and, unless they begin with row 0, of those above.
+template <std::size_t rowCount, bool fromRow0> struct Corners {
+    EverySecondColumn bottom[rowCount];
+    EverySecondColumn above[rowCount];
+
+    VX_ALWAYS_INLINE Corners(const ContrastRow* rows, std::ptrdiff_t x)
+    {
+        for (std::size_t row = 0; row < rowCount; ++row) {
+            bottom[row] = columnsFrom(rows[row].bottom, x);
+            if (!fromRow0)
+                above[row] = columnsFrom(rows[row].above, x);
+        }
+    }
+};
+
+// Columns whose surrounds begin with column 0, and end with column `right` and every second one
+// after it.
+template <std::size_t rowCount, bool fromRow0>
+VX_ALWAYS_INLINE void contrastFromLeft(
+    const ContrastRows<rowCount>& all, const Columns& columns, std::ptrdiff_t right)
+{
+    const Corners<rowCount, fromRow0> corners(all.rows, right);
+    contrastColumns(all, columns, [&](std::size_t row, int channel, std::ptrdiff_t i) {
+        const double bottom = corners.bottom[row].of[channel][i];
+        return fromRow0 ? bottom : bottom - corners.above[row].of[channel][i];
+    });
+}
+
+// Columns whose surrounds end with the last column, and begin after column `before` and every second
+// one after it.
+template <std::size_t rowCount, bool fromRow0>
+VX_ALWAYS_INLINE void contrastToRight(
+    const ContrastRows<rowCount>& all, const Columns& columns, std::ptrdiff_t before)
+{
+    const Corners<rowCount, fromRow0> corners(all.rows, before);
+    const Corners<rowCount, fromRow0> last(all.rows, all.width - 1);
+    double bottoms[rowCount][channelCount];
+    double aboves[rowCount][channelCount];
+    for (std::size_t row = 0; row < rowCount; ++row) {
+        for (int channel = 0; channel < channelCount; ++channel) {
+            bottoms[row][channel] = *last.bottom[row].of[channel];
+            aboves[row][channel] = fromRow0 ? 0 : *last.above[row].of[channel];
+        }
+    }
+    contrastColumns(all, columns, [&](std::size_t row, int channel, std::ptrdiff_t i) {
+        const double bottom = bottoms[row][channel];
+        if (fromRow0)
+            return bottom - corners.bottom[row].of[channel][i];
+        return bottom + corners.above[row].of[channel][i] - aboves[row][channel]
+            - corners.bottom[row].of[channel][i];
+    });
+}
+
+// In the left half a surround begins with column 0 and ends with column 2x, or the last one; in the
+// right half it ends with the last column and begins after column 2x - width - 1.
+template <std::size_t rowCount, bool fromRow0>
+void contrastFullRows(const ContrastRows<rowCount>& all)
+{
+    const std::ptrdiff_t width = all.width;
+    const std::ptrdiff_t leftHalf = (width + 1) / 2;
+    contrastFromLeft<rowCount, fromRow0>(all, { 0, leftHalf }, 0);
+    std::ptrdiff_t x = leftHalf;
+    if (width % 2 == 0) {
+        contrastFromLeft<rowCount, fromRow0>(all, { x, 1 }, width - 1);
+        ++x;
+    }
+    if (x < width)
+        contrastToRight<rowCount, fromRow0>(all, { x, width - x }, 2 * x - width - 1);
+}
+
+template <std::size_t rowCount> void contrastEitherHalf(const ContrastRows<rowCount>& all)
+{
+    if (all.rows[0].above.values == nullptr)
+        contrastFullRows<rowCount, true>(all);
+    else
+        contrastFullRows<rowCount, false>(all);
+}
+
+void contrastRows(int width, const SurroundColumns& surrounds, const SmoothingState& state,
+    const ContrastRow* rows, int count, Range* range)
+{
+    if (count == 2)
+        contrastEitherHalf<2>({ width, surrounds, state, rows, *range });
+    else
+        contrastEitherHalf<1>({ width, surrounds, state, rows, *range });
+}
+
+// A whole number n divided by another, d, truncates like (n + 0.5) · (1 / d): that is at least 0.5 /
+// d away from every whole number, and rounded by far less, since both are below 2³¹.
+void writeLevels(
+    const double* contrasts, int count, double least, int range, QRgb* __restrict pixels)
+{
+    const double reciprocal = 1.0 / range;
+    for (int i = 0; i < count; ++i) {
+        const double above = static_cast<int>(contrasts[i] - least);
+        pixels[i] = opaqueGrey(static_cast<int>((above * 255 + 0.5) * reciprocal));
+    }
+}

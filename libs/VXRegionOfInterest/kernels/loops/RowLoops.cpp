@@ -1,0 +1,87 @@
+#include "../ExactArithmetic.h"
+
+#include "RowLoops.h"
+
+#ifdef __AVX__
+#include <immintrin.h>
+#endif
+
+// Compiled more than once, with flags for different processors, under the name that VXROI_LOOPS
+// gives. Everything but the table of loops is local to this file and nothing is taken from headers,
+// inline functions of the standard library included: the linker keeps one copy of such a function,
+// and it must not be one that this processor cannot run.
+#ifndef VXROI_LOOPS
+#define VXROI_LOOPS plain
+#endif
+
+#define VX_ALWAYS_INLINE [[gnu::always_inline]] inline
+#define VX_STRINGIFIED(name) #name
+#define VX_NAME_OF(name) VX_STRINGIFIED(name)
+
+namespace {
+
+using namespace vx::kernels;
+
+constexpr int channelCount = 3;
+
+using FourDoubles = double __attribute__((vector_size(32)));
+
+// As many doubles as this processor has in a register.
+#ifdef __AVX__
+using Doubles = FourDoubles;
+#else
+using Doubles = double __attribute__((vector_size(16)));
+#endif
+
+VX_ALWAYS_INLINE double redOf(QRgb pixel) { return static_cast<int>(pixel >> 16U & 0xFFU); }
+VX_ALWAYS_INLINE double greenOf(QRgb pixel) { return static_cast<int>(pixel >> 8U & 0xFFU); }
+VX_ALWAYS_INLINE double blueOf(QRgb pixel) { return static_cast<int>(pixel & 0xFFU); }
+
+VX_ALWAYS_INLINE QRgb opaqueGrey(int level)
+{
+    return 0xFF000000U | static_cast<QRgb>(level) * 0x010101U;
+}
+
+// See LumaChroma.h; for doubles and for vectors of them.
+template <typename Number>
+VX_ALWAYS_INLINE void toLumaChroma(const Number& red, const Number& green, const Number& blue,
+    Number& luma, Number& redDifference, Number& blueDifference)
+{
+    luma = 0.299 * red + 0.587 * green + 0.114 * blue;
+    redDifference = (red - luma) * 0.713 + 128.0;
+    blueDifference = (blue - luma) * 0.564 + 128.0;
+}
+
+#include "Chroma.inl"
+#include "Contrast.inl"
+#include "Edges.inl"
+#include "Integral.inl"
+#include "Levels.inl"
+#include "Maximum.inl"
+
+} // namespace
+
+namespace vx::kernels::loops {
+
+extern const RowLoops VXROI_LOOPS;
+const RowLoops VXROI_LOOPS = {
+    VX_NAME_OF(VXROI_LOOPS),
+    integrateFourRows,
+    beginSmoothing,
+    contrastRows,
+    writeLevels,
+    writeProducts,
+    weighReds,
+    addWeightedReds,
+    divideSums,
+    packLumaChroma,
+    areZero,
+    splitChannels,
+    respondAlongRow,
+    writeMagnitudes,
+    readKeys,
+    writeMaxima,
+    overwriteDarker,
+};
+
+} // namespace vx::kernels::loops
