@@ -17,48 +17,12 @@ constexpr int histogramWeight = -10; // the map is subtracted
 constexpr int veryImportantAreasWeight = 20;
 constexpr int achantaWeight = 10;
 
-// Blends maps as they come. Only one of them is held at a time: to touch fresh memory costs more than
-// the arithmetic on it.
-class RunningBlend {
-public:
-    explicit RunningBlend(const QList<int>& mapWeights)
-        : weights(mapWeights)
-    {
-    }
-
-    void add(const QImage& map)
-    {
-        if (count == 0)
-            first = map;
-        else if (count == 1)
-            begin();
-        if (count > 0)
-            vx::kernels::addToBlend(map, weights.value(count), sums);
-        ++count;
-    }
-
-    // Null without a map; a single map as it is.
-    QImage result()
-    {
-        if (count < 2)
-            return first;
-        vx::kernels::finishBlend(weights, sums);
-        return sums;
-    }
-
-private:
-    void begin()
-    {
-        sums = QImage(first.size(), QImage::Format_ARGB32);
-        vx::kernels::beginBlend(first, weights.value(0), sums);
-        first = QImage();
-    }
-
-    QList<int> weights;
-    QImage first;
-    QImage sums;
-    int count = 0;
-};
+QImage blended(const std::vector<vx::kernels::RedPlane>& maps, const QList<int>& weights)
+{
+    QImage target(maps.front().width, maps.front().height, QImage::Format_ARGB32);
+    vx::kernels::blend(maps, weights, target);
+    return target;
+}
 
 } // namespace
 
@@ -148,10 +112,17 @@ void VXSalienzMixer::updateHistogramMinHeight(double fraction)
 
 QImage VXSalienzMixer::analyze(const QImage& image)
 {
-    RunningBlend blend(gatherWeights());
-    forEachMap(image, [&blend](const QImage& map) { blend.add(map); });
-    const QImage blended = blend.result();
-    return blended.isNull() ? image : blended;
+    // The same as mixing what gatherResults() returns, but no map is kept longer than it takes to read
+    // its red values: to touch fresh memory costs more than the arithmetic on it.
+    QImage firstMap;
+    std::vector<vx::kernels::RedPlane> maps;
+    forEachMap(image, [&](const QImage& map) {
+        firstMap = maps.empty() ? map : QImage();
+        maps.push_back(vx::kernels::redPlaneOf(map));
+    });
+    if (maps.empty())
+        return image;
+    return maps.size() == 1 ? firstMap : blended(maps, gatherWeights());
 }
 
 QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
@@ -192,11 +163,8 @@ QImage VXSalienzMixer::mix(const QList<QImage>& maps, const QList<int>& weights)
     if (maps.isEmpty())
         return QImage();
 
-    QList<QImage> words;
+    std::vector<vx::kernels::RedPlane> planes;
     for (const QImage& map : maps)
-        words.append(vx::kernels::toPixelWords(map));
-
-    QImage blended(maps.first().size(), QImage::Format_ARGB32);
-    vx::kernels::blend(words, weights, blended);
-    return blended;
+        planes.push_back(vx::kernels::redPlaneOf(vx::kernels::toPixelWords(map)));
+    return blended(planes, weights);
 }

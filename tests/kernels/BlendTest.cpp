@@ -20,8 +20,11 @@ testing::AssertionResult fastEqualsPlain(const QList<QImage>& maps, const QList<
 {
     return support::everyVariantGives(
         plainBlend(maps, weights), [&](const vx::kernels::RowLoops& loops) {
+            std::vector<vx::kernels::RedPlane> planes;
+            for (const QImage& map : maps)
+                planes.push_back(vx::kernels::redPlaneOf(map, loops));
             QImage target(maps.first().size(), QImage::Format_ARGB32);
-            vx::kernels::blend(maps, weights, target, loops);
+            vx::kernels::blend(planes, weights, target, loops);
             return target;
         });
 }
@@ -96,6 +99,6 @@ TEST(Blend, mapsOfOtherSizesEndWhereTheyEnd)
 TEST(Blend, nullTargetIsLeftAlone)
 {
     QImage target;
-    vx::kernels::blend({ support::noise(4, 4, 1) }, { 1 }, target);
+    vx::kernels::blend({ vx::kernels::redPlaneOf(support::noise(4, 4, 1)) }, { 1 }, target);
     EXPECT_TRUE(target.isNull());
 }

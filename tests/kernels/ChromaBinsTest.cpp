@@ -64,23 +64,24 @@ TEST(ChromaBins, fastEqualsPlainForRandomTables)
         const QImage image
             = support::noise(1 + random.below(60), 1 + random.below(60), random.word());
         Table plainCounts(rows, columns);
-        Table counts(rows, columns);
         reference::countChroma(image, plainCounts.bins);
-        countChroma(image, counts.bins);
-        expectSame(plainCounts, counts);
 
         Table other(1 + random.below(40), 1 + random.below(40));
         for (double& value : other.values)
             value = random.below(1000) / 999.0;
-        for (const RowLoops* const loops : availableRowLoops())
+        for (const RowLoops* const loops : availableRowLoops()) {
+            Table counts(rows, columns);
+            countChroma(image, counts.bins, *loops);
+            expectSame(plainCounts, counts);
             expectSameArithmetic(counts, other, *loops);
+        }
     }
 }
 
 TEST(ChromaBins, countsIntoTablesBeyondTheCacheAsWell)
 {
     const QImage image = support::noise(70, 50, 2);
-    for (const int rows : { 64, 65, 257 }) {
+    for (const int rows : { 32, 33, 257 }) {
         Table plain(rows, 64);
         Table fast(rows, 64);
         reference::countChroma(image, plain.bins);

@@ -16,40 +16,31 @@ qint32 divisorOf(const QList<int>& weights)
 
 } // namespace
 
-void vx::kernels::blend(
-    const QList<QImage>& maps, const QList<int>& weights, QImage& target, const RowLoops& loops)
+vx::kernels::RedPlane vx::kernels::redPlaneOf(const QImage& words, const RowLoops& loops)
 {
-    beginBlend(maps.value(0), weights.value(0), target, loops);
-    for (int i = 1; i < maps.size(); ++i)
-        addToBlend(maps.at(i), weights.value(i), target, loops);
-    finishBlend(weights, target, loops);
+    const auto width = static_cast<std::size_t>(words.width());
+    RedPlane plane { words.width(), words.height(), {} };
+    plane.values.resize(width * static_cast<std::size_t>(words.height()));
+    for (int y = 0; y < words.height(); ++y)
+        loops.readReds(wordRow(words, y), words.width(),
+            plane.values.data() + static_cast<std::size_t>(y) * width);
+    return plane;
 }
 
-void vx::kernels::beginBlend(
-    const QImage& firstMap, int weight, QImage& sums, const RowLoops& loops)
-{
-    for (int y = 0; y < sums.height(); ++y) {
-        QRgb* const row = writableWordRow(sums, y);
-        const int inBoth = y < firstMap.height() ? std::min(firstMap.width(), sums.width()) : 0;
-        if (inBoth > 0)
-            loops.weighReds(wordRow(firstMap, y), inBoth, static_cast<quint32>(weight), row);
-        std::fill(row + inBoth, row + sums.width(), 0U);
-    }
-}
-
-void vx::kernels::addToBlend(const QImage& map, int weight, QImage& sums, const RowLoops& loops)
-{
-    const int height = std::min(map.height(), sums.height());
-    const int width = std::min(map.width(), sums.width());
-    for (int y = 0; y < height; ++y) {
-        loops.addWeightedReds(
-            wordRow(map, y), width, static_cast<quint32>(weight), writableWordRow(sums, y));
-    }
-}
-
-void vx::kernels::finishBlend(const QList<int>& weights, QImage& sums, const RowLoops& loops)
+void vx::kernels::blend(const std::vector<RedPlane>& maps, const QList<int>& weights,
+    QImage& target, const RowLoops& loops)
 {
     const qint32 divisor = divisorOf(weights);
-    for (int y = 0; y < sums.height(); ++y)
-        loops.divideSums(writableWordRow(sums, y), sums.width(), divisor);
+    std::vector<quint32> sums(static_cast<std::size_t>(target.width()));
+    for (int y = 0; y < target.height(); ++y) {
+        std::fill(sums.begin(), sums.end(), 0U);
+        int index = 0;
+        for (const RedPlane& map : maps) {
+            const auto weight = static_cast<quint32>(weights.value(index++));
+            if (y < map.height)
+                loops.addWeighted(map.values.data() + static_cast<std::ptrdiff_t>(y) * map.width,
+                    std::min(map.width, target.width()), weight, sums.data());
+        }
+        loops.divideSums(sums.data(), target.width(), divisor, writableWordRow(target, y));
+    }
 }

@@ -5,31 +5,32 @@
 #include <QImage>
 #include <QList>
 
+#include <vector>
+
 namespace vx::kernels {
 
-/// Blends \a maps by \a weights, paired by position, into \a target.
+/// The red values of a map, row by row: all that a blend needs of it, in a quarter of its memory.
+struct RedPlane {
+    int width;
+    int height;
+    std::vector<quint8> values;
+};
+
+/// Reads the red values of \a words, an image of 32 bits per pixel.
+RedPlane redPlaneOf(const QImage& words, const RowLoops& loops = fastestRowLoops());
+
+/// Blends \a maps by \a weights, paired by position, into \a target, an image of 32 bits per pixel and
+/// any size.
 ///
-/// All images have 32 bits per pixel; \a target may have any size. Level of pixel (x, y): the sum
-/// over the maps of red · weight, divided by the sum of the positive weights (of 1 when that sum is
-/// 0), truncated toward zero, clamped to 0 to 255, written as opaque grey. Sums, divisor and
-/// quotient are signed 32-bit and wrap, so INT_MIN / -1 is INT_MIN. A map is black beyond its own
-/// edges, and a missing weight is 0; the divisor counts surplus weights.
-void blend(const QList<QImage>& maps, const QList<int>& weights, QImage& target,
+/// Level of pixel (x, y): the sum over the maps of red · weight, divided by the sum of the positive
+/// weights (of 1 when that sum is 0), truncated toward zero, clamped to 0 to 255, written as opaque
+/// grey. Sums, divisor and quotient are signed 32-bit and wrap, so INT_MIN / -1 is INT_MIN. A map is
+/// black beyond its own edges, and a missing weight is 0; the divisor counts surplus weights.
+void blend(const std::vector<RedPlane>& maps, const QList<int>& weights, QImage& target,
     const RowLoops& loops = fastestRowLoops());
 
-/// The steps of blend(), for maps that come one after the other. \a sums holds a sum in place of each
-/// pixel's word, and the blended pixels in the end.
-/// @{
-void beginBlend(
-    const QImage& firstMap, int weight, QImage& sums, const RowLoops& loops = fastestRowLoops());
-void addToBlend(
-    const QImage& map, int weight, QImage& sums, const RowLoops& loops = fastestRowLoops());
-void finishBlend(
-    const QList<int>& weights, QImage& sums, const RowLoops& loops = fastestRowLoops());
-/// @}
-
 namespace reference {
-/// Adds and divides pixel by pixel.
+/// Adds and divides pixel by pixel; the maps are images of 32 bits per pixel.
 void blend(const QList<QImage>& maps, const QList<int>& weights, QImage& target);
 } // namespace reference
 

@@ -23,42 +23,46 @@ std::array<int, 256> binOfByte(int binCount)
     return bins;
 }
 
-// As many bins as two tables of counts can have without leaving the cache next to the processor.
-constexpr int fewBins = 4096;
+// As many bins as tables of counts can have without leaving the cache next to the processor.
+constexpr int fewBins = 2048;
 
 // Neighbours fall into the same bin often, and a count that has just been stored is slow to come back,
 // so every second pixel has a table of its own.
-void countFewBins(const QImage& words, const Bins& bins)
+void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
 {
-    const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
-    const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
-    const auto binOf = [&](QRgb pixel) {
-        return static_cast<std::size_t>(
-            rowOfByte[pixel >> 8U & 0xFFU] * bins.columns + columnOfByte[pixel & 0xFFU]);
-    };
     const auto binCount = static_cast<std::size_t>(bins.rows * bins.columns);
-    std::array<std::vector<quint32>, 2> counts { std::vector<quint32>(binCount),
-        std::vector<quint32>(binCount) };
+    const auto width = static_cast<std::size_t>(words.width());
+    std::vector<qint32> counts(2 * binCount);
+    std::vector<quint32> indices(width);
+    qint32* const evenCounts = counts.data();
+    qint32* const oddCounts = evenCounts + binCount;
     for (int y = 0; y < words.height(); ++y) {
-        const QRgb* const pixels = wordRow(words, y);
-        int x = 0;
-        for (; x + 1 < words.width(); x += 2) {
-            ++counts[0][binOf(pixels[x])];
-            ++counts[1][binOf(pixels[x + 1])];
+        loops.findBins(wordRow(words, y), words.width(), bins.rows, bins.columns, indices.data());
+        for (std::size_t x = 0; x + 1 < width; x += 2) {
+            ++evenCounts[indices[x]];
+            ++oddCounts[indices[x + 1]];
         }
-        if (x < words.width())
-            ++counts[0][binOf(pixels[x])];
+        if (width % 2 == 1)
+            ++evenCounts[indices[width - 1]];
     }
     for (std::size_t i = 0; i < binCount; ++i)
-        bins.values[i] = counts[0][i] + counts[1][i];
+        bins.values[i] = evenCounts[i] + oddCounts[i];
+}
+
+// Most rows of a table are zeros: for a picture's block, all but a few.
+std::vector<quint8> zeroRowsOf(const Bins& bins, const RowLoops& loops)
+{
+    std::vector<quint8> isZero(static_cast<std::size_t>(bins.rows));
+    loops.findZeroRows(bins.values, bins.rows, bins.columns, isZero.data());
+    return isZero;
 }
 
 } // namespace
 
-void vx::kernels::countChroma(const QImage& words, const Bins& bins)
+void vx::kernels::countChroma(const QImage& words, const Bins& bins, const RowLoops& loops)
 {
     if (static_cast<qint64>(bins.rows) * bins.columns <= fewBins) {
-        countFewBins(words, bins);
+        countFewBins(words, bins, loops);
         return;
     }
     const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
@@ -76,32 +80,33 @@ void vx::kernels::countChroma(const QImage& words, const Bins& bins)
 
 void vx::kernels::normalizeBins(const Bins& bins, const RowLoops& loops)
 {
-    double* const end = bins.row(bins.rows);
-    double least = 1000.0;
-    double greatest = 0.0;
-    for (const double* value = bins.values; value != end; ++value) {
-        greatest = std::max(greatest, *value);
-        least = std::min(least, *value);
-    }
-    const double range = greatest - least;
+    const std::vector<quint8> isZero = zeroRowsOf(bins, loops);
+    Range values { 1000.0, 0.0 };
     for (int i = 0; i < bins.rows; ++i) {
-        // Zeros stay zeros, and most bins are.
-        if (least == 0.0 && range > 0.0 && loops.areZero(bins.row(i), bins.columns))
-            continue;
-        std::transform(bins.row(i), bins.row(i + 1), bins.row(i),
-            [=](double value) { return (value - least) / range; });
+        const bool rowIsZero = isZero[static_cast<std::size_t>(i)] != 0;
+        loops.widenRange(bins.row(i), rowIsZero ? 1 : bins.columns, values);
+    }
+    const double least = values.least;
+    const double range = values.greatest - least;
+    for (int i = 0; i < bins.rows; ++i) {
+        const bool rowIsZero = isZero[static_cast<std::size_t>(i)] != 0;
+        const bool staysZero = rowIsZero && least == 0.0 && range > 0.0;
+        if (!staysZero)
+            std::transform(bins.row(i), bins.row(i + 1), bins.row(i),
+                [=](double value) { return (value - least) / range; });
     }
 }
 
 double vx::kernels::chiSquareDistance(const Bins& own, const Bins& other, const RowLoops& loops)
 {
+    const std::vector<quint8> isZero = zeroRowsOf(own, loops);
     const int sharedRows = std::min(own.rows, other.rows);
     const int sharedColumns = std::min(own.columns, other.columns);
     double sum = 0.0;
     for (int i = 0; i < own.rows; ++i) {
-        const double* const ownRow = own.row(i);
-        if (loops.areZero(ownRow, own.columns))
+        if (isZero[static_cast<std::size_t>(i)] != 0)
             continue;
+        const double* const ownRow = own.row(i);
         const double* const otherRow = i < sharedRows ? other.row(i) : nullptr;
         for (int j = 0; j < own.columns; ++j) {
             const double u = ownRow[j];

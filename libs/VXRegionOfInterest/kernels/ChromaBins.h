@@ -20,7 +20,7 @@ struct Bins {
 /// Adds 1 to a bin, from 0 on, for each pixel of \a words, an image of 32 bits per pixel: in row (bits 8 to 15)
 /// · rows / 256 and column (bits 0 to 7) · columns / 256, in 32-bit arithmetic that wraps. Pixels
 /// whose row or column is negative are not counted.
-void countChroma(const QImage& words, const Bins& bins);
+void countChroma(const QImage& words, const Bins& bins, const RowLoops& loops = fastestRowLoops());
 
 /// Replaces every value v by (v - min) / (max - min), where min is the smallest value or 1000.0,
 /// and max the greatest or 0.0.

@@ -19,11 +19,13 @@
 void vx::kernels::gaussianBlur(const QImage& source, const QVector<double>& weights, QImage& target)
 {
     const bool repeatsFirstRow = weights.contains(1.0);
-    std::vector<QRgb> pixels(static_cast<std::size_t>(target.width()), opaqueBlack);
-    if (repeatsFirstRow && !target.isNull()) {
-        for (int x = 0; x < target.width(); ++x)
-            pixels[static_cast<std::size_t>(x)] = source.pixel(x, 0) | opaqueBlack;
+    if (!repeatsFirstRow || target.isNull()) {
+        target.fill(opaqueBlack);
+        return;
     }
+    std::vector<QRgb> firstRow;
+    for (int x = 0; x < target.width(); ++x)
+        firstRow.push_back(source.pixel(x, 0) | opaqueBlack);
     for (int y = 0; y < target.height(); ++y)
-        std::copy(pixels.begin(), pixels.end(), writableWordRow(target, y));
+        std::copy(firstRow.begin(), firstRow.end(), writableWordRow(target, y));
 }

@@ -4,6 +4,7 @@
 #include "SlidingMaximum.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -16,6 +17,12 @@ QRgb bitsAlwaysSet(const QImage& image)
     return image.format() == QImage::Format_RGB32 ? opaqueBlack : 0;
 }
 
+// Bytes that nobody fills with zeros first.
+std::unique_ptr<quint8[]> uninitializedBytes(std::size_t count)
+{
+    return std::unique_ptr<quint8[]>(new quint8[count]);
+}
+
 // The maxima of bytes over windows that reach an arm to either side. They come from maxima over 1, 2,
 // 4, 8 ... positions, each made of the one before; two of the last that fits cover a window. So the
 // cost hardly depends on the arm, and all of it is maxima of bytes side by side.
@@ -24,47 +31,47 @@ public:
     // For `length` positions of `lanes` bytes each; the lanes are independent of each other.
     SlidingByteMaximum(int length, int lanes, int arm, const RowLoops& rowLoops)
         : loops(rowLoops)
-        , lanesPerPosition(static_cast<std::size_t>(lanes))
-        , positions(static_cast<std::size_t>(length))
-        , reach(static_cast<std::size_t>(std::min(arm, length - 1)))
-        , covered((positions + 2 * reach) * lanesPerPosition)
-        , widened(covered.size())
+        , lanesPerPosition(lanes)
+        , positions(length)
+        , reach(std::min(arm, length - 1))
+        , byteCount((positions + 2 * reach) * lanesPerPosition)
+        , covered(uninitializedBytes(static_cast<std::size_t>(byteCount)))
     {
     }
 
     // Where the bytes are to be written; beyond both ends there are zeros.
     quint8* bytes()
     {
-        std::fill(covered.begin(), covered.end(), quint8 { 0 });
-        return &covered[reach * lanesPerPosition];
+        const auto margin = reach * lanesPerPosition;
+        std::fill_n(covered.get(), margin, quint8 { 0 });
+        std::fill_n(covered.get() + byteCount - margin, margin, quint8 { 0 });
+        return covered.get() + margin;
     }
 
     void writeMaxima(quint8* maxima)
     {
-        const std::size_t window = 2 * reach + 1;
-        std::size_t span = 1;
-        std::size_t count = covered.size();
+        const std::ptrdiff_t window = 2 * reach + 1;
+        std::ptrdiff_t count = byteCount;
+        std::ptrdiff_t span = 1;
         for (; 2 * span <= window; span *= 2) {
             count -= span * lanesPerPosition;
-            write(span, count, widened.data());
-            covered.swap(widened);
+            write(span, count, covered.get());
         }
         write(window - span, positions * lanesPerPosition, maxima);
     }
 
 private:
-    void write(std::size_t offset, std::size_t count, quint8* maxima) const
+    void write(std::ptrdiff_t offset, std::ptrdiff_t count, quint8* maxima) const
     {
-        loops.writeMaxima(covered.data(), covered.data() + offset * lanesPerPosition,
-            static_cast<std::ptrdiff_t>(count), maxima);
+        loops.writeMaxima(covered.get(), covered.get() + offset * lanesPerPosition, count, maxima);
     }
 
     const RowLoops& loops;
-    std::size_t lanesPerPosition;
-    std::size_t positions;
-    std::size_t reach;
-    std::vector<quint8> covered;
-    std::vector<quint8> widened;
+    std::ptrdiff_t lanesPerPosition;
+    std::ptrdiff_t positions;
+    std::ptrdiff_t reach;
+    std::ptrdiff_t byteCount;
+    std::unique_ptr<quint8[]> covered;
 };
 
 // Spreads opaque grey pixels, whose red value is the whole pixel.
@@ -75,59 +82,67 @@ public:
         , loops(rowLoops)
         , width(source.width())
         , height(source.height())
-        , keys(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+        , keys(uninitializedBytes(pixelCount()))
     {
     }
 
-    // Reads the red values above the threshold; returns whether all of those pixels are opaque grey.
-    bool readKeys(int threshold)
+    // Reads the red values above the threshold.
+    Spread readKeys(int threshold)
     {
         const QRgb alwaysSet = bitsAlwaysSet(source);
-        for (int y = 0; y < height; ++y) {
-            if (!loops.readKeys(wordRow(source, y), width, threshold, alwaysSet, rowOf(keys, y)))
-                return false;
+        Spread spread {};
+        for (int y = 0; y < height && !spread.colours; ++y) {
+            const Spread row = loops.readKeys(
+                wordRow(source, y), width, threshold, alwaysSet, keys.get() + offsetOf(y));
+            spread = { spread.anything || row.anything, row.colours };
         }
-        return true;
+        return spread;
     }
 
     void writeInto(QImage& result, int arm)
     {
-        std::vector<quint8> rowMaxima(keys.size());
+        const auto rowMaxima = uninitializedBytes(pixelCount());
         SlidingByteMaximum row(width, 1, arm, loops);
         for (int y = 0; y < height; ++y) {
-            std::copy_n(rowOf(keys, y), width, row.bytes());
-            row.writeMaxima(rowOf(rowMaxima, y));
+            std::copy_n(keys.get() + offsetOf(y), width, row.bytes());
+            row.writeMaxima(rowMaxima.get() + offsetOf(y));
         }
-        SlidingByteMaximum strip(height, stripColumns, arm, loops);
-        std::vector<quint8> columnMaxima(static_cast<std::size_t>(height) * stripColumns);
-        for (int x = 0; x < width; x += stripColumns) {
-            const int columns = std::min(stripColumns, width - x);
-            quint8* const bytes = strip.bytes();
-            for (int y = 0; y < height; ++y)
-                std::copy_n(
-                    rowOf(keys, y) + x, columns, bytes + y * std::ptrdiff_t { stripColumns });
-            strip.writeMaxima(columnMaxima.data());
-            for (int y = 0; y < height; ++y)
-                loops.overwriteDarker(rowOf(rowMaxima, y) + x,
-                    &columnMaxima[static_cast<std::size_t>(y) * stripColumns], columns,
-                    writableWordRow(result, y) + x);
-        }
+        turnIntoColumnMaxima(arm);
+        for (int y = 0; y < height; ++y)
+            loops.spreadRow(rowMaxima.get() + offsetOf(y), keys.get() + offsetOf(y), width,
+                wordRow(source, y), writableWordRow(result, y));
     }
 
 private:
-    // Columns that are worked on side by side: the bytes of a cache line.
-    static constexpr int stripColumns = 64;
+    // Columns that are worked on side by side.
+    static constexpr int stripColumns = 128;
 
-    quint8* rowOf(std::vector<quint8>& plane, int y) const
+    void turnIntoColumnMaxima(int arm)
     {
-        return plane.data() + static_cast<std::ptrdiff_t>(y) * width;
+        SlidingByteMaximum strip(height, stripColumns, arm, loops);
+        const auto maxima = uninitializedBytes(static_cast<std::size_t>(height) * stripColumns);
+        for (int x = 0; x < width; x += stripColumns) {
+            const int columns = std::min(stripColumns, width - x);
+            quint8* const bytes = strip.bytes();
+            for (std::ptrdiff_t y = 0; y < height; ++y)
+                std::copy_n(keys.get() + offsetOf(y) + x, columns, bytes + y * stripColumns);
+            strip.writeMaxima(maxima.get());
+            for (std::ptrdiff_t y = 0; y < height; ++y)
+                std::copy_n(maxima.get() + y * stripColumns, columns, keys.get() + offsetOf(y) + x);
+        }
     }
+
+    std::size_t pixelCount() const
+    {
+        return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    }
+    std::ptrdiff_t offsetOf(std::ptrdiff_t y) const { return y * width; }
 
     const QImage& source;
     const RowLoops& loops;
     int width;
     int height;
-    std::vector<quint8> keys;
+    std::unique_ptr<quint8[]> keys;
 };
 
 // Spreads pixels of any colour. A key holds a red value and says where it comes first, so that of equal
@@ -260,21 +275,23 @@ void spreadThroughPixels(const QImage& source, int arm, int threshold, QImage& r
 
 QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, const RowLoops& loops)
 {
-    QImage result = source.copy();
     const bool isIndexed = source.pixelFormat().colorModel() == QPixelFormat::Indexed;
     if (arm < 1 || isIndexed || source.isNull())
-        return result;
+        return source.copy();
 
     const bool holdsWords
         = source.format() == QImage::Format_ARGB32 || source.format() == QImage::Format_RGB32;
     if (!holdsWords) {
+        QImage result = source.copy();
         spreadThroughPixels(source, arm, threshold, result);
         return result;
     }
     GreySpreading greySpreading(source, loops);
-    if (greySpreading.readKeys(threshold))
-        greySpreading.writeInto(result, arm);
-    else
+    const Spread spread = greySpreading.readKeys(threshold);
+    QImage result = spread.anything && !spread.colours ? sameWithoutPixels(source) : source.copy();
+    if (spread.colours)
         ColourSpreading(source, arm, threshold).writeInto(result);
+    else if (spread.anything)
+        greySpreading.writeInto(result, arm);
     return result;
 }

@@ -1,5 +1,6 @@
 #include "PixelWords.h"
 
+#include <QColorSpace>
 #include <QPainter>
 
 #include <algorithm>
@@ -33,6 +34,19 @@ bool vx::kernels::isOpaqueBlack(const QImage& words)
             return false;
     }
     return true;
+}
+
+QImage vx::kernels::sameWithoutPixels(const QImage& image)
+{
+    QImage same(image.size(), image.format());
+    same.setDevicePixelRatio(image.devicePixelRatio());
+    same.setDotsPerMeterX(image.dotsPerMeterX());
+    same.setDotsPerMeterY(image.dotsPerMeterY());
+    same.setOffset(image.offset());
+    same.setColorSpace(image.colorSpace());
+    for (const QString& key : image.textKeys())
+        same.setText(key, image.text(key));
+    return same;
 }
 
 QImage vx::kernels::viewOf(const QImage& words, const QRect& part)

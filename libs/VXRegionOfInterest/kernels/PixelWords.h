@@ -30,6 +30,9 @@ inline QRgb* writableWordRow(QImage& words, int y)
     return reinterpret_cast<QRgb*>(words.scanLine(y));
 }
 
+/// An image with the size, the format and all the properties of \a image; its pixels are not written.
+QImage sameWithoutPixels(const QImage& image);
+
 /// A part of an image of 32 bits per pixel, as an ARGB32 image that owns no pixels and lives no longer
 /// than \a words. \pre \a part lies within the image.
 QImage viewOf(const QImage& words, const QRect& part);

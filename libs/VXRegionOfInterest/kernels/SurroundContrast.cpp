@@ -114,15 +114,23 @@ private:
     void addFourRows()
     {
         std::array<const QRgb*, rowsAtOnce> rows {};
-        for (std::size_t i = 0; i < rowsAtOnce; ++i) {
-            const int y = std::min(endRow + 1 + static_cast<int>(i), words.height() - 1);
-            QRgb* const copy = &pixels[i * pixelStride() + integralMargin];
-            std::copy_n(wordRow(words, y), words.width(), copy);
-            rows[i] = copy;
-        }
+        for (std::size_t i = 0; i < rowsAtOnce; ++i)
+            rows[i] = rowWithMargins(std::min(endRow + 1 + static_cast<int>(i), words.height() - 1),
+                &pixels[i * pixelStride() + integralMargin]);
         loops.integrateFourRows(rows.data(), words.width(), middle.row(), end.row());
         middleRow = endRow + 2;
         endRow += 4;
+    }
+
+    // What lies beside a row is read, though not used. Between other rows that is pixels of theirs.
+    const QRgb* rowWithMargins(int y, QRgb* copy) const
+    {
+        const QRgb* const row = wordRow(words, y);
+        const bool liesBetween = y > 0 && y < words.height() - 1;
+        if (liesBetween && words.width() >= integralMargin)
+            return row;
+        std::copy_n(row, words.width(), copy);
+        return copy;
     }
 
     const QImage& words;
@@ -175,7 +183,7 @@ private:
             const int count = pairsWithNext(y) ? 2 : 1;
             if (count == 2)
                 rows[1] = contrastRow(y + 1);
-            loops.contrastRows(words.width(), columns, state, rows.data(), count, &valueRange);
+            loops.contrastRows(words.width(), columns, state, rows.data(), count, valueRange);
             y += count;
         }
     }

@@ -14,14 +14,27 @@ void packLumaChroma(const QRgb* pixels, int count, QRgb* __restrict target)
     }
 }
 
-// The bits of a zero are all 0 beside the sign.
-bool areZero(const double* values, int count)
+void findBins(const QRgb* pixels, int count, int rows, int columns, quint32* __restrict indices)
 {
-    quint64 bits = 0;
+    const auto rowCount = static_cast<quint32>(rows);
+    const auto columnCount = static_cast<quint32>(columns);
     for (int i = 0; i < count; ++i) {
-        quint64 next;
-        __builtin_memcpy(&next, values + i, sizeof next);
-        bits |= next << 1U;
+        const quint32 row = (pixels[i] >> 8U & 0xFFU) * rowCount >> 8U;
+        const quint32 column = (pixels[i] & 0xFFU) * columnCount >> 8U;
+        indices[i] = row * columnCount + column;
     }
-    return bits == 0;
+}
+
+// The bits of a zero are all 0 beside the sign.
+void findZeroRows(const double* values, int rows, int columns, quint8* isZero)
+{
+    for (int row = 0; row < rows; ++row) {
+        quint64 bits = 0;
+        for (int column = 0; column < columns; ++column) {
+            quint64 next;
+            __builtin_memcpy(&next, values++, sizeof next);
+            bits |= next << 1U;
+        }
+        isZero[row] = bits == 0;
+    }
 }

@@ -155,28 +155,6 @@ VX_ALWAYS_INLINE void contrastChunk(const SurroundColumns& surrounds, const Cont
     }
 }
 
-VX_ALWAYS_INLINE void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
-{
-    constexpr auto lanes = static_cast<std::ptrdiff_t>(sizeof(Doubles) / sizeof(double));
-    Doubles least = Doubles {} + range.least;
-    Doubles greatest = Doubles {} + range.greatest;
-    std::ptrdiff_t i = 0;
-    for (; i + lanes <= count; i += lanes) {
-        Doubles next;
-        __builtin_memcpy(&next, numbers + i, sizeof next);
-        least = next < least ? next : least;
-        greatest = next > greatest ? next : greatest;
-    }
-    for (; i < count; ++i) {
-        range.least = numbers[i] < range.least ? numbers[i] : range.least;
-        range.greatest = numbers[i] > range.greatest ? numbers[i] : range.greatest;
-    }
-    for (std::ptrdiff_t lane = 0; lane < lanes; ++lane) {
-        range.least = least[lane] < range.least ? least[lane] : range.least;
-        range.greatest = greatest[lane] > range.greatest ? greatest[lane] : range.greatest;
-    }
-}
-
 // Rows that are worked on together.
 template <std::size_t rowCount> struct ContrastRows {
     int width;
@@ -303,12 +281,12 @@ template <std::size_t rowCount> void contrastEitherHalf(const ContrastRows<rowCo
 }
 
 void contrastRows(int width, const SurroundColumns& surrounds, const SmoothingState& state,
-    const ContrastRow* rows, int count, Range* range)
+    const ContrastRow* rows, int count, Range& range)
 {
     if (count == 2)
-        contrastEitherHalf<2>({ width, surrounds, state, rows, *range });
+        contrastEitherHalf<2>({ width, surrounds, state, rows, range });
     else
-        contrastEitherHalf<1>({ width, surrounds, state, rows, *range });
+        contrastEitherHalf<1>({ width, surrounds, state, rows, range });
 }
 
 // A whole number n divided by another, d, truncates like (n + 0.5) · (1 / d): that is at least 0.5 /

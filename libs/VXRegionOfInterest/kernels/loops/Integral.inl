@@ -40,10 +40,19 @@ VX_ALWAYS_INLINE void loadDiagonal(
 VX_ALWAYS_INLINE void toDoubles(const FourWords& words, FourDoubles& doubles)
 {
 #ifdef __AVX__
-    // GCC 12 takes five instructions for the general conversion where there is one.
+    // GCC 12 makes five instructions of the general way where there is one.
     doubles = _mm256_cvtepi32_pd(reinterpret_cast<__m128i>(words));
 #else
     doubles = __builtin_convertvector(reinterpret_cast<FourInts>(words), FourDoubles);
+#endif
+}
+
+VX_ALWAYS_INLINE void setFirstLane(const double& value, FourDoubles& lanes)
+{
+#ifdef __AVX__
+    lanes = _mm256_blend_pd(lanes, _mm256_broadcast_sd(&value), 1);
+#else
+    lanes[0] = value;
 #endif
 }
 
@@ -111,12 +120,9 @@ VX_ALWAYS_INLINE void integrateFourColumns(const QRgb* const* rows, std::ptrdiff
         for (int channel = 0; channel < channelCount; ++channel) {
             sums.alongRows[channel] += channels.of[channel];
             const FourDoubles before = sums.integral[channel];
-            const FourDoubles oneOn = __builtin_shufflevector(before, before, 3, 0, 1, 2);
-            FourDoubles above; // in the first lane
-            __builtin_memcpy(&above,
-                end.values + (2 * channel + step % 2) * end.stride + (x + step) / 2, sizeof above);
-            sums.integral[channel]
-                = sums.alongRows[channel] + __builtin_shufflevector(oneOn, above, 4, 1, 2, 3);
+            FourDoubles above = __builtin_shufflevector(before, before, 3, 0, 1, 2);
+            setFirstLane(end.values[(2 * channel + step % 2) * end.stride + (x + step) / 2], above);
+            sums.integral[channel] = sums.alongRows[channel] + above;
             steps[channel][step] = sums.integral[channel];
         }
     }
@@ -128,8 +134,12 @@ VX_ALWAYS_INLINE void integrateFourColumns(const QRgb* const* rows, std::ptrdiff
 void integrateFourRows(
     const QRgb* const* rows, int width, const IntegralRow& middle, const IntegralRow& end)
 {
+    // Copies, which no store can change.
+    const QRgb* const ownRows[fourRows] = { rows[0], rows[1], rows[2], rows[3] };
+    const IntegralRow ownMiddle = middle;
+    const IntegralRow ownEnd = end;
     DiagonalSums sums = {};
-    integrateFourColumns<true>(rows, 0, middle, end, sums);
+    integrateFourColumns<true>(ownRows, 0, ownMiddle, ownEnd, sums);
     for (std::ptrdiff_t x = fourRows; x < width + fourRows; x += fourRows)
-        integrateFourColumns<false>(rows, x, middle, end, sums);
+        integrateFourColumns<false>(ownRows, x, ownMiddle, ownEnd, sums);
 }

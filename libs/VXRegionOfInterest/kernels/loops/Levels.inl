@@ -6,32 +6,32 @@ void writeProducts(const double* values, int count, double factor, QRgb* __restr
         pixels[i] = opaqueGrey(static_cast<int>(values[i] * factor));
 }
 
-void weighReds(const QRgb* pixels, int count, quint32 weight, quint32* __restrict sums)
+void readReds(const QRgb* pixels, int count, quint8* __restrict reds)
 {
     for (int i = 0; i < count; ++i)
-        sums[i] = (pixels[i] >> 16U & 0xFFU) * weight;
+        reds[i] = static_cast<quint8>(pixels[i] >> 16U & 0xFFU);
 }
 
-void addWeightedReds(const QRgb* pixels, int count, quint32 weight, quint32* __restrict sums)
+void addWeighted(const quint8* values, int count, quint32 weight, quint32* __restrict sums)
 {
     for (int i = 0; i < count; ++i)
-        sums[i] += (pixels[i] >> 16U & 0xFFU) * weight;
+        sums[i] += values[i] * weight;
 }
 
 // Sums are brought to the sign of the divisor, so that the quotients that count are not negative; for
 // the product with the reciprocal see writeLevels(). Doubles hold all of it: a sum of -2³¹ turns
 // positive here, as it does in its quotient by any divisor but -1. There the quotient wraps, and the
 // sums turn their sign as integers.
-void divideSums(quint32* sums, int count, int divisor)
+void divideSums(const quint32* sums, int count, int divisor, QRgb* __restrict pixels)
 {
     const bool wraps = divisor == -1;
     const quint32 flip = wraps ? 0xFFFFFFFFU : 0;
     const double sign = divisor < 0 && !wraps ? -1.0 : 1.0;
     const double reciprocal = wraps ? 1.0 : 1.0 / (sign * divisor);
     for (int i = 0; i < count; ++i) {
-        const auto ownSign = static_cast<qint32>((sums[i] ^ flip) - flip);
-        const double sum = ownSign * sign;
-        const double level = ((sum > 0.0 ? sum : 0.0) + 0.5) * reciprocal;
-        sums[i] = opaqueGrey(static_cast<int>(level < 255.0 ? level : 255.0));
+        const auto sum = static_cast<qint32>((sums[i] ^ flip) - flip);
+        const int quotient = static_cast<int>((sum * sign + 0.5) * reciprocal);
+        const int atLeastBlack = quotient > 0 ? quotient : 0;
+        pixels[i] = opaqueGrey(atLeastBlack < 255 ? atLeastBlack : 255);
     }
 }

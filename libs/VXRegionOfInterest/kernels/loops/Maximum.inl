@@ -1,29 +1,51 @@
 // The maximum filter's loops, over red values as bytes.
 
-bool readKeys(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* __restrict keys)
+// As many bytes as this processor has in a register.
+#if defined(__AVX512BW__)
+using Bytes = quint8 __attribute__((vector_size(64)));
+#elif defined(__AVX2__)
+using Bytes = quint8 __attribute__((vector_size(32)));
+#else
+using Bytes = quint8 __attribute__((vector_size(16)));
+#endif
+
+Spread readKeys(
+    const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* __restrict keys)
 {
     QRgb differences = 0;
+    QRgb above = 0;
     for (int i = 0; i < count; ++i) {
         const QRgb red = pixels[i] >> 16U & 0xFFU;
-        const bool isAbove = static_cast<int>(red) > threshold;
-        const QRgb difference = (pixels[i] | alwaysSet) ^ (0xFF000000U | red * 0x010101U);
-        differences |= isAbove ? difference : 0;
-        keys[i] = static_cast<quint8>(isAbove ? red : 0);
+        const QRgb mask = static_cast<int>(red) > threshold ? 0xFFFFFFFFU : 0;
+        differences |= ((pixels[i] | alwaysSet) ^ opaqueGrey(static_cast<int>(red))) & mask;
+        above |= mask;
+        keys[i] = static_cast<quint8>(red & mask);
     }
-    return differences == 0;
+    return { above != 0, differences != 0 };
 }
 
-void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* __restrict maxima)
+// Vectors are read before what they are read from is overwritten; the compiler would not know.
+void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima)
 {
-    for (std::ptrdiff_t i = 0; i < count; ++i)
+    constexpr auto lanes = static_cast<std::ptrdiff_t>(sizeof(Bytes));
+    std::ptrdiff_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        Bytes left;
+        Bytes right;
+        __builtin_memcpy(&left, a + i, sizeof left);
+        __builtin_memcpy(&right, b + i, sizeof right);
+        left = left > right ? left : right;
+        __builtin_memcpy(maxima + i, &left, sizeof left);
+    }
+    for (; i < count; ++i)
         maxima[i] = a[i] > b[i] ? a[i] : b[i];
 }
 
-void overwriteDarker(const quint8* a, const quint8* b, int count, QRgb* __restrict pixels)
+void spreadRow(
+    const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* __restrict target)
 {
     for (int i = 0; i < count; ++i) {
-        const QRgb key = a[i] > b[i] ? a[i] : b[i];
-        const QRgb grey = 0xFF000000U | key * 0x010101U;
-        pixels[i] = key > (pixels[i] >> 16U & 0xFFU) ? grey : pixels[i];
+        const quint8 key = a[i] > b[i] ? a[i] : b[i];
+        target[i] = key > (source[i] >> 16U & 0xFFU) ? opaqueGrey(key) : source[i];
     }
 }

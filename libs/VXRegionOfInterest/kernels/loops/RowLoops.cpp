@@ -37,9 +37,11 @@ VX_ALWAYS_INLINE double redOf(QRgb pixel) { return static_cast<int>(pixel >> 16U
 VX_ALWAYS_INLINE double greenOf(QRgb pixel) { return static_cast<int>(pixel >> 8U & 0xFFU); }
 VX_ALWAYS_INLINE double blueOf(QRgb pixel) { return static_cast<int>(pixel & 0xFFU); }
 
+// Shifts, because not every processor multiplies vectors of 32-bit numbers.
 VX_ALWAYS_INLINE QRgb opaqueGrey(int level)
 {
-    return 0xFF000000U | static_cast<QRgb>(level) * 0x010101U;
+    const auto byte = static_cast<QRgb>(level);
+    return 0xFF000000U | byte << 16U | byte << 8U | byte;
 }
 
 // See LumaChroma.h; for doubles and for vectors of them.
@@ -51,6 +53,8 @@ VX_ALWAYS_INLINE void toLumaChroma(const Number& red, const Number& green, const
     redDifference = (red - luma) * 0.713 + 128.0;
     blueDifference = (blue - luma) * 0.564 + 128.0;
 }
+
+#include "Range.inl" // first, because others stand on it
 
 #include "Chroma.inl"
 #include "Contrast.inl"
@@ -71,17 +75,19 @@ const RowLoops VXROI_LOOPS = {
     contrastRows,
     writeLevels,
     writeProducts,
-    weighReds,
-    addWeightedReds,
+    readReds,
+    addWeighted,
     divideSums,
     packLumaChroma,
-    areZero,
+    findBins,
+    findZeroRows,
+    widenRange,
     splitChannels,
     respondAlongRow,
     writeMagnitudes,
     readKeys,
     writeMaxima,
-    overwriteDarker,
+    spreadRow,
 };
 
 } // namespace vx::kernels::loops

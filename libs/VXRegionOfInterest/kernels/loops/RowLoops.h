@@ -51,7 +51,7 @@ struct ContrastRow {
     double* contrasts; ///< receives the contrasts
 };
 
-/// The smallest and the greatest of numbers that are 0 or above.
+/// The smallest and the greatest of numbers.
 struct Range {
     double least;
     double greatest;
@@ -60,6 +60,12 @@ struct Range {
 /// A row's red, green and blue values as numbers.
 struct ShortChannels {
     qint16* of[3];
+};
+
+/// What spreads in a row.
+struct Spread {
+    bool anything;
+    bool colours; ///< not only opaque grey
 };
 
 struct RowLoops {
@@ -77,7 +83,7 @@ struct RowLoops {
     /// rows, and widens \a range to them. \pre \a count is 1, or 2 for rows with weights of 4 that
     /// all have their surrounds in the same half of the image.
     void (*contrastRows)(int width, const SurroundColumns& surrounds, const SmoothingState& state,
-        const ContrastRow* rows, int count, Range* range);
+        const ContrastRow* rows, int count, Range& range);
 
     /// Stretches contrasts: what they have over \a least, truncated, times 255, divided by \a
     /// range, truncated, as opaque grey. \pre no level exceeds 255, and \a range is above 0.
@@ -87,21 +93,28 @@ struct RowLoops {
     /// between 0 and 255.
     void (*writeProducts)(const double* values, int count, double factor, QRgb* pixels);
 
-    /// Writes red · \a weight, 32 bits that wrap.
-    void (*weighReds)(const QRgb* pixels, int count, quint32 weight, quint32* sums);
+    /// Reads the red values of pixels.
+    void (*readReds)(const QRgb* pixels, int count, quint8* reds);
 
-    /// Adds red · \a weight, 32 bits that wrap.
-    void (*addWeightedReds)(const QRgb* pixels, int count, quint32 weight, quint32* sums);
+    /// Adds \a values times \a weight, 32 bits that wrap.
+    void (*addWeighted)(const quint8* values, int count, quint32 weight, quint32* sums);
 
     /// Divides signed sums by \a divisor, which wraps, truncates, clamps to 0 to 255 and writes opaque
-    /// grey over them. \pre the divisor is not 0.
-    void (*divideSums)(quint32* sums, int count, int divisor);
+    /// grey. \pre the divisor is not 0.
+    void (*divideSums)(const quint32* sums, int count, int divisor, QRgb* pixels);
 
     /// Packs luma and chroma as packedLumaChromaOf() does.
     void (*packLumaChroma)(const QRgb* pixels, int count, QRgb* target);
 
-    /// Whether all of these are 0.
-    bool (*areZero)(const double* values, int count);
+    /// The index of each pixel's bin in a table of so many rows and columns, see countChroma(). \pre
+    /// the table has at most 2²³ bins.
+    void (*findBins)(const QRgb* pixels, int count, int rows, int columns, quint32* indices);
+
+    /// Says of each row of a table whether it holds nothing but zeros.
+    void (*findZeroRows)(const double* values, int rows, int columns, quint8* isZero);
+
+    /// Widens \a range to \a count more numbers; what is not a number is passed over.
+    void (*widenRange)(const double* numbers, std::ptrdiff_t count, Range& range);
 
     /// Reads a row's channels.
     void (*splitChannels)(const QRgb* pixels, int count, const ShortChannels& channels);
@@ -114,15 +127,17 @@ struct RowLoops {
     /// The magnitudes of two rows of responses, see combineResponses().
     void (*writeMagnitudes)(const QRgb* across, const QRgb* down, int count, QRgb* magnitudes);
 
-    /// Writes the red values above \a threshold, and 0 for the others.
-    /// \return whether all of those pixels are opaque grey once the bits \a alwaysSet are.
-    bool (*readKeys)(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* keys);
+    /// Writes the red values above \a threshold, and 0 for the others. A pixel counts as grey when it is
+    /// opaque grey once the bits \a alwaysSet are.
+    Spread (*readKeys)(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* keys);
 
-    /// Writes the greater of each two. \pre \a maxima overlaps neither.
+    /// Writes the greater of each two. \a maxima may be \a a, and \a b may lie beyond it.
     void (*writeMaxima)(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima);
 
-    /// Overwrites pixels whose red is below the greater of two keys by that key as opaque grey.
-    void (*overwriteDarker)(const quint8* a, const quint8* b, int count, QRgb* pixels);
+    /// Copies pixels, except those whose red is below the greater of two keys: they become that key as
+    /// opaque grey.
+    void (*spreadRow)(
+        const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* target);
 };
 
 /// The loops that this processor can run, from the plainest to the fastest.
