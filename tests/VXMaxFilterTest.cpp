@@ -7,6 +7,8 @@
 #include "support/TestImages.h"
 #include "support/Variants.h"
 
+#include <QColorSpace>
+
 #include <algorithm>
 #include <climits>
 
@@ -224,4 +226,44 @@ TEST(VXMaxFilter, equalsThePlainFilterForLargeImages)
     EXPECT_TRUE(equalsPlain(support::noise(640, 480, 13), 90, 150));
     EXPECT_TRUE(equalsPlain(support::noise(1, 5000, 14), 1000, 150));
     EXPECT_TRUE(equalsPlain(support::noise(5000, 1, 15), 1000, 150));
+}
+
+TEST(VXMaxFilter, sharesThePixelsOfAnImageOfOneColour)
+{
+    for (const QRgb colour : { qRgb(0, 0, 0), qRgb(255, 255, 255), qRgba(200, 3, 4, 5) }) {
+        QImage image(9, 5, QImage::Format_ARGB32);
+        image.fill(colour);
+        EXPECT_EQ(VXMaxFilter(7, 50).evaluate(image).constBits(), image.constBits());
+        // One pixel more or less bright, first, last or between, is no longer one colour.
+        for (const QPoint& position : { QPoint(0, 0), QPoint(8, 4), QPoint(4, 2), QPoint(8, 0) }) {
+            QImage other = image;
+            other.setPixel(position, colour ^ 0x00400000U);
+            EXPECT_TRUE(equalsPlain(other, 7, 50));
+        }
+    }
+}
+
+TEST(VXMaxFilter, keepsThePropertiesOfItsSource)
+{
+    QImage image = support::noise(6, 6, 3).convertToFormat(QImage::Format_RGB32);
+    for (const bool isGrey : { false, true }) {
+        if (isGrey) {
+            image.fill(Qt::black);
+            image.setPixel(3, 3, qRgb(99, 99, 99));
+        }
+        image.setDotsPerMeterX(3000);
+        image.setDotsPerMeterY(4000);
+        image.setDevicePixelRatio(2.0);
+        image.setOffset(QPoint(5, 6));
+        image.setText(QStringLiteral("Title"), QStringLiteral("Six"));
+        image.setColorSpace(QColorSpace::DisplayP3);
+        const QImage filtered = VXMaxFilter(5, 50).evaluate(image);
+        EXPECT_EQ(filtered.format(), image.format());
+        EXPECT_EQ(filtered.dotsPerMeterX(), 3000);
+        EXPECT_EQ(filtered.dotsPerMeterY(), 4000);
+        EXPECT_EQ(filtered.devicePixelRatio(), 2.0);
+        EXPECT_EQ(filtered.offset(), QPoint(5, 6));
+        EXPECT_EQ(filtered.text(QStringLiteral("Title")), QStringLiteral("Six"));
+        EXPECT_EQ(filtered.colorSpace(), image.colorSpace());
+    }
 }

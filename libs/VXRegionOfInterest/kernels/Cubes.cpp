@@ -11,45 +11,38 @@ namespace {
 using namespace vx::kernels;
 
 // What a cube holds. Sums of whole numbers are exact in any order, so none is kept in double.
-struct CubeSums {
-    quint32 red = 0; // wraps
-    qint64 excess = 0; // over the mean pixel, of the pixels above it
-    qint64 pixelsAbove = 0;
-};
-
-CubeSums sumsOf(const QImage& words, const QRect& cube, int meanPixel)
+RedMeasure measureCube(const QImage& words, const QRect& cube, int meanPixel, const RowLoops& loops)
 {
-    CubeSums sums;
+    RedMeasure all {};
     for (int y = cube.top(); y <= cube.bottom(); ++y) {
-        const QRgb* const row = wordRow(words, y);
-        for (int x = cube.left(); x <= cube.right(); ++x) {
-            const int red = qRed(row[x]);
-            sums.red += static_cast<quint32>(red);
-            sums.excess += red > meanPixel ? red - meanPixel : 0;
-            sums.pixelsAbove += red > meanPixel ? 1 : 0;
-        }
+        const RedMeasure row
+            = loops.measureReds(wordRow(words, y) + cube.left(), cube.width(), meanPixel);
+        all = { all.sum + row.sum, all.excess + row.excess, all.above + row.above };
     }
-    return sums;
+    return all;
 }
 
-quint32 boosted(const CubeSums& sums, int meanPixel)
+quint32 boosted(const RedMeasure& measure, int meanPixel)
 {
+    const auto sum = static_cast<quint32>(measure.sum); // wraps
     // Without a pixel above the mean this is 0 / 0, which exceeds nothing.
     const double meanExcess
-        = static_cast<double>(sums.excess) / static_cast<double>(sums.pixelsAbove);
+        = static_cast<double>(measure.excess) / static_cast<double>(measure.above);
     const double limit = 2.0 * meanPixel;
     if (!(meanExcess > limit))
-        return sums.red;
-    return static_cast<quint32>(static_cast<qint64>(meanExcess * sums.red));
+        return sum;
+    return static_cast<quint32>(static_cast<qint64>(meanExcess * sum));
 }
 
-int levelOf(const QImage& words, const QRect& cube, const CubeStandard& standard)
+int levelOf(
+    const QImage& words, const QRect& cube, const CubeStandard& standard, const RowLoops& loops)
 {
     // Zero only by wrapping: no cube is empty.
     const quint32 pixels = static_cast<quint32>(cube.width()) * static_cast<quint32>(cube.height());
     if (pixels * static_cast<quint32>(cube.height()) == 0)
         return 0;
-    const quint32 salience = boosted(sumsOf(words, cube, standard.meanPixel), standard.meanPixel);
+    const RedMeasure measure = measureCube(words, cube, standard.meanPixel, loops);
+    const quint32 salience = boosted(measure, standard.meanPixel);
     const quint32 level = salience * 128U / static_cast<quint32>(standard.averageCube);
     return static_cast<int>(std::min(level, 255U));
 }
@@ -62,24 +55,21 @@ void paint(QImage& target, const QRect& cube, int level)
 
 } // namespace
 
-int vx::kernels::totalRed(const QImage& words)
+int vx::kernels::totalRed(const QImage& words, const RowLoops& loops)
 {
-    quint32 total = 0;
-    for (int y = 0; y < words.height(); ++y) {
-        const QRgb* const row = wordRow(words, y);
-        for (int x = 0; x < words.width(); ++x)
-            total += row[x] >> 16 & 0xFFU;
-    }
-    return static_cast<int>(total);
+    quint64 total = 0;
+    for (int y = 0; y < words.height(); ++y)
+        total += loops.measureReds(wordRow(words, y), words.width(), 0).sum;
+    return static_cast<int>(static_cast<quint32>(total));
 }
 
-void vx::kernels::paintCubes(
-    const QImage& words, const QSize& cube, const CubeStandard& standard, QImage& target)
+void vx::kernels::paintCubes(const QImage& words, const QSize& cube, const CubeStandard& standard,
+    QImage& target, const RowLoops& loops)
 {
     for (int y = 0; y < words.height(); y += cube.height()) {
         for (int x = 0; x < words.width(); x += cube.width()) {
             const QRect cutOff = QRect(QPoint(x, y), cube) & words.rect();
-            paint(target, cutOff, levelOf(words, cutOff, standard));
+            paint(target, cutOff, levelOf(words, cutOff, standard, loops));
         }
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loops/RowLoops.h"
+
 #include <QImage>
 #include <QSize>
 
@@ -12,7 +14,7 @@ struct CubeStandard {
 };
 
 /// The sum of the red values of \a words, an image of 32 bits per pixel; 32-bit, wraps.
-int totalRed(const QImage& words);
+int totalRed(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 /// Paints \a target, of the size of \a words, in cubes of size \a cube, which begin at the upper
 /// left and are cut off at the edges; both images have 32 bits per pixel.
@@ -22,8 +24,8 @@ int totalRed(const QImage& words);
 /// truncated, its low 32 bits. The level is S · 128 modulo 2³² divided by averageCube, both
 /// unsigned, at most 255, and the pixels are opaque grey. A cube whose number of pixels times
 /// number of rows is 0 modulo 2³² is black. \pre both sides of \a cube are above 0.
-void paintCubes(
-    const QImage& words, const QSize& cube, const CubeStandard& standard, QImage& target);
+void paintCubes(const QImage& words, const QSize& cube, const CubeStandard& standard,
+    QImage& target, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Adds pixel by pixel.

@@ -50,6 +50,10 @@ public:
 
     void writeMaxima(quint8* maxima)
     {
+        if (reach == positions - 1) {
+            writeMaximaOfAll(maxima);
+            return;
+        }
         const std::ptrdiff_t window = 2 * reach + 1;
         std::ptrdiff_t count = byteCount;
         std::ptrdiff_t span = 1;
@@ -61,6 +65,18 @@ public:
     }
 
 private:
+    // Every window reaches over all positions: folds them in half until one is left.
+    void writeMaximaOfAll(quint8* maxima)
+    {
+        quint8* const all = covered.get() + reach * lanesPerPosition;
+        for (std::ptrdiff_t count = positions; count > 1; count = (count + 1) / 2) {
+            const std::ptrdiff_t half = (count + 1) / 2 * lanesPerPosition;
+            loops.writeMaxima(all, all + count / 2 * lanesPerPosition, half, all);
+        }
+        for (std::ptrdiff_t i = 0; i < positions; ++i)
+            std::copy_n(all, lanesPerPosition, maxima + i * lanesPerPosition);
+    }
+
     void write(std::ptrdiff_t offset, std::ptrdiff_t count, quint8* maxima) const
     {
         loops.writeMaxima(covered.get(), covered.get() + offset * lanesPerPosition, count, maxima);
@@ -86,17 +102,16 @@ public:
     {
     }
 
-    // Reads the red values above the threshold.
-    Spread readKeys(int threshold)
+    // Reads the red values above the threshold; returns whether all of those pixels are opaque grey.
+    bool readKeys(int threshold)
     {
         const QRgb alwaysSet = bitsAlwaysSet(source);
-        Spread spread {};
-        for (int y = 0; y < height && !spread.colours; ++y) {
-            const Spread row = loops.readKeys(
-                wordRow(source, y), width, threshold, alwaysSet, keys.get() + offsetOf(y));
-            spread = { spread.anything || row.anything, row.colours };
+        for (int y = 0; y < height; ++y) {
+            if (!loops.readKeys(
+                    wordRow(source, y), width, threshold, alwaysSet, keys.get() + offsetOf(y)))
+                return false;
         }
-        return spread;
+        return true;
     }
 
     void writeInto(QImage& result, int arm)
@@ -277,7 +292,7 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
 {
     const bool isIndexed = source.pixelFormat().colorModel() == QPixelFormat::Indexed;
     if (arm < 1 || isIndexed || source.isNull())
-        return source.copy();
+        return source;
 
     const bool holdsWords
         = source.format() == QImage::Format_ARGB32 || source.format() == QImage::Format_RGB32;
@@ -286,12 +301,16 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
         spreadThroughPixels(source, arm, threshold, result);
         return result;
     }
+    // Where all pixels are alike, none is below another.
+    if (isOneWord(source))
+        return source;
     GreySpreading greySpreading(source, loops);
-    const Spread spread = greySpreading.readKeys(threshold);
-    QImage result = spread.anything && !spread.colours ? sameWithoutPixels(source) : source.copy();
-    if (spread.colours)
-        ColourSpreading(source, arm, threshold).writeInto(result);
-    else if (spread.anything)
+    if (greySpreading.readKeys(threshold)) {
+        QImage result = sameWithoutPixels(source);
         greySpreading.writeInto(result, arm);
+        return result;
+    }
+    QImage result = source.copy();
+    ColourSpreading(source, arm, threshold).writeInto(result);
     return result;
 }

@@ -22,18 +22,24 @@ QImage vx::kernels::toPixelValues(const QImage& image)
     return values;
 }
 
-bool vx::kernels::isOpaqueBlack(const QImage& words)
+bool vx::kernels::isOneWord(const QImage& words)
 {
+    if (words.isNull())
+        return true;
     const auto width = static_cast<std::size_t>(words.width());
-    for (int y = 0; y < words.height(); ++y) {
-        const QRgb* const row = wordRow(words, y);
-        const bool isBlack = y == 0
-            ? std::all_of(row, row + width, [](QRgb pixel) { return pixel == opaqueBlack; })
-            : std::memcmp(row, wordRow(words, 0), width * sizeof(QRgb)) == 0;
-        if (!isBlack)
+    const QRgb* const first = wordRow(words, 0);
+    if (std::any_of(first, first + width, [=](QRgb pixel) { return pixel != *first; }))
+        return false;
+    for (int y = 1; y < words.height(); ++y) {
+        if (std::memcmp(wordRow(words, y), first, width * sizeof(QRgb)) != 0)
             return false;
     }
     return true;
+}
+
+bool vx::kernels::isOpaqueBlack(const QImage& words)
+{
+    return words.isNull() || (*wordRow(words, 0) == opaqueBlack && isOneWord(words));
 }
 
 QImage vx::kernels::sameWithoutPixels(const QImage& image)

@@ -15,7 +15,10 @@ QImage toPixelWords(const QImage& image);
 /// What QImage::pixel says of each pixel of \a image, as an ARGB32 image. A null image stays null.
 QImage toPixelValues(const QImage& image);
 
-/// Whether every pixel of \a words, an image of 32 bits per pixel, is opaque black.
+/// Whether all pixels of \a words, an image of 32 bits per pixel, are the same word.
+bool isOneWord(const QImage& words);
+
+/// Whether all pixels of \a words, an image of 32 bits per pixel, are opaque black.
 bool isOpaqueBlack(const QImage& words);
 
 /// Row \a y of an image of 32 bits per pixel, for reading.

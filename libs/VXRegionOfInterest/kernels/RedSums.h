@@ -1,15 +1,17 @@
 #pragma once
 
+#include "loops/RowLoops.h"
+
 #include <QImage>
 #include <QList>
 
 namespace vx::kernels {
 
 /// Sums the red values of each column of \a words, an image of 32 bits per pixel, over its rows.
-QList<long long> columnRedSums(const QImage& words);
+QList<long long> columnRedSums(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 /// Sums the red values of each row of \a words, an image of 32 bits per pixel, over its columns.
-QList<long long> rowRedSums(const QImage& words);
+QList<long long> rowRedSums(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// \copydoc vx::kernels::columnRedSums

@@ -9,19 +9,16 @@ using Bytes = quint8 __attribute__((vector_size(32)));
 using Bytes = quint8 __attribute__((vector_size(16)));
 #endif
 
-Spread readKeys(
-    const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* __restrict keys)
+bool readKeys(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* __restrict keys)
 {
     QRgb differences = 0;
-    QRgb above = 0;
     for (int i = 0; i < count; ++i) {
         const QRgb red = pixels[i] >> 16U & 0xFFU;
-        const QRgb mask = static_cast<int>(red) > threshold ? 0xFFFFFFFFU : 0;
-        differences |= ((pixels[i] | alwaysSet) ^ opaqueGrey(static_cast<int>(red))) & mask;
-        above |= mask;
-        keys[i] = static_cast<quint8>(red & mask);
+        const QRgb above = static_cast<int>(red) > threshold ? 0xFFFFFFFFU : 0;
+        differences |= ((pixels[i] | alwaysSet) ^ opaqueGrey(static_cast<int>(red))) & above;
+        keys[i] = static_cast<quint8>(red & above);
     }
-    return { above != 0, differences != 0 };
+    return differences == 0;
 }
 
 // Vectors are read before what they are read from is overwritten; the compiler would not know.

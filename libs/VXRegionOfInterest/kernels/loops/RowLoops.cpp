@@ -76,6 +76,8 @@ const RowLoops VXROI_LOOPS = {
     writeLevels,
     writeProducts,
     readReds,
+    addReds,
+    measureReds,
     addWeighted,
     divideSums,
     packLumaChroma,

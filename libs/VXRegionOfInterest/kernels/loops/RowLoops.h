@@ -62,10 +62,11 @@ struct ShortChannels {
     qint16* of[3];
 };
 
-/// What spreads in a row.
-struct Spread {
-    bool anything;
-    bool colours; ///< not only opaque grey
+/// What the red values of a row say of it.
+struct RedMeasure {
+    quint64 sum;
+    quint64 excess; ///< what those above a mean have more than that, together
+    quint64 above; ///< how many are above it
 };
 
 struct RowLoops {
@@ -95,6 +96,12 @@ struct RowLoops {
 
     /// Reads the red values of pixels.
     void (*readReds)(const QRgb* pixels, int count, quint8* reds);
+
+    /// Adds the red values of pixels.
+    void (*addReds)(const QRgb* pixels, int count, quint32* sums);
+
+    /// Measures the red values of pixels against \a mean.
+    RedMeasure (*measureReds)(const QRgb* pixels, int count, int mean);
 
     /// Adds \a values times \a weight, 32 bits that wrap.
     void (*addWeighted)(const quint8* values, int count, quint32 weight, quint32* sums);
@@ -127,9 +134,9 @@ struct RowLoops {
     /// The magnitudes of two rows of responses, see combineResponses().
     void (*writeMagnitudes)(const QRgb* across, const QRgb* down, int count, QRgb* magnitudes);
 
-    /// Writes the red values above \a threshold, and 0 for the others. A pixel counts as grey when it is
-    /// opaque grey once the bits \a alwaysSet are.
-    Spread (*readKeys)(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* keys);
+    /// Writes the red values above \a threshold, and 0 for the others.
+    /// \return whether all of those pixels are opaque grey once the bits \a alwaysSet are.
+    bool (*readKeys)(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* keys);
 
     /// Writes the greater of each two. \a maxima may be \a a, and \a b may lie beyond it.
     void (*writeMaxima)(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima);

@@ -1,0 +1,50 @@
+#include "LiteralAnalysis.h"
+
+#include <VXRegionOfInterest/VXGaussianBlur.h>
+
+#include "kernels/Blend.h"
+#include "kernels/CentrePrior.h"
+#include "kernels/EdgeResponse.h"
+#include "kernels/GaussianBlur.h"
+#include "kernels/MaxFilter.h"
+#include "kernels/SurroundContrast.h"
+#include "support/PlainHistogramROI.h"
+
+namespace reference = vx::kernels::reference;
+
+namespace {
+
+QImage mapFor(const QImage& image) { return QImage(image.size(), QImage::Format_ARGB32); }
+
+} // namespace
+
+QImage benchmarks::literalEdges(const QImage& image)
+{
+    QImage blurred = mapFor(image);
+    reference::gaussianBlur(image, VXGaussianBlur::createGaussianKernel(3, 2.6), blurred);
+    QImage horizontal = mapFor(image);
+    reference::respondToKernel(blurred, { 1, 2, 1, 0, 0, 0, -1, -2, -1 }, 12, horizontal);
+    QImage vertical = mapFor(image);
+    reference::respondToKernel(blurred, { 1, 0, -1, 2, 0, -2, 1, 0, -1 }, 12, vertical);
+    QImage combined = mapFor(image);
+    reference::combineResponses(horizontal, vertical, combined);
+    return reference::maxFilter(combined, 3, 50);
+}
+
+QImage benchmarks::literalContrast(const QImage& image)
+{
+    QImage contrast = mapFor(image);
+    reference::surroundContrast(image, contrast);
+    return reference::maxFilter(contrast, 45, 150);
+}
+
+QImage benchmarks::literalAnalysis(const QImage& image)
+{
+    QImage prior = mapFor(image);
+    reference::centrePrior(prior);
+    QImage blended = mapFor(image);
+    reference::blend({ literalEdges(image), prior, support::plainHistogramMap(image, {}),
+                         literalContrast(image) },
+        { 20, 2, -10, 10 }, blended);
+    return blended;
+}

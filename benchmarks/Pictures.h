@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <QVector>
+
+namespace benchmarks {
+
+/// What pictures are like.
+enum class Kind {
+    Photo, ///< a drawn scene with a subject, edges and texture
+    Noise, ///< every pixel of another colour
+    Flat, ///< one colour
+    Bright, ///< opaque grey noise of levels above 150, all of which spread
+    Dark, ///< opaque grey noise of levels below 150, none of which spreads
+};
+
+/// The name of \a kind as it stands in the results.
+const char* nameOf(Kind kind);
+
+/// The sizes that are measured, in ascending order.
+const QVector<QSize>& sizes();
+
+/// A picture, RGB32 or ARGB32; drawn when it is asked for the first time.
+const QImage& picture(Kind kind, const QSize& size);
+
+} // namespace benchmarks
