@@ -1,7 +1,6 @@
 #include "Benchmarks.h"
 
 #include "LiteralAnalysis.h"
-#include "Memory.h"
 #include "Pictures.h"
 
 #include <VXRegionOfInterest/VXGaussROI.h>
@@ -23,6 +22,7 @@
 #include "kernels/GaussianBlur.h"
 #include "kernels/MaxFilter.h"
 #include "kernels/RedSums.h"
+#include "support/Memory.h"
 #include "support/PlainHistogramROI.h"
 
 #include <benchmark/benchmark.h>
@@ -227,7 +227,7 @@ void registerMemory()
             const QImage& image = picture(Kind::Photo, size);
             double peak = 0;
             for ([[maybe_unused]] const auto iteration : state)
-                peak = peakMemoryOf([&] { VXSalienzMixer(QSize()).analyze(image); });
+                peak = support::peakMemoryOf([&] { VXSalienzMixer(QSize()).analyze(image); });
             state.counters["bytes_per_pixel"] = peak / static_cast<double>(pixelsOf(size));
         };
         benchmark::RegisterBenchmark(nameOf("memory", "fast", Kind::Photo, size).c_str(), run)

@@ -1,6 +1,7 @@
 #include <VXRegionOfInterest/VXHistogramROI.h>
 
 #include "support/ImageAssert.h"
+#include "support/Memory.h"
 #include "support/MessageTrap.h"
 #include "support/PlainHistogramROI.h"
 #include "support/Random.h"
@@ -8,9 +9,7 @@
 
 #include <array>
 #include <climits>
-#include <fstream>
 #include <limits>
-#include <string>
 #include <tuple>
 
 namespace {
@@ -57,16 +56,6 @@ void paintStripes(QImage& image, int from, int period, const QColor& a, const QC
         for (int x = from; x < image.width(); ++x)
             image.setPixelColor(x, y, x / period % 2 == 0 ? a : b);
     }
-}
-
-long residentKilobytes()
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::stol(line.substr(6));
-    }
-    return 0;
 }
 
 } // namespace
@@ -407,8 +396,8 @@ TEST(VXHistogramROI, tenThousandEvaluationsLeaveTheMemoryOfAHundred)
     const QImage image = support::noise(45, 33, 8);
     for (int i = 0; i < 100; ++i)
         method.evaluate(image);
-    const long before = residentKilobytes();
+    const double before = support::residentMemory();
     for (int i = 100; i < 10000; ++i)
         method.evaluate(image);
-    EXPECT_LT(residentKilobytes() - before, 1024) << "KiB";
+    EXPECT_LT(support::residentMemory() - before, 1024 * 1024) << "bytes";
 }

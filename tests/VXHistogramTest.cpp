@@ -30,7 +30,8 @@ VXHistogram normalised(const QImage& image, int bins1, int bins2)
 std::vector<double> plainBins(const QImage& image, int rows, int columns, bool isNormalised)
 {
     std::vector<double> values(static_cast<std::size_t>(rows * columns));
-    const vx::kernels::Bins bins { values.data(), rows, columns };
+    std::vector<quint8> emptyRows(static_cast<std::size_t>(rows));
+    const vx::kernels::Bins bins { values.data(), emptyRows.data(), rows, columns };
     vx::kernels::reference::countChroma(image, bins);
     if (isNormalised)
         vx::kernels::reference::normalizeBins(bins);

@@ -8,6 +8,7 @@
 
 #include "kernels/Blend.h"
 #include "support/ImageAssert.h"
+#include "support/Memory.h"
 #include "support/MessageTrap.h"
 #include "support/PlainHistogramROI.h"
 #include "support/Random.h"
@@ -429,4 +430,16 @@ TEST(VXSalienzMixer, runsFromSeveralThreadsWithAMixerEach)
         thread.join();
     for (const QImage& map : maps)
         EXPECT_TRUE(support::sameImage(expected, map));
+}
+
+TEST(VXSalienzMixer, takesAtMostFortyBytesAPixelBesideThePicture)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer takes memory of its own";
+#endif
+    const QImage image = support::noise(3000, 2000, 7);
+    const double pixels = 3000.0 * 2000.0;
+    const double peak = support::peakMemoryOf([&] { VXSalienzMixer(unscaled).analyze(image); });
+    EXPECT_GT(peak, 12 * pixels) << "the contrasts alone, and a map";
+    EXPECT_LT(peak, 40 * pixels);
 }

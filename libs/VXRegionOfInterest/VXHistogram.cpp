@@ -3,16 +3,21 @@
 #include "kernels/ChromaBins.h"
 #include "kernels/PixelWords.h"
 
-namespace {
+#include <vector>
 
-using Table = std::shared_ptr<std::vector<double>>;
+// A table of values, one row behind the other, and what is known of its rows.
+struct VXHistogram::Table {
+    Table(int rows, int columns)
+        : values(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns))
+        , emptyRows(static_cast<std::size_t>(rows))
+        , bins { values.data(), emptyRows.data(), rows, columns }
+    {
+    }
 
-vx::kernels::Bins viewOf(const Table& table, int rows, int columns)
-{
-    return { table ? table->data() : nullptr, rows, columns };
-}
-
-} // namespace
+    std::vector<double> values;
+    std::vector<quint8> emptyRows;
+    vx::kernels::Bins bins;
+};
 
 VXHistogram::VXHistogram() = default;
 
@@ -22,23 +27,26 @@ VXHistogram::VXHistogram(const QImage& image, int rows, int columns)
         return;
     bins1 = rows;
     bins2 = columns;
-    table = std::make_shared<std::vector<double>>(
-        static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns));
-    vx::kernels::countChroma(vx::kernels::toPixelWords(image), viewOf(table, bins1, bins2));
+    table = std::make_shared<Table>(rows, columns);
+    vx::kernels::countChroma(vx::kernels::toPixelWords(image), table->bins);
 }
 
-void VXHistogram::normalizeHistogram() { vx::kernels::normalizeBins(viewOf(table, bins1, bins2)); }
+void VXHistogram::normalizeHistogram()
+{
+    if (table)
+        vx::kernels::normalizeBins(table->bins);
+}
 
 double VXHistogram::compareHistogram(VXHistogram* other)
 {
-    if (other == nullptr)
+    if (other == nullptr || !table)
         return 0.0;
-    return vx::kernels::chiSquareDistance(
-        viewOf(table, bins1, bins2), viewOf(other->table, other->bins1, other->bins2));
+    const vx::kernels::Bins nothing {};
+    return vx::kernels::chiSquareDistance(table->bins, other->table ? other->table->bins : nothing);
 }
 
 double VXHistogram::getHistogramValue(int column, int row)
 {
     const bool exists = column >= 0 && column < bins2 && row >= 0 && row < bins1;
-    return exists ? viewOf(table, bins1, bins2).row(row)[column] : 0.0;
+    return exists ? table->bins.row(row)[column] : 0.0;
 }

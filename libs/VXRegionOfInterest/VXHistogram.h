@@ -5,7 +5,6 @@
 #include <QImage>
 
 #include <memory>
-#include <vector>
 
 /// A two-dimensional histogram of the two low bytes of an image's pixels.
 ///
@@ -52,8 +51,9 @@ public:
     double getHistogramValue(int column, int row);
 
 private:
-    std::shared_ptr<std::vector<double>>
-        table; ///< bins1 rows of bins2 values, one behind the other
+    struct Table;
+
+    std::shared_ptr<Table> table; ///< bins1 rows of bins2 values
     int bins1 = 0;
     int bins2 = 0;
 };

@@ -42,12 +42,11 @@ struct BinCounts {
 using Histograms = std::vector<VXHistogram>;
 using Edges = std::vector<VXSegmentEdge>;
 
-Histograms histogramsOfRow(
-    const QImage& lumaChroma, const Grid& grid, int row, const BinCounts& bins)
+Histograms histogramsOfRow(const QImage& chroma, const Grid& grid, int row, const BinCounts& bins)
 {
     Histograms histograms;
     for (int column = 0; column < grid.columns; ++column) {
-        const QImage block = vx::kernels::viewOf(lumaChroma, grid.blockAt(column, row));
+        const QImage block = vx::kernels::viewOf(chroma, grid.blockAt(column, row));
         histograms.emplace_back(block, bins.rows, bins.columns);
         histograms.back().normalizeHistogram();
     }
@@ -72,15 +71,15 @@ void appendEdges(std::vector<Histograms>& histograms, const Grid& grid, int row,
     }
 }
 
-Edges edgesBetweenBlocks(const QImage& lumaChroma, const Grid& grid, const BinCounts& bins)
+Edges edgesBetweenBlocks(const QImage& chroma, const Grid& grid, const BinCounts& bins)
 {
     Edges edges;
     std::vector<Histograms> histograms(static_cast<std::size_t>(grid.rows));
-    histograms[0] = histogramsOfRow(lumaChroma, grid, 0, bins);
+    histograms[0] = histogramsOfRow(chroma, grid, 0, bins);
     for (int row = 0; row < grid.rows; ++row) {
         const auto index = static_cast<std::size_t>(row);
         if (row + 1 < grid.rows)
-            histograms[index + 1] = histogramsOfRow(lumaChroma, grid, row + 1, bins);
+            histograms[index + 1] = histogramsOfRow(chroma, grid, row + 1, bins);
         appendEdges(histograms, grid, row, edges);
         // Blocks have edges to the rows beside theirs, so the row above is needed no more. Together
         // the histograms can be large.
@@ -141,10 +140,10 @@ QImage VXHistogramROI::evaluate(const QImage& image)
 
     const Grid grid { verticalBlocks, horizontalBlocks,
         QSize(map.width() / horizontalBlocks, map.height() / verticalBlocks) };
-    // NOLINTNEXTLINE(readability-suspicious-call-argument): the map has the size of the image
-    const QImage lumaChroma = convertToYcbcr(map, image);
+    // What convertToYcbcr() gives without its luma, which no histogram counts.
+    const QImage chroma = vx::kernels::chromaOf(vx::kernels::toPixelWords(image));
     const BinCounts bins { std::min(bin1, mostUsefulBins), std::min(bin2, mostUsefulBins) };
-    Edges edges = edgesBetweenBlocks(lumaChroma, grid, bins);
+    Edges edges = edgesBetweenBlocks(chroma, grid, bins);
     dropUndefined(edges);
     std::stable_sort(edges.begin(), edges.end());
     VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);

@@ -11,11 +11,14 @@
 /// **Takes** an image of any format, read and written as QImage::pixel and QImage::setPixel do.
 /// ARGB32 and RGB32 are fast. In palette, mono and alpha formats nothing spreads.
 ///
-/// **Returns** an image of the same size and format; null for a null image.
+/// **Returns** an image of the same size and format, with the properties of the source; null for a
+/// null image. An image of one colour, and any image for a size that spreads nothing, is returned as
+/// it is and shares its pixels.
 ///
 /// **Settings**: size and threshold, given once to the constructor.
 ///
-/// **Costs** the same for any size that spreads at all in ARGB32 and RGB32; in other formats it
+/// **Costs** in ARGB32 and RGB32 hardly more for a large size than for a small one, and the same
+/// whatever spreads; least where that is opaque grey, as in every salience map. In other formats it
 /// grows with the size.
 class VXREGIONOFINTEREST_EXPORT VXMaxFilter : public VXAbstractROI {
 public:

@@ -21,7 +21,8 @@
 /// **Settings**: the loaded kernel, which convolute() applies; evaluate() loads both in turn and
 /// leaves the vertical one behind.
 ///
-/// **Costs** nine multiplications per pixel, channel and kernel, and a square root per pixel.
+/// **Costs** nine multiplications per pixel, channel and kernel, and a square root per pixel; where
+/// the image is opaque black, a look at every pixel.
 class VXREGIONOFINTEREST_EXPORT VXSobelROI : public VXAbstractROI {
 public:
     /// Constructs the method enabled, with weight 0 and the configureSobelH() kernel. The class has
@@ -36,7 +37,8 @@ public:
     /// For each pixel the absolute sums of the three channels are added and divided by 12,
     /// truncated, which keeps Sobel responses within 0 to 255. Border pixels repeat their nearest
     /// inner pixel. \return a grey ARGB32 image of the same size with the alpha of \a image; opaque
-    /// black when a side is below 3 pixels; null for a null image.
+    /// black when a side is below 3 pixels; null for a null image. An opaque black ARGB32 image is its
+    /// own response and shares its pixels.
     virtual QImage convolute(const QImage& image) const;
 
     /// Loads the kernel that responds to horizontal edges: 1 2 1, 0 0 0, -1 -2 -1.

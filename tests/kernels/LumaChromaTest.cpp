@@ -18,6 +18,16 @@ QImage packedPlainly(const QImage& image)
 
 testing::AssertionResult packsLikePlain(const QImage& image)
 {
+    QImage chroma = packedPlainly(image);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            chroma.setPixel(x, y, chroma.pixel(x, y) & 0xFF00FFFFU);
+    }
+    const auto chromaOf
+        = [&](const vx::kernels::RowLoops& loops) { return vx::kernels::chromaOf(image, loops); };
+    const testing::AssertionResult chromaIsRight = support::everyVariantGives(chroma, chromaOf);
+    if (!chromaIsRight)
+        return chromaIsRight;
     return support::everyVariantGives(
         packedPlainly(image), [&](const vx::kernels::RowLoops& loops) {
             QImage target(image.size(), QImage::Format_ARGB32);

@@ -27,84 +27,82 @@ std::array<int, 256> binOfByte(int binCount)
 constexpr int fewBins = 2048;
 
 // Neighbours fall into the same bin often, and a count that has just been stored is slow to come back,
-// so every second pixel has a table of its own.
+// so each of four pixels has a table of its own.
 void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
 {
     const auto binCount = static_cast<std::size_t>(bins.rows * bins.columns);
     const auto width = static_cast<std::size_t>(words.width());
-    std::vector<qint32> counts(2 * binCount);
+    std::vector<qint32> counts(4 * binCount);
+    qint32* const tables[] = { counts.data(), counts.data() + binCount,
+        counts.data() + 2 * binCount, counts.data() + 3 * binCount };
     std::vector<quint32> indices(width);
-    qint32* const evenCounts = counts.data();
-    qint32* const oddCounts = evenCounts + binCount;
     for (int y = 0; y < words.height(); ++y) {
         loops.findBins(wordRow(words, y), words.width(), bins.rows, bins.columns, indices.data());
-        for (std::size_t x = 0; x + 1 < width; x += 2) {
-            ++evenCounts[indices[x]];
-            ++oddCounts[indices[x + 1]];
+        std::size_t x = 0;
+        for (; x + 4 <= width; x += 4) {
+            ++tables[0][indices[x]];
+            ++tables[1][indices[x + 1]];
+            ++tables[2][indices[x + 2]];
+            ++tables[3][indices[x + 3]];
         }
-        if (width % 2 == 1)
-            ++evenCounts[indices[width - 1]];
+        for (; x < width; ++x)
+            ++tables[0][indices[x]];
     }
-    for (std::size_t i = 0; i < binCount; ++i)
-        bins.values[i] = evenCounts[i] + oddCounts[i];
+    loops.sumTables(tables, bins.rows, bins.columns, bins.values, bins.emptyRows);
 }
 
-// Most rows of a table are zeros: for a picture's block, all but a few.
-std::vector<quint8> zeroRowsOf(const Bins& bins, const RowLoops& loops)
+void countManyBins(const QImage& words, const Bins& bins)
 {
-    std::vector<quint8> isZero(static_cast<std::size_t>(bins.rows));
-    loops.findZeroRows(bins.values, bins.rows, bins.columns, isZero.data());
-    return isZero;
+    const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
+    const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
+    std::fill_n(bins.emptyRows, bins.rows, quint8 { 1 });
+    for (int y = 0; y < words.height(); ++y) {
+        const QRgb* const pixels = wordRow(words, y);
+        for (int x = 0; x < words.width(); ++x) {
+            const int row = rowOfByte[pixels[x] >> 8 & 0xFFU];
+            const int column = columnOfByte[pixels[x] & 0xFFU];
+            if (row < 0 || column < 0)
+                continue;
+            bins.row(row)[column] += 1.0;
+            bins.emptyRows[row] = 0;
+        }
+    }
 }
 
 } // namespace
 
 void vx::kernels::countChroma(const QImage& words, const Bins& bins, const RowLoops& loops)
 {
-    if (static_cast<qint64>(bins.rows) * bins.columns <= fewBins) {
+    if (static_cast<qint64>(bins.rows) * bins.columns <= fewBins)
         countFewBins(words, bins, loops);
-        return;
-    }
-    const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
-    const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
-    for (int y = 0; y < words.height(); ++y) {
-        const QRgb* const pixels = wordRow(words, y);
-        for (int x = 0; x < words.width(); ++x) {
-            const int row = rowOfByte[pixels[x] >> 8 & 0xFFU];
-            const int column = columnOfByte[pixels[x] & 0xFFU];
-            if (row >= 0 && column >= 0)
-                bins.row(row)[column] += 1.0;
-        }
-    }
+    else
+        countManyBins(words, bins);
 }
 
 void vx::kernels::normalizeBins(const Bins& bins, const RowLoops& loops)
 {
-    const std::vector<quint8> isZero = zeroRowsOf(bins, loops);
     Range values { 1000.0, 0.0 };
-    for (int i = 0; i < bins.rows; ++i) {
-        const bool rowIsZero = isZero[static_cast<std::size_t>(i)] != 0;
-        loops.widenRange(bins.row(i), rowIsZero ? 1 : bins.columns, values);
-    }
+    for (int i = 0; i < bins.rows; ++i) // of an empty row, one value stands for all
+        loops.widenRange(bins.row(i), bins.emptyRows[i] != 0 ? 1 : bins.columns, values);
     const double least = values.least;
     const double range = values.greatest - least;
     for (int i = 0; i < bins.rows; ++i) {
-        const bool rowIsZero = isZero[static_cast<std::size_t>(i)] != 0;
-        const bool staysZero = rowIsZero && least == 0.0 && range > 0.0;
-        if (!staysZero)
-            std::transform(bins.row(i), bins.row(i + 1), bins.row(i),
-                [=](double value) { return (value - least) / range; });
+        const bool staysEmpty = bins.emptyRows[i] != 0 && least == 0.0 && range > 0.0;
+        if (staysEmpty)
+            continue;
+        std::transform(bins.row(i), bins.row(i + 1), bins.row(i),
+            [=](double value) { return (value - least) / range; });
+        bins.emptyRows[i] = 0;
     }
 }
 
-double vx::kernels::chiSquareDistance(const Bins& own, const Bins& other, const RowLoops& loops)
+double vx::kernels::chiSquareDistance(const Bins& own, const Bins& other)
 {
-    const std::vector<quint8> isZero = zeroRowsOf(own, loops);
     const int sharedRows = std::min(own.rows, other.rows);
     const int sharedColumns = std::min(own.columns, other.columns);
     double sum = 0.0;
     for (int i = 0; i < own.rows; ++i) {
-        if (isZero[static_cast<std::size_t>(i)] != 0)
+        if (own.emptyRows[i] != 0)
             continue;
         const double* const ownRow = own.row(i);
         const double* const otherRow = i < sharedRows ? other.row(i) : nullptr;

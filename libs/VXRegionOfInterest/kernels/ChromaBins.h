@@ -11,13 +11,14 @@ namespace vx::kernels {
 /// The bins of a two-dimensional histogram, row by row; a view that owns nothing.
 struct Bins {
     double* values;
+    quint8* emptyRows; ///< for each row, not 0 only if all its values are 0
     int rows;
     int columns;
 
     double* row(int index) const { return values + static_cast<std::ptrdiff_t>(index) * columns; }
 };
 
-/// Adds 1 to a bin, from 0 on, for each pixel of \a words, an image of 32 bits per pixel: in row (bits 8 to 15)
+/// Adds 1 to a bin, from 0 on, and finds the empty rows: for each pixel of \a words, an image of 32 bits per pixel: in row (bits 8 to 15)
 /// · rows / 256 and column (bits 0 to 7) · columns / 256, in 32-bit arithmetic that wraps. Pixels
 /// whose row or column is negative are not counted.
 void countChroma(const QImage& words, const Bins& bins, const RowLoops& loops = fastestRowLoops());
@@ -28,8 +29,7 @@ void normalizeBins(const Bins& bins, const RowLoops& loops = fastestRowLoops());
 
 /// The sum of (u - v)² / u over the bins of \a own, row by row, where u is neither 0 nor NaN and v
 /// is the same bin of \a other, 0 where that has none.
-double chiSquareDistance(
-    const Bins& own, const Bins& other, const RowLoops& loops = fastestRowLoops());
+double chiSquareDistance(const Bins& own, const Bins& other);
 
 namespace reference {
 /// Divides in 32-bit integers.

@@ -71,6 +71,7 @@ void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
         QPainter(&image).fillRect(part, QColor(colour));
         return;
     }
-    for (int y = part.top(); y <= part.bottom(); ++y)
-        std::fill_n(writableWordRow(image, y) + part.left(), part.width(), colour);
+    QRgb* row = writableWordRow(image, part.top()) + part.left();
+    for (int y = 0; y < part.height(); ++y, row += image.bytesPerLine() / 4)
+        std::fill_n(row, part.width(), colour);
 }

@@ -17,12 +17,17 @@ struct Columns {
     std::ptrdiff_t count;
 };
 
-VX_ALWAYS_INLINE void convertColumns(const QRgb* pixels, std::ptrdiff_t count, double* luma,
-    double* redDifference, double* blueDifference)
+VX_ALWAYS_INLINE void convertColumns(const QRgb* pixels, std::ptrdiff_t count,
+    double* __restrict luma, double* __restrict redDifference, double* __restrict blueDifference)
 {
     for (std::ptrdiff_t i = 0; i < count; ++i) {
-        toLumaChroma(redOf(pixels[i]), greenOf(pixels[i]), blueOf(pixels[i]), luma[i],
-            redDifference[i], blueDifference[i]);
+        double y;
+        double cr;
+        double cb;
+        toLumaChroma(redOf(pixels[i]), greenOf(pixels[i]), blueOf(pixels[i]), y, cr, cb);
+        luma[i] = y;
+        redDifference[i] = cr;
+        blueDifference[i] = cb;
     }
 }
 

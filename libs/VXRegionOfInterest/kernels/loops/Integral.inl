@@ -47,12 +47,17 @@ VX_ALWAYS_INLINE void toDoubles(const FourWords& words, FourDoubles& doubles)
 #endif
 }
 
-VX_ALWAYS_INLINE void setFirstLane(const double& value, FourDoubles& lanes)
+// A value followed by the first three lanes of others.
+VX_ALWAYS_INLINE void shiftIn(const double& value, const FourDoubles& lanes, FourDoubles& shifted)
 {
-#ifdef __AVX__
-    lanes = _mm256_blend_pd(lanes, _mm256_broadcast_sd(&value), 1);
+#if defined(__AVX512VL__)
+    const __m256i values = _mm256_castpd_si256(_mm256_broadcast_sd(&value));
+    shifted = _mm256_castsi256_pd(_mm256_alignr_epi64(_mm256_castpd_si256(lanes), values, 3));
+#elif defined(__AVX__)
+    const FourDoubles turned = __builtin_shufflevector(lanes, lanes, 3, 0, 1, 2);
+    shifted = _mm256_blend_pd(turned, _mm256_broadcast_sd(&value), 1);
 #else
-    lanes[0] = value;
+    shifted = FourDoubles { value, lanes[0], lanes[1], lanes[2] };
 #endif
 }
 
@@ -120,8 +125,9 @@ VX_ALWAYS_INLINE void integrateFourColumns(const QRgb* const* rows, std::ptrdiff
         for (int channel = 0; channel < channelCount; ++channel) {
             sums.alongRows[channel] += channels.of[channel];
             const FourDoubles before = sums.integral[channel];
-            FourDoubles above = __builtin_shufflevector(before, before, 3, 0, 1, 2);
-            setFirstLane(end.values[(2 * channel + step % 2) * end.stride + (x + step) / 2], above);
+            FourDoubles above;
+            shiftIn(
+                end.values[(2 * channel + step % 2) * end.stride + (x + step) / 2], before, above);
             sums.integral[channel] = sums.alongRows[channel] + above;
             steps[channel][step] = sums.integral[channel];
         }

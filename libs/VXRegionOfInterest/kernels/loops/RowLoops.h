@@ -113,12 +113,16 @@ struct RowLoops {
     /// Packs luma and chroma as packedLumaChromaOf() does.
     void (*packLumaChroma)(const QRgb* pixels, int count, QRgb* target);
 
+    /// Packs the two chroma bytes as packedLumaChromaOf() does, and 0 in place of luma.
+    void (*packChroma)(const QRgb* pixels, int count, QRgb* target);
+
     /// The index of each pixel's bin in a table of so many rows and columns, see countChroma(). \pre
     /// the table has at most 2²³ bins.
     void (*findBins)(const QRgb* pixels, int count, int rows, int columns, quint32* indices);
 
-    /// Says of each row of a table whether it holds nothing but zeros.
-    void (*findZeroRows)(const double* values, int rows, int columns, quint8* isZero);
+    /// Adds up four tables of counts, and says of each row whether it holds nothing but zeros.
+    void (*sumTables)(
+        const qint32* const* tables, int rows, int columns, double* sums, quint8* emptyRows);
 
     /// Widens \a range to \a count more numbers; what is not a number is passed over.
     void (*widenRange)(const double* numbers, std::ptrdiff_t count, Range& range);

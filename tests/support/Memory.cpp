@@ -23,14 +23,16 @@ double statusOf(const std::string& name)
 
 } // namespace
 
-double benchmarks::peakMemoryOf(const std::function<void()>& work)
+double support::residentMemory() { return statusOf("VmRSS"); }
+
+double support::peakMemoryOf(const std::function<void()>& work)
 {
     int ends[2];
     if (pipe(ends) != 0)
         return 0;
     const pid_t child = fork();
     if (child == 0) {
-        const double before = statusOf("VmRSS");
+        const double before = residentMemory();
         work();
         const double peak = statusOf("VmHWM") - before;
         const bool isWritten = write(ends[1], &peak, sizeof peak) == sizeof peak;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <functional>
+
+namespace support {
+
+/// The memory of this process that is resident, in bytes; 0 where the system does not tell.
+double residentMemory();
+
+/// The most memory, in bytes, that \a work takes beyond what is resident before it; measured in a
+/// process of its own. 0 where the system does not tell.
+double peakMemoryOf(const std::function<void()>& work);
+
+} // namespace support
