@@ -98,7 +98,9 @@ TEST(Blend, mapsOfOtherSizesEndWhereTheyEnd)
 
 TEST(Blend, nullTargetIsLeftAlone)
 {
+    std::vector<vx::kernels::RedPlane> maps;
+    maps.push_back(vx::kernels::redPlaneOf(support::noise(4, 4, 1)));
     QImage target;
-    vx::kernels::blend({ vx::kernels::redPlaneOf(support::noise(4, 4, 1)) }, { 1 }, target);
+    vx::kernels::blend(maps, { 1 }, target);
     EXPECT_TRUE(target.isNull());
 }

@@ -1,6 +1,7 @@
 #include "Blend.h"
 
 #include "PixelWords.h"
+#include "UninitializedBytes.h"
 
 #include <algorithm>
 
@@ -19,11 +20,11 @@ qint32 divisorOf(const QList<int>& weights)
 vx::kernels::RedPlane vx::kernels::redPlaneOf(const QImage& words, const RowLoops& loops)
 {
     const auto width = static_cast<std::size_t>(words.width());
-    RedPlane plane { words.width(), words.height(), {} };
-    plane.values.resize(width * static_cast<std::size_t>(words.height()));
+    const std::size_t pixels = width * static_cast<std::size_t>(words.height());
+    RedPlane plane { words.width(), words.height(), uninitializedBytes(pixels) };
     for (int y = 0; y < words.height(); ++y)
         loops.readReds(wordRow(words, y), words.width(),
-            plane.values.data() + static_cast<std::size_t>(y) * width);
+            plane.values.get() + static_cast<std::size_t>(y) * width);
     return plane;
 }
 
@@ -38,7 +39,7 @@ void vx::kernels::blend(const std::vector<RedPlane>& maps, const QList<int>& wei
         for (const RedPlane& map : maps) {
             const auto weight = static_cast<quint32>(weights.value(index++));
             if (y < map.height)
-                loops.addWeighted(map.values.data() + static_cast<std::ptrdiff_t>(y) * map.width,
+                loops.addWeighted(map.values.get() + static_cast<std::ptrdiff_t>(y) * map.width,
                     std::min(map.width, target.width()), weight, sums.data());
         }
         loops.divideSums(sums.data(), target.width(), divisor, writableWordRow(target, y));

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QList>
 
+#include <memory>
 #include <vector>
 
 namespace vx::kernels {
@@ -13,7 +14,7 @@ namespace vx::kernels {
 struct RedPlane {
     int width;
     int height;
-    std::vector<quint8> values;
+    std::unique_ptr<quint8[]> values;
 };
 
 /// Reads the red values of \a words, an image of 32 bits per pixel.

@@ -36,6 +36,13 @@ inline QRgb* writableWordRow(QImage& words, int y)
 /// An image with the size, the format and all the properties of \a image; its pixels are not written.
 QImage sameWithoutPixels(const QImage& image);
 
+/// The bits that a pixel read from or set in an ARGB32 or RGB32 image has, whatever its word holds: in
+/// RGB32 all pixels are opaque.
+inline QRgb bitsAlwaysSet(const QImage& image)
+{
+    return image.format() == QImage::Format_RGB32 ? 0xFF000000U : 0;
+}
+
 /// A part of an image of 32 bits per pixel, as an ARGB32 image that owns no pixels and lives no longer
 /// than \a words. \pre \a part lies within the image.
 QImage viewOf(const QImage& words, const QRect& part);

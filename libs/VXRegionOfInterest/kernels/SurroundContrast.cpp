@@ -2,7 +2,7 @@
 
 #include "SurroundContrast.h"
 
-#include "LumaChroma.h"
+#include "IntegralRows.h"
 #include "PixelWords.h"
 
 #include <algorithm>
@@ -30,116 +30,6 @@ public:
 private:
     std::vector<double> values;
     ChannelRow view;
-};
-
-// Owns an IntegralRow of zeros, with the margins that its loops need.
-class IntegralRowBuffer {
-public:
-    explicit IntegralRowBuffer(int width)
-        : stride((width + 1) / 2 + 2 * integralMargin)
-        , values(static_cast<std::size_t>(2 * channelCount * stride))
-    {
-    }
-
-    IntegralRow row() { return { values.data() + integralMargin, stride }; }
-
-    void addRow(const QRgb* pixels, int width)
-    {
-        std::array<double, channelCount> rowSums {};
-        for (int x = 0; x < width; ++x) {
-            const LumaChroma colour = lumaChromaOf(pixels[x]);
-            addTo(rowSums[0], colour.luma, 0, x);
-            addTo(rowSums[1], colour.redDifference, 1, x);
-            addTo(rowSums[2], colour.blueDifference, 2, x);
-        }
-    }
-
-private:
-    void addTo(double& rowSum, double value, int channel, int x)
-    {
-        rowSum += value;
-        row().values[(2 * channel + x % 2) * stride + x / 2] += rowSum;
-    }
-
-    std::ptrdiff_t stride;
-    std::vector<double> values;
-};
-
-// Rows of an integral image, every second one in ascending order, from the first or the second on;
-// the last row may follow directly upon the one before it. Two rows are held at a time.
-class IntegralRows {
-public:
-    IntegralRows(const QImage& image, const RowLoops& rowLoops)
-        : words(image)
-        , loops(rowLoops)
-        , middle(image.width())
-        , end(image.width())
-        , pixels(rowsAtOnce * pixelStride())
-    {
-    }
-
-    IntegralRow at(int y)
-    {
-        if (y == middleRow)
-            return middle.row();
-        if (y == middleRow + 1 && middleRow > 0) {
-            addRow(y, middle, middleRow);
-            return middle.row();
-        }
-        if (y == endRow + 1)
-            addRow(y, end, endRow);
-        if (y == endRow)
-            return end.row();
-        addFourRows();
-        return middle.row();
-    }
-
-    bool holds(int y) const { return y == middleRow || y == endRow; }
-
-private:
-    static constexpr std::size_t rowsAtOnce = 4;
-
-    std::size_t pixelStride() const
-    {
-        return static_cast<std::size_t>(words.width() + 2 * integralMargin);
-    }
-
-    void addRow(int y, IntegralRowBuffer& sums, int& current) const
-    {
-        sums.addRow(wordRow(words, y), words.width());
-        current = y;
-    }
-
-    // Below the image its last row is repeated; nobody asks for those sums.
-    void addFourRows()
-    {
-        std::array<const QRgb*, rowsAtOnce> rows {};
-        for (std::size_t i = 0; i < rowsAtOnce; ++i)
-            rows[i] = rowWithMargins(std::min(endRow + 1 + static_cast<int>(i), words.height() - 1),
-                &pixels[i * pixelStride() + integralMargin]);
-        loops.integrateFourRows(rows.data(), words.width(), middle.row(), end.row());
-        middleRow = endRow + 2;
-        endRow += 4;
-    }
-
-    // What lies beside a row is read, though not used. Between other rows that is pixels of theirs.
-    const QRgb* rowWithMargins(int y, QRgb* copy) const
-    {
-        const QRgb* const row = wordRow(words, y);
-        const bool liesBetween = y > 0 && y < words.height() - 1;
-        if (liesBetween && words.width() >= integralMargin)
-            return row;
-        std::copy_n(row, words.width(), copy);
-        return copy;
-    }
-
-    const QImage& words;
-    const RowLoops& loops;
-    IntegralRowBuffer middle;
-    IntegralRowBuffer end;
-    int middleRow = -1;
-    int endRow = -1;
-    std::vector<QRgb> pixels;
 };
 
 // In the upper half of the image every surround begins with row 0, in the lower half every surround

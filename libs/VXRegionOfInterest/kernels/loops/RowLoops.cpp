@@ -27,7 +27,9 @@ constexpr int channelCount = 3;
 using FourDoubles = double __attribute__((vector_size(32)));
 
 // As many doubles as this processor has in a register.
-#ifdef __AVX__
+#if defined(__AVX512F__)
+using Doubles = double __attribute__((vector_size(64)));
+#elif defined(__AVX__)
 using Doubles = FourDoubles;
 #else
 using Doubles = double __attribute__((vector_size(16)));
@@ -54,7 +56,9 @@ VX_ALWAYS_INLINE void toLumaChroma(const Number& red, const Number& green, const
     blueDifference = (blue - luma) * 0.564 + 128.0;
 }
 
-#include "Range.inl" // first, because others stand on it
+// These first, because others stand on them.
+#include "Range.inl"
+#include "Smoothing.inl"
 
 #include "Chroma.inl"
 #include "Contrast.inl"

@@ -69,6 +69,7 @@ struct RedMeasure {
     quint64 above; ///< how many are above it
 };
 
+/// The loops as they are compiled for one kind of processor.
 struct RowLoops {
     const char* name; ///< the kind of processor: "plain", "avx2", "avx512"
 
@@ -154,7 +155,7 @@ struct RowLoops {
 /// The loops that this processor can run, from the plainest to the fastest.
 std::vector<const RowLoops*> availableRowLoops();
 
-/// The last of them, chosen when the library is loaded.
+/// The last of them; chosen once.
 const RowLoops& fastestRowLoops();
 
 } // namespace vx::kernels
