@@ -20,8 +20,10 @@
 #include "kernels/Cubes.h"
 #include "kernels/EdgeResponse.h"
 #include "kernels/GaussianBlur.h"
+#include "kernels/LumaChroma.h"
 #include "kernels/MaxFilter.h"
 #include "kernels/RedSums.h"
+#include "kernels/SurroundContrast.h"
 #include "support/Memory.h"
 #include "support/PlainHistogramROI.h"
 
@@ -190,6 +192,44 @@ void registerMixerAndReaders()
         reference::rowRedSums });
 }
 
+// The kernels that take longest, with each variant of the loops.
+void registerVariants()
+{
+    for (const vx::kernels::RowLoops* const loops : vx::kernels::availableRowLoops()) {
+        const std::string name = std::string("loops for ") + loops->name;
+        const ImageSubject contrast { name + ": surround contrast",
+            [loops](const QImage& image) {
+                QImage target = mapFor(image);
+                vx::kernels::surroundContrast(image, target, *loops);
+                return target;
+            },
+            [](const QImage& image) {
+                QImage target = mapFor(image);
+                reference::surroundContrast(image, target);
+                return target;
+            } };
+        const ImageSubject filter { name + ": maximum filter, grey",
+            [loops](const QImage& image) { return vx::kernels::maxFilter(image, 45, 150, *loops); },
+            [](const QImage& image) { return reference::maxFilter(image, 45, 150); } };
+        const ImageSubject chroma { name + ": chroma",
+            [loops](const QImage& image) { return vx::kernels::chromaOf(image, *loops); },
+            [](const QImage& image) {
+                QImage target = mapFor(image);
+                for (int y = 0; y < image.height(); ++y) {
+                    for (int x = 0; x < image.width(); ++x)
+                        target.setPixel(
+                            x, y, vx::kernels::packedLumaChromaOf(image.pixel(x, y)) & 0xFF00FFFFU);
+                }
+                return target;
+            } };
+        for (const QSize& size : { QSize(320, 240), workingSize, QSize(1920, 1280) }) {
+            registerPair(contrast, Kind::Photo, size);
+            registerPair(filter, Kind::Bright, size);
+            registerPair(chroma, Kind::Photo, size);
+        }
+    }
+}
+
 // From a picture in memory to the start of its square crop.
 void registerDecision()
 {
@@ -264,6 +304,7 @@ void benchmarks::registerAll()
     registerFilters();
     registerMixerAndReaders();
     registerDecision();
+    registerVariants();
     registerMaximumFilterExtremes();
     registerMemory();
     registerThreads();

@@ -1,10 +1,76 @@
 #include "kernels/loops/RowLoops.h"
 
+#include "support/Random.h"
+
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+#include <vector>
 
 namespace kernels = vx::kernels;
+
+namespace {
+
+std::vector<QRgb> randomPixels(std::size_t count, support::Random& random)
+{
+    std::vector<QRgb> pixels(count);
+    for (QRgb& pixel : pixels)
+        pixel = random.word();
+    return pixels;
+}
+
+// Sums of up to a thousand rows of bytes, with many binary digits.
+std::vector<double> randomSums(std::size_t count, support::Random& random)
+{
+    std::vector<double> sums(count);
+    for (double& sum : sums)
+        sum = random.word() / 65536.0 * (1.0 + random.below(1000) / 1000.0);
+    return sums;
+}
+
+// The contrasts of two rows, and what becomes of the smoothing state.
+std::vector<double> contrastsOf(
+    const kernels::RowLoops& loops, int width, bool isUpper, int rowCount, unsigned seed)
+{
+    support::Random random(seed);
+    const auto count = static_cast<std::size_t>(width);
+    const std::vector<QRgb> pixels = randomPixels(2 * count, random);
+    std::vector<double> state = randomSums(6 * count, random);
+    const std::vector<double> widths = [&] {
+        std::vector<double> all(count);
+        for (double& columns : all)
+            columns = 1 + random.below(width);
+        return all;
+    }();
+    std::vector<double> reciprocals;
+    for (const double columns : widths)
+        reciprocals.push_back(1 / columns);
+
+    const std::ptrdiff_t stride = (width + 1) / 2 + 2 * kernels::integralMargin;
+    std::vector<double> integral = randomSums(static_cast<std::size_t>(24 * stride), random);
+    const auto row = [&](std::ptrdiff_t index) {
+        return kernels::IntegralRow {
+            integral.data() + 6 * stride * index + kernels::integralMargin, stride
+        };
+    };
+    std::vector<double> contrasts(2 * count);
+    const kernels::IntegralRow none {};
+    const kernels::ContrastRow rows[] = {
+        { pixels.data(), 4.0, row(0), isUpper ? none : row(2), 37.0, contrasts.data() },
+        { pixels.data() + count, 4.0, row(1), isUpper ? none : row(3), 39.0,
+            contrasts.data() + count },
+    };
+    kernels::Range range { 1e300, 0 };
+    loops.contrastRows(width, { widths.data(), reciprocals.data() },
+        { { state.data(), width }, { state.data() + 3 * count, width } }, rows, rowCount, range);
+    contrasts.insert(contrasts.end(), state.begin(), state.end());
+    contrasts.push_back(range.least);
+    contrasts.push_back(range.greatest);
+    return contrasts;
+}
+
+} // namespace
 
 TEST(RowLoops, plainOnesAreThereOnEveryMachine)
 {
@@ -39,3 +105,27 @@ TEST(RowLoops, thereIsOneForEveryKindOfProcessorUpToThisOne)
     EXPECT_EQ(kernels::availableRowLoops().size(), kinds);
 }
 #endif
+
+// Levels would hide a last bit that is wrong. The plain loops divide where the others multiply.
+TEST(RowLoops, contrastsAreTheSameToTheBit)
+{
+    const kernels::RowLoops& plain = *kernels::availableRowLoops().front();
+    unsigned seed = 0;
+    for (const int width :
+        { 1, 2, 3, 4, 5, 7, 8, 9, 31, 64, 65, 127, 128, 129, 130, 131, 640, 3001 }) {
+        for (const bool isUpper : { true, false }) {
+            for (const int rowCount : { 1, 2 }) {
+                const std::vector<double> expected
+                    = contrastsOf(plain, width, isUpper, rowCount, ++seed);
+                for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
+                    const std::vector<double> actual
+                        = contrastsOf(*loops, width, isUpper, rowCount, seed);
+                    ASSERT_EQ(std::memcmp(
+                                  expected.data(), actual.data(), expected.size() * sizeof(double)),
+                        0)
+                        << loops->name << ", width " << width;
+                }
+            }
+        }
+    }
+}

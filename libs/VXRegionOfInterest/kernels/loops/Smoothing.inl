@@ -1,6 +1,7 @@
 // Smoothing of a chunk of columns, in one row or two of them at once.
 
-// More than a chunk's stores can be under way: a vector that is loaded across two of them would wait.
+// So many that what is stored first has reached the cache when it is loaded again one column on: a
+// vector across two stores that are still under way would wait for both.
 constexpr std::ptrdiff_t chunkColumns = 128;
 
 // Columns x - 1 to x + count of a row, each channel on its own; later columns x to x + count - 1 of
