@@ -50,10 +50,7 @@ VX_ALWAYS_INLINE void toDoubles(const FourWords& words, FourDoubles& doubles)
 // A value followed by the first three lanes of others.
 VX_ALWAYS_INLINE void shiftIn(const double& value, const FourDoubles& lanes, FourDoubles& shifted)
 {
-#if defined(__AVX512VL__)
-    const __m256i values = _mm256_castpd_si256(_mm256_broadcast_sd(&value));
-    shifted = _mm256_castsi256_pd(_mm256_alignr_epi64(_mm256_castpd_si256(lanes), values, 3));
-#elif defined(__AVX__)
+#ifdef __AVX__
     const FourDoubles turned = __builtin_shufflevector(lanes, lanes, 3, 0, 1, 2);
     shifted = _mm256_blend_pd(turned, _mm256_broadcast_sd(&value), 1);
 #else

@@ -1,9 +1,7 @@
 // The maximum filter's loops, over red values as bytes.
 
 // As many bytes as this processor has in a register.
-#if defined(__AVX512BW__)
-using Bytes = quint8 __attribute__((vector_size(64)));
-#elif defined(__AVX2__)
+#ifdef __AVX2__
 using Bytes = quint8 __attribute__((vector_size(32)));
 #else
 using Bytes = quint8 __attribute__((vector_size(16)));

@@ -27,9 +27,7 @@ constexpr int channelCount = 3;
 using FourDoubles = double __attribute__((vector_size(32)));
 
 // As many doubles as this processor has in a register.
-#if defined(__AVX512F__)
-using Doubles = double __attribute__((vector_size(64)));
-#elif defined(__AVX__)
+#ifdef __AVX__
 using Doubles = FourDoubles;
 #else
 using Doubles = double __attribute__((vector_size(16)));

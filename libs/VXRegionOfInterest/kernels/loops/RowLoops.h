@@ -71,7 +71,7 @@ struct RedMeasure {
 
 /// The loops as they are compiled for one kind of processor.
 struct RowLoops {
-    const char* name; ///< the kind of processor: "plain", "avx2", "avx512"
+    const char* name; ///< the kind of processor: "plain" or "avx2"
 
     /// Adds four rows of pixels to an integral image. \a end comes with its row before these, and
     /// goes with the fourth; \a middle receives the second.
