@@ -185,6 +185,31 @@ TEST(VXMaxFilter, equalsThePlainFilterForGreyMaps)
     }
 }
 
+TEST(VXMaxFilter, doesNotSpreadAGreyPixelAtTheThreshold)
+{
+    QImage map = black(9, 9);
+    map.setPixel(4, 4, qRgb(50, 50, 50));
+    EXPECT_TRUE(support::sameImage(map, VXMaxFilter(7, 50).evaluate(map)));
+    EXPECT_TRUE(equalsPlain(map, 7, 50));
+    EXPECT_TRUE(equalsPlain(map, 7, 49));
+}
+
+TEST(VXMaxFilter, equalsThePlainFilterForArmsAroundTheSidesOfAGreyMap)
+{
+    support::Random random(12);
+    for (int side = 1; side <= 12; ++side) {
+        QImage map = black(side, 13 - side);
+        for (int y = 0; y < map.height(); ++y) {
+            for (int x = 0; x < map.width(); ++x) {
+                const int level = random.below(256);
+                map.setPixel(x, y, qRgb(level, level, level));
+            }
+        }
+        for (int arm = 1; arm <= 14; ++arm)
+            ASSERT_TRUE(equalsPlain(map, 2 * arm, 20)) << side << ", arm " << arm;
+    }
+}
+
 TEST(VXMaxFilter, equalsThePlainFilterInEveryFormat)
 {
     support::Random random(9);

@@ -91,6 +91,7 @@ TEST(ChromaBins, countsIntoTablesBeyondTheCacheAsWell)
         reference::countChroma(image, plain.bins);
         countChroma(image, fast.bins);
         expectSame(plain, fast);
+        expectSameArithmetic(fast, plain, *availableRowLoops().front());
     }
 }
 

@@ -20,9 +20,9 @@ QImage plainResponse(const QImage& image, const Kernel3x3& kernel, int divisor)
     return target;
 }
 
-testing::AssertionResult respondsLikePlain(const QImage& image, const Kernel3x3& kernel)
+testing::AssertionResult respondsLikePlain(
+    const QImage& image, const Kernel3x3& kernel, int divisor = 12)
 {
-    const int divisor = 12;
     return support::everyVariantGives(
         plainResponse(image, kernel, divisor), [&](const RowLoops& loops) {
             QImage target(image.size(), QImage::Format_ARGB32);
@@ -79,6 +79,15 @@ TEST(EdgeResponse, fastEqualsPlainForLargerImagesAndPaddedRows)
         EXPECT_TRUE(respondsLikePlain(image, vertical));
     const support::PaddedImage padded(support::noise(67, 45, 3));
     EXPECT_TRUE(respondsLikePlain(padded.image(), horizontal));
+}
+
+TEST(EdgeResponse, dividesLikePlainByAnyDivisor)
+{
+    constexpr Kernel3x3 heavy { 60, -4, 0, 0, 30, 0, 0, 0, -34 };
+    for (int divisor = 1; divisor <= 400; ++divisor) {
+        const QImage image = support::noise(40, 12, static_cast<unsigned>(divisor));
+        ASSERT_TRUE(respondsLikePlain(image, heavy, divisor)) << divisor;
+    }
 }
 
 TEST(EdgeResponse, combinesEveryPairOfResponses)

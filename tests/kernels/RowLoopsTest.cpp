@@ -1,9 +1,15 @@
 #include "kernels/loops/RowLoops.h"
 
+#include "kernels/Contrasts.h"
+#include "kernels/LumaChroma.h"
+#include "kernels/PixelWords.h"
+#include "kernels/Planes.h"
 #include "support/Random.h"
+#include "support/TestImages.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -70,6 +76,46 @@ std::vector<double> contrastsOf(
     return contrasts;
 }
 
+// A picture's channels as whole planes, with the arithmetic of Planes.h.
+struct Channel {
+    Channel(const QImage& image, double kernels::LumaChroma::*member)
+        : width(image.width())
+        , height(image.height())
+    {
+        for (int y = 0; y < height; ++y) {
+            integral.append(kernels::Plane());
+            for (int x = 0; x < width; ++x) {
+                plane.append(kernels::lumaChromaOf(kernels::wordRow(image, y)[x]).*member);
+                integral.last().append(0);
+            }
+        }
+        smoothed = plane;
+        kernels::smoothSeparably(plane, width, height, { 1, 2, 1 }, smoothed);
+        kernels::integrate(plane, width, height, integral);
+    }
+
+    // The squared distance of a pixel to the mean of its surround.
+    double contrast(int x, int y) const
+    {
+        const int reachX = std::min(x, width - x);
+        const int reachY = std::min(y, height - y);
+        const int left = x - reachX;
+        const int top = y - reachY;
+        const int right = std::min(x + reachX, width - 1);
+        const int bottom = std::min(y + reachY, height - 1);
+        const double area = (right - left + 1) * (bottom - top + 1);
+        const double mean = kernels::rectangleSum(integral, left, top, right, bottom) / area;
+        const double distance = mean - smoothed.at(y * width + x);
+        return distance * distance;
+    }
+
+    int width;
+    int height;
+    kernels::Plane plane;
+    kernels::Plane smoothed;
+    kernels::IntegralImage integral;
+};
+
 } // namespace
 
 TEST(RowLoops, plainOnesAreThereOnEveryMachine)
@@ -122,6 +168,28 @@ TEST(RowLoops, contrastsAreTheSameToTheBit)
                                   expected.data(), actual.data(), expected.size() * sizeof(double)),
                         0)
                         << loops->name << ", width " << width;
+                }
+            }
+        }
+    }
+}
+
+TEST(RowLoops, contrastsOfAPictureAreThePlainOnesToTheBit)
+{
+    for (const QSize& size : { QSize(1, 1), QSize(2, 9), QSize(7, 1), QSize(9, 2), QSize(8, 3),
+             QSize(37, 23), QSize(130, 12), QSize(301, 8) }) {
+        const QImage image = support::noise(size.width(), size.height(), 5);
+        const Channel luma(image, &kernels::LumaChroma::luma);
+        const Channel red(image, &kernels::LumaChroma::redDifference);
+        const Channel blue(image, &kernels::LumaChroma::blueDifference);
+        for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
+            const kernels::Contrasts contrasts(image, *loops);
+            for (int y = 0; y < size.height(); ++y) {
+                for (int x = 0; x < size.width(); ++x) {
+                    const double expected
+                        = luma.contrast(x, y) + red.contrast(x, y) + blue.contrast(x, y);
+                    ASSERT_EQ(contrasts.row(y)[x], expected)
+                        << loops->name << ": " << x << ", " << y;
                 }
             }
         }
