@@ -35,13 +35,13 @@ std::vector<double> randomSums(std::size_t count, support::Random& random)
     return sums;
 }
 
-// The contrasts of two rows, and what becomes of the smoothing state.
+// The contrasts of some rows, and what becomes of the smoothing state.
 std::vector<double> contrastsOf(
     const kernels::RowLoops& loops, int width, bool isUpper, int rowCount, unsigned seed)
 {
     support::Random random(seed);
     const auto count = static_cast<std::size_t>(width);
-    const std::vector<QRgb> pixels = randomPixels(2 * count, random);
+    const std::vector<QRgb> pixels = randomPixels(4 * count, random);
     std::vector<double> state = randomSums(6 * count, random);
     const std::vector<double> widths = [&] {
         std::vector<double> all(count);
@@ -54,22 +54,24 @@ std::vector<double> contrastsOf(
         reciprocals.push_back(1 / columns);
 
     const std::ptrdiff_t stride = (width + 1) / 2 + 2 * kernels::integralMargin;
-    std::vector<double> integral = randomSums(static_cast<std::size_t>(24 * stride), random);
+    std::vector<double> integral = randomSums(static_cast<std::size_t>(48 * stride), random);
     const auto row = [&](std::ptrdiff_t index) {
         return kernels::IntegralRow {
             integral.data() + 6 * stride * index + kernels::integralMargin, stride
         };
     };
-    std::vector<double> contrasts(2 * count);
-    const kernels::IntegralRow none {};
-    const kernels::ContrastRow rows[] = {
-        { pixels.data(), 4.0, row(0), isUpper ? none : row(2), 37.0, contrasts.data() },
-        { pixels.data() + count, 4.0, row(1), isUpper ? none : row(3), 39.0,
-            contrasts.data() + count },
-    };
+    std::vector<double> contrasts(4 * count);
+    std::vector<kernels::ContrastRow> rows;
+    for (int i = 0; i < 4; ++i) {
+        const auto first = static_cast<std::size_t>(i) * count;
+        rows.push_back(
+            { pixels.data() + first, 4.0, row(i), isUpper ? kernels::IntegralRow {} : row(4 + i),
+                37.0 + 2 * i, contrasts.data() + first });
+    }
     kernels::Range range { 1e300, 0 };
     loops.contrastRows(width, { widths.data(), reciprocals.data() },
-        { { state.data(), width }, { state.data() + 3 * count, width } }, rows, rowCount, range);
+        { { state.data(), width }, { state.data() + 3 * count, width } }, rows.data(), rowCount,
+        range);
     contrasts.insert(contrasts.end(), state.begin(), state.end());
     contrasts.push_back(range.least);
     contrasts.push_back(range.greatest);
@@ -131,7 +133,7 @@ TEST(RowLoops, everyVariantIsCompiledOnItsOwn)
             if (a == b)
                 continue;
             EXPECT_STRNE(a->name, b->name);
-            EXPECT_NE(a->integrateFourRows, b->integrateFourRows);
+            EXPECT_NE(a->integrateEightRows, b->integrateEightRows);
         }
     }
 }
@@ -145,7 +147,9 @@ TEST(RowLoops, theFastestIsTheLastThatTheMachineCanRun)
 TEST(RowLoops, thereIsOneForEveryKindOfProcessorUpToThisOne)
 {
     const std::size_t kinds
-        = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") ? 2U : 1U;
+        = __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512bw") ? 3U
+        : __builtin_cpu_supports("avx2")                                           ? 2U
+                                                                                   : 1U;
     EXPECT_EQ(kernels::availableRowLoops().size(), kinds);
 }
 #endif
@@ -155,10 +159,10 @@ TEST(RowLoops, contrastsAreTheSameToTheBit)
 {
     const kernels::RowLoops& plain = *kernels::availableRowLoops().front();
     unsigned seed = 0;
-    for (const int width :
-        { 1, 2, 3, 4, 5, 7, 8, 9, 31, 64, 65, 127, 128, 129, 130, 131, 640, 3001 }) {
+    for (const int width : { 1, 2, 3, 4, 5, 7, 8, 9, 31, 64, 65, 127, 159, 160, 161, 162, 168, 319,
+             320, 321, 640, 3001 }) {
         for (const bool isUpper : { true, false }) {
-            for (const int rowCount : { 1, 2 }) {
+            for (const int rowCount : { 1, 4 }) {
                 const std::vector<double> expected
                     = contrastsOf(plain, width, isUpper, rowCount, ++seed);
                 for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
@@ -177,7 +181,7 @@ TEST(RowLoops, contrastsAreTheSameToTheBit)
 TEST(RowLoops, contrastsOfAPictureAreThePlainOnesToTheBit)
 {
     for (const QSize& size : { QSize(1, 1), QSize(2, 9), QSize(7, 1), QSize(9, 2), QSize(8, 3),
-             QSize(37, 23), QSize(130, 12), QSize(301, 8) }) {
+             QSize(37, 23), QSize(170, 12), QSize(301, 10), QSize(24, 41), QSize(5, 40) }) {
         const QImage image = support::noise(size.width(), size.height(), 5);
         const Channel luma(image, &kernels::LumaChroma::luma);
         const Channel red(image, &kernels::LumaChroma::redDifference);

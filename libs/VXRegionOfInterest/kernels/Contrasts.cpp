@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int channelCount = 3;
+constexpr int rowsAtOnce = 4;
 
 } // namespace
 
@@ -53,10 +54,10 @@ void vx::kernels::Contrasts::sweep()
     loops.beginSmoothing(wordRow(words, 0), words.width(), state);
     int y = 0;
     while (y < words.height()) {
-        std::array<ContrastRow, 2> rows { contrastRow(y) };
-        const int count = pairsWithNext(y) ? 2 : 1;
-        if (count == 2)
-            rows[1] = contrastRow(y + 1);
+        std::array<ContrastRow, rowsAtOnce> rows { contrastRow(y) };
+        const int count = areHeldTogether(y) ? rowsAtOnce : 1;
+        for (int i = 1; i < count; ++i)
+            rows[static_cast<std::size_t>(i)] = contrastRow(y + i);
         loops.contrastRows(words.width(), columns, state, rows.data(), count, valueRange);
         y += count;
     }
@@ -71,12 +72,13 @@ int vx::kernels::Contrasts::movingRow(int y) const
     return isUpper(y) ? std::min(2 * y, words.height() - 1) : 2 * y - words.height() - 1;
 }
 
-// Rows whose moving rows are held together. The first row of either half has its alone or with the
-// next one's, so both rows of a pair are in the same half, and neither is the first of the image.
-bool vx::kernels::Contrasts::pairsWithNext(int y) const
+// Whether four rows from y on are in the same half, and their moving rows, of which that of y has been
+// asked for, are held together. The first and the last row of the image go alone.
+bool vx::kernels::Contrasts::areHeldTogether(int y)
 {
-    const bool nextIsInner = y + 1 < words.height() - 1;
-    return nextIsInner && (isUpper(y) ? upper : lower).holds(movingRow(y + 1));
+    const int last = y + rowsAtOnce - 1;
+    const bool areInOneHalf = last < words.height() - 1 && isUpper(last) == isUpper(y);
+    return y > 0 && areInOneHalf && (isUpper(y) ? upper : lower).holds(movingRow(last));
 }
 
 double* vx::kernels::Contrasts::writableRow(int y)

@@ -42,7 +42,7 @@ private:
     void sweep();
     bool isUpper(int y) const;
     int movingRow(int y) const;
-    bool pairsWithNext(int y) const;
+    bool areHeldTogether(int y);
     double* writableRow(int y);
     ContrastRow contrastRow(int y);
 

@@ -11,11 +11,14 @@
 namespace {
 
 constexpr int channelCount = 3;
+constexpr int noRow = -2;
 
 } // namespace
 
+// An odd number of cache lines apart, the halves of all channels advance without waiting for each
+// other: a processor takes addresses for the same that differ by a multiple of 4 KiB.
 vx::kernels::IntegralRowBuffer::IntegralRowBuffer(int width)
-    : stride((width + 1) / 2 + 2 * integralMargin)
+    : stride((width / 2 + 8 + 2 * integralMargin) / 8 * 8 | 8)
     , values(static_cast<std::size_t>(2 * channelCount * stride))
 {
 }
@@ -42,56 +45,58 @@ void vx::kernels::IntegralRowBuffer::addTo(double& rowSum, double value, int cha
     row().values[(2 * channel + x % 2) * stride + x / 2] += rowSum;
 }
 
+// The last buffer begins with the zeros above the first row.
 vx::kernels::IntegralRows::IntegralRows(const QImage& image, const RowLoops& rowLoops)
     : words(image)
     , loops(rowLoops)
-    , middle(image.width())
-    , end(image.width())
+    , held(rowsAtOnce / 2, Held { IntegralRowBuffer(image.width()), noRow })
     , pixels(rowsAtOnce * pixelStride())
 {
+    held.back().y = -1;
 }
 
 vx::kernels::IntegralRow vx::kernels::IntegralRows::at(int y)
 {
-    if (y == middleRow)
-        return middle.row();
-    const bool isLastAfterMiddle = y == middleRow + 1 && middleRow > 0;
-    if (isLastAfterMiddle) {
-        addRow(y, middle, middleRow);
-        return middle.row();
+    if (Held* const row = find(y))
+        return row->sums.row();
+    if (Held* const before = find(y - 1)) {
+        before->sums.addRow(wordRow(words, y), words.width());
+        before->y = y;
+        return before->sums.row();
     }
-    if (y == endRow + 1)
-        addRow(y, end, endRow);
-    if (y == endRow)
-        return end.row();
-    addFourRows();
-    return middle.row();
+    addEightRows();
+    return held.front().sums.row();
 }
 
-bool vx::kernels::IntegralRows::holds(int y) const { return y == middleRow || y == endRow; }
+bool vx::kernels::IntegralRows::holds(int y) { return find(y) != nullptr; }
+
+vx::kernels::IntegralRows::Held* vx::kernels::IntegralRows::find(int y)
+{
+    const auto isThere = [=](const Held& row) { return row.y == y; };
+    const auto found = std::find_if(held.begin(), held.end(), isThere);
+    return found == held.end() ? nullptr : &*found;
+}
 
 std::size_t vx::kernels::IntegralRows::pixelStride() const
 {
     return static_cast<std::size_t>(words.width() + 2 * integralMargin);
 }
 
-void vx::kernels::IntegralRows::addRow(int y, IntegralRowBuffer& sums, int& current) const
-{
-    sums.addRow(wordRow(words, y), words.width());
-    current = y;
-}
-
 // Below the image its last row is repeated; nobody asks for those sums.
-void vx::kernels::IntegralRows::addFourRows()
+void vx::kernels::IntegralRows::addEightRows()
 {
+    const int first = held.back().y + 1;
     std::array<const QRgb*, rowsAtOnce> rows {};
-    for (std::size_t i = 0; i < rowsAtOnce; ++i) {
-        const int y = std::min(endRow + 1 + static_cast<int>(i), words.height() - 1);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const int y = std::min(first + static_cast<int>(i), words.height() - 1);
         rows[i] = rowWithMargins(y, &pixels[i * pixelStride() + integralMargin]);
     }
-    loops.integrateFourRows(rows.data(), words.width(), middle.row(), end.row());
-    middleRow = endRow + 2;
-    endRow += 4;
+    std::array<IntegralRow, rowsAtOnce / 2> kept {};
+    for (std::size_t i = 0; i < kept.size(); ++i) {
+        kept[i] = held[i].sums.row();
+        held[i].y = first + 2 * static_cast<int>(i) + 1;
+    }
+    loops.integrateEightRows(rows.data(), words.width(), kept.data());
 }
 
 // What lies beside a row is read, though not used. Between other rows that is pixels of theirs.

@@ -29,7 +29,7 @@ private:
 /// Rows of the integral images of an image of 32 bits per pixel, from the top down.
 ///
 /// Rows are asked for in ascending order, every second one, from the first or the second on; the last
-/// row may follow directly upon the one before it. Two rows are held at a time.
+/// row may follow directly upon the one before it. Four rows are held at a time.
 class IntegralRows {
 public:
     IntegralRows(const QImage& image, const RowLoops& rowLoops);
@@ -37,23 +37,26 @@ public:
     /// Row \a y; valid until a row is asked for that is not held.
     IntegralRow at(int y);
 
-    /// Whether row \a y is one of the two that are held.
-    bool holds(int y) const;
+    /// Whether row \a y is one of those that are held.
+    bool holds(int y);
 
 private:
-    static constexpr std::size_t rowsAtOnce = 4;
+    static constexpr std::size_t rowsAtOnce = 8;
 
+    // A row that is held, and which one that is.
+    struct Held {
+        IntegralRowBuffer sums;
+        int y;
+    };
+
+    Held* find(int y);
     std::size_t pixelStride() const;
-    void addRow(int y, IntegralRowBuffer& sums, int& current) const;
-    void addFourRows();
+    void addEightRows();
     const QRgb* rowWithMargins(int y, QRgb* copy) const;
 
     const QImage& words;
     const RowLoops& loops;
-    IntegralRowBuffer middle;
-    IntegralRowBuffer end;
-    int middleRow = -1; ///< which row the buffers hold; -1 for the zeros above the first
-    int endRow = -1;
+    std::vector<Held> held;
     std::vector<QRgb> pixels; ///< copies of rows beside which nothing can be read
 };
 

@@ -1,5 +1,5 @@
-// The distance between what is smoothed and what surrounds it, for one row or two of them at once. A
-// chunk of columns goes all the way, so that what lies between stays in the cache next to the
+// The distance between what is smoothed and what surrounds it, for one row or four of them at once.
+// A chunk of columns goes all the way, so that what lies between stays in the cache next to the
 // processor.
 
 // sum / count, the reciprocal of the count being known to within a few units in the last place.
@@ -25,7 +25,7 @@ VX_ALWAYS_INLINE double quotient(double sum, double count, double reciprocal)
 // sumOf(channel, i) is the sum over the surround of the i-th of the columns.
 template <typename SumOf>
 VX_ALWAYS_INLINE void contrastChunk(const SurroundColumns& surrounds, const ContrastRow& row,
-    const Columns& columns, const ChannelChunk& smoothed, const SumOf& sumOf)
+    const Columns& columns, const Chunk& smoothed, const SumOf& sumOf)
 {
     const double rows = row.surroundRows;
     const double rowReciprocal = 1 / rows;
@@ -48,32 +48,30 @@ template <std::size_t rowCount> struct ContrastRows {
     const SurroundColumns& surrounds;
     const SmoothingState& state;
     const ContrastRow* rows;
+    Ranges ranges;
     Range& range;
 };
 
 // sumOf(row, channel, i) is the sum over the surround of the i-th of the columns.
 template <std::size_t rowCount, typename SumOf>
 VX_ALWAYS_INLINE void contrastColumns(
-    const ContrastRows<rowCount>& all, const Columns& columns, const SumOf& sumOf)
+    ContrastRows<rowCount>& all, const Columns& columns, const SumOf& sumOf)
 {
     for (std::ptrdiff_t done = 0; done < columns.count; done += chunkColumns) {
         const std::ptrdiff_t rest = columns.count - done;
         const Columns part { columns.first + done, rest < chunkColumns ? rest : chunkColumns };
-        ChannelChunk chunks[rowCount];
+        Chunk chunks[rowCount];
         for (std::size_t row = 0; row < rowCount; ++row) {
             if (all.rows[row].next != nullptr)
                 smoothChunkAlong(all.rows[row].next, all.width, part, chunks[row]);
             else
                 chunks[row] = {};
         }
-        if (all.rows[0].weights == 4.0)
-            smoothChunkDown<rowCount, true>(chunks, part, all.state, 4.0);
-        else
-            smoothChunkDown<rowCount, false>(chunks, part, all.state, all.rows[0].weights);
+        smoothChunkDown(chunks, part, all.state, all.rows[0].weights);
         for (std::size_t row = 0; row < rowCount; ++row) {
             contrastChunk(all.surrounds, all.rows[row], part, chunks[row],
                 [&](int channel, std::ptrdiff_t i) { return sumOf(row, channel, done + i); });
-            widenRange(all.rows[row].contrasts + part.first, part.count, all.range);
+            widenRanges(all.rows[row].contrasts + part.first, part.count, all.ranges, all.range);
         }
     }
 }
@@ -85,7 +83,8 @@ struct EverySecondColumn {
 
 VX_ALWAYS_INLINE EverySecondColumn columnsFrom(const IntegralRow& row, std::ptrdiff_t x)
 {
-    const double* const first = row.values + x % 2 * row.stride + x / 2;
+    const std::ptrdiff_t isOdd = x & 1;
+    const double* const first = row.values + isOdd * row.stride + (x - isOdd) / 2;
     return { { first, first + 2 * row.stride, first + 4 * row.stride } };
 }
 
@@ -108,7 +107,7 @@ template <std::size_t rowCount, bool fromRow0> struct Corners {
 // after it.
 template <std::size_t rowCount, bool fromRow0>
 VX_ALWAYS_INLINE void contrastFromLeft(
-    const ContrastRows<rowCount>& all, const Columns& columns, std::ptrdiff_t right)
+    ContrastRows<rowCount>& all, const Columns& columns, std::ptrdiff_t right)
 {
     const Corners<rowCount, fromRow0> corners(all.rows, right);
     contrastColumns(all, columns, [&](std::size_t row, int channel, std::ptrdiff_t i) {
@@ -121,7 +120,7 @@ VX_ALWAYS_INLINE void contrastFromLeft(
 // one after it.
 template <std::size_t rowCount, bool fromRow0>
 VX_ALWAYS_INLINE void contrastToRight(
-    const ContrastRows<rowCount>& all, const Columns& columns, std::ptrdiff_t before)
+    ContrastRows<rowCount>& all, const Columns& columns, std::ptrdiff_t before)
 {
     const Corners<rowCount, fromRow0> corners(all.rows, before);
     const Corners<rowCount, fromRow0> last(all.rows, all.width - 1);
@@ -142,38 +141,37 @@ VX_ALWAYS_INLINE void contrastToRight(
     });
 }
 
-// In the left half a surround begins with column 0 and ends with column 2x, or the last one; in the
-// right half it ends with the last column and begins after column 2x - width - 1.
-template <std::size_t rowCount, bool fromRow0>
-void contrastFullRows(const ContrastRows<rowCount>& all)
+// In the left half a surround begins with column 0 and ends with column 2x; in the right half it ends
+// with the last column and begins after column 2x - width - 1, which may be column -1.
+template <std::size_t rowCount, bool fromRow0> void contrastFullRows(ContrastRows<rowCount>& all)
 {
     const std::ptrdiff_t width = all.width;
     const std::ptrdiff_t leftHalf = (width + 1) / 2;
     contrastFromLeft<rowCount, fromRow0>(all, { 0, leftHalf }, 0);
-    std::ptrdiff_t x = leftHalf;
-    if (width % 2 == 0) {
-        contrastFromLeft<rowCount, fromRow0>(all, { x, 1 }, width - 1);
-        ++x;
-    }
-    if (x < width)
-        contrastToRight<rowCount, fromRow0>(all, { x, width - x }, 2 * x - width - 1);
+    contrastToRight<rowCount, fromRow0>(
+        all, { leftHalf, width - leftHalf }, 2 * leftHalf - width - 1);
 }
 
-template <std::size_t rowCount> void contrastEitherHalf(const ContrastRows<rowCount>& all)
+template <std::size_t rowCount>
+void contrastEitherHalf(int width, const SurroundColumns& surrounds, const SmoothingState& state,
+    const ContrastRow* rows, Range& range)
 {
-    if (all.rows[0].above.values == nullptr)
+    ContrastRows<rowCount> all { width, surrounds, state, rows, {}, range };
+    beginRanges(range, all.ranges);
+    if (rows[0].above.values == nullptr)
         contrastFullRows<rowCount, true>(all);
     else
         contrastFullRows<rowCount, false>(all);
+    endRanges(all.ranges, range);
 }
 
 void contrastRows(int width, const SurroundColumns& surrounds, const SmoothingState& state,
     const ContrastRow* rows, int count, Range& range)
 {
-    if (count == 2)
-        contrastEitherHalf<2>({ width, surrounds, state, rows, range });
+    if (count == 4)
+        contrastEitherHalf<4>(width, surrounds, state, rows, range);
     else
-        contrastEitherHalf<1>({ width, surrounds, state, rows, range });
+        contrastEitherHalf<1>(width, surrounds, state, rows, range);
 }
 
 // A whole number n divided by another, d, truncates like (n + 0.5) · (1 / d): that is at least 0.5 /

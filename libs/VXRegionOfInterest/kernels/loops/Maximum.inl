@@ -1,7 +1,9 @@
 // The maximum filter's loops, over red values as bytes.
 
 // As many bytes as this processor has in a register.
-#ifdef __AVX2__
+#if defined(__AVX512BW__)
+using Bytes = quint8 __attribute__((vector_size(64)));
+#elif defined(__AVX2__)
 using Bytes = quint8 __attribute__((vector_size(32)));
 #else
 using Bytes = quint8 __attribute__((vector_size(16)));
@@ -22,9 +24,9 @@ bool readKeys(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quin
 // Vectors are read before what they are read from is overwritten; the compiler would not know.
 void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima)
 {
-    constexpr auto lanes = static_cast<std::ptrdiff_t>(sizeof(Bytes));
+    constexpr auto size = static_cast<std::ptrdiff_t>(sizeof(Bytes));
     std::ptrdiff_t i = 0;
-    for (; i + lanes <= count; i += lanes) {
+    for (; i + size <= count; i += size) {
         Bytes left;
         Bytes right;
         __builtin_memcpy(&left, a + i, sizeof left);

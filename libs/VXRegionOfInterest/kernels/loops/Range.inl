@@ -1,23 +1,46 @@
 // The range of numbers.
 
-void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
+// One in each lane.
+struct Ranges {
+    Doubles least;
+    Doubles greatest;
+};
+
+// What fills no vector goes to the range itself.
+VX_ALWAYS_INLINE void widenRanges(
+    const double* numbers, std::ptrdiff_t count, Ranges& ranges, Range& range)
 {
-    constexpr auto lanes = static_cast<std::ptrdiff_t>(sizeof(Doubles) / sizeof(double));
-    Doubles least = Doubles {} + range.least;
-    Doubles greatest = Doubles {} + range.greatest;
     std::ptrdiff_t i = 0;
     for (; i + lanes <= count; i += lanes) {
         Doubles next;
         __builtin_memcpy(&next, numbers + i, sizeof next);
-        least = next < least ? next : least;
-        greatest = next > greatest ? next : greatest;
+        ranges.least = next < ranges.least ? next : ranges.least;
+        ranges.greatest = next > ranges.greatest ? next : ranges.greatest;
     }
     for (; i < count; ++i) {
         range.least = numbers[i] < range.least ? numbers[i] : range.least;
         range.greatest = numbers[i] > range.greatest ? numbers[i] : range.greatest;
     }
-    for (std::ptrdiff_t lane = 0; lane < lanes; ++lane) {
-        range.least = least[lane] < range.least ? least[lane] : range.least;
-        range.greatest = greatest[lane] > range.greatest ? greatest[lane] : range.greatest;
+}
+
+VX_ALWAYS_INLINE void beginRanges(const Range& range, Ranges& ranges)
+{
+    ranges = { Doubles {} + range.least, Doubles {} + range.greatest };
+}
+
+VX_ALWAYS_INLINE void endRanges(const Ranges& ranges, Range& range)
+{
+    for (int lane = 0; lane < lanes; ++lane) {
+        range.least = ranges.least[lane] < range.least ? ranges.least[lane] : range.least;
+        range.greatest
+            = ranges.greatest[lane] > range.greatest ? ranges.greatest[lane] : range.greatest;
     }
+}
+
+void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
+{
+    Ranges ranges;
+    beginRanges(range, ranges);
+    widenRanges(numbers, count, ranges, range);
+    endRanges(ranges, range);
 }

@@ -24,15 +24,6 @@ using namespace vx::kernels;
 
 constexpr int channelCount = 3;
 
-using FourDoubles = double __attribute__((vector_size(32)));
-
-// As many doubles as this processor has in a register.
-#ifdef __AVX__
-using Doubles = FourDoubles;
-#else
-using Doubles = double __attribute__((vector_size(16)));
-#endif
-
 VX_ALWAYS_INLINE double redOf(QRgb pixel) { return static_cast<int>(pixel >> 16U & 0xFFU); }
 VX_ALWAYS_INLINE double greenOf(QRgb pixel) { return static_cast<int>(pixel >> 8U & 0xFFU); }
 VX_ALWAYS_INLINE double blueOf(QRgb pixel) { return static_cast<int>(pixel & 0xFFU); }
@@ -55,6 +46,8 @@ VX_ALWAYS_INLINE void toLumaChroma(const Number& red, const Number& green, const
 }
 
 // These first, because others stand on them.
+#include "Vectors.inl"
+
 #include "Range.inl"
 #include "Smoothing.inl"
 
@@ -72,7 +65,7 @@ namespace vx::kernels::loops {
 extern const RowLoops VXROI_LOOPS;
 const RowLoops VXROI_LOOPS = {
     VX_NAME_OF(VXROI_LOOPS),
-    integrateFourRows,
+    integrateEightRows,
     beginSmoothing,
     contrastRows,
     writeLevels,

@@ -19,15 +19,15 @@ struct ChannelRow {
 };
 
 /// A row of the integral images of the three channels, even and odd columns apart: column x of
-/// channel c is values[(2c + x % 2) · stride + x / 2].
+/// channel c is values[(2c + x % 2) · stride + x / 2]. Column -1, which is an odd one, is zero.
 struct IntegralRow {
     double* values;
     std::ptrdiff_t stride;
 };
 
-/// How many words integrateFourRows() reads before and after a row of pixels, and at most how many
+/// How many words integrateEightRows() reads at most before and after a row of pixels, and how many
 /// values it touches before and after each column half of an integral row.
-constexpr int integralMargin = 8;
+constexpr int integralMargin = 16;
 
 /// What smoothing down the columns keeps of the rows so far.
 struct SmoothingState {
@@ -71,18 +71,17 @@ struct RedMeasure {
 
 /// The loops as they are compiled for one kind of processor.
 struct RowLoops {
-    const char* name; ///< the kind of processor: "plain" or "avx2"
+    const char* name; ///< the kind of processor: "plain", "avx2" or "avx512"
 
-    /// Adds four rows of pixels to an integral image. \a end comes with its row before these, and
-    /// goes with the fourth; \a middle receives the second.
-    void (*integrateFourRows)(
-        const QRgb* const* rows, int width, const IntegralRow& middle, const IntegralRow& end);
+    /// Adds eight rows of pixels to an integral image. Every second row of it is kept, from the second
+    /// on; the last of the four in \a kept comes with the row before these.
+    void (*integrateEightRows)(const QRgb* const* rows, int width, const IntegralRow* kept);
 
     /// Takes the first row of an image into a smoothing state.
     void (*beginSmoothing)(const QRgb* firstRow, int width, const SmoothingState& state);
 
     /// Writes the squared distances of pixels, smoothed, to the means of their surrounds, for \a count
-    /// rows, and widens \a range to them. \pre \a count is 1, or 2 for rows with weights of 4 that
+    /// rows, and widens \a range to them. \pre \a count is 1, or 4 for rows with weights of 4 that
     /// all have their surrounds in the same half of the image.
     void (*contrastRows)(int width, const SurroundColumns& surrounds, const SmoothingState& state,
         const ContrastRow* rows, int count, Range& range);

@@ -1,13 +1,12 @@
-// Smoothing of a chunk of columns, in one row or two of them at once.
+// Smoothing of a chunk of columns, in one row or four of them at once: along the rows, and then down
+// the columns.
 
-// So many that what is stored first has reached the cache when it is loaded again one column on: a
-// vector across two stores that are still under way would wait for both.
-constexpr std::ptrdiff_t chunkColumns = 128;
+// So many that four rows of them stay in the cache next to the processor.
+constexpr std::ptrdiff_t chunkColumns = 160;
 
-// Columns x - 1 to x + count of a row, each channel on its own; later columns x to x + count - 1 of
-// what has become of them.
-struct ChannelChunk {
-    alignas(64) double of[channelCount][chunkColumns + 2];
+// What becomes of the columns of a row; the last vector of a row may reach beyond it.
+struct Chunk {
+    alignas(64) double of[channelCount][chunkColumns];
 };
 
 // A run of columns of a row.
@@ -16,70 +15,103 @@ struct Columns {
     std::ptrdiff_t count;
 };
 
-VX_ALWAYS_INLINE void convertColumns(const QRgb* pixels, std::ptrdiff_t count,
-    double* __restrict luma, double* __restrict redDifference, double* __restrict blueDifference)
+VX_ALWAYS_INLINE void convertColumns(const QRgb* row, std::ptrdiff_t x, Channels<lanes>& channels)
 {
-    for (std::ptrdiff_t i = 0; i < count; ++i) {
-        double y;
-        double cr;
-        double cb;
-        toLumaChroma(redOf(pixels[i]), greenOf(pixels[i]), blueOf(pixels[i]), y, cr, cb);
-        luma[i] = y;
-        redDifference[i] = cr;
-        blueDifference[i] = cb;
-    }
+    WordsOf<lanes> pixels;
+    __builtin_memcpy(&pixels, row + x, sizeof pixels);
+    convert(pixels, channels);
 }
 
-// Columns and their neighbours; beside the row its outermost column is repeated.
-VX_ALWAYS_INLINE void convertChunk(
-    const QRgb* row, int width, const Columns& columns, ChannelChunk& chunk)
+// The same where the row may end. Beyond it its last column is repeated.
+VX_ALWAYS_INLINE void convertLastColumns(
+    const QRgb* row, int width, std::ptrdiff_t x, Channels<lanes>& channels)
 {
-    const std::ptrdiff_t before = columns.first == 0 ? 0 : 1;
-    const std::ptrdiff_t end = columns.first + columns.count;
-    const std::ptrdiff_t after = end == width ? 0 : 1;
-    convertColumns(row + columns.first - before, before + columns.count + after,
-        chunk.of[0] + 1 - before, chunk.of[1] + 1 - before, chunk.of[2] + 1 - before);
-    for (auto& channel : chunk.of) {
-        if (before == 0)
-            channel[0] = channel[1];
-        if (after == 0)
-            channel[columns.count + 1] = channel[columns.count];
-    }
+    QRgb pixels[lanes];
+    for (std::ptrdiff_t lane = 0; lane < lanes; ++lane)
+        pixels[lane] = row[x + lane < width ? x + lane : width - 1];
+    convertColumns(pixels, 0, channels);
 }
 
-// Weights 1, 2, 1 along the row; dividing by 4 is exact as a multiplication. The outermost columns
-// have one neighbour, or none.
-VX_ALWAYS_INLINE void smoothAlong(double* values, int width, const Columns& columns)
+// Columns of a row and those before them.
+struct Window {
+    Channels<lanes> before;
+    Channels<lanes> here;
+};
+
+VX_ALWAYS_INLINE void openWindow(const QRgb* row, int width, std::ptrdiff_t x, Window& window)
 {
-    const std::ptrdiff_t count = columns.count;
-    const bool isLeft = columns.first == 0;
-    const bool isRight = columns.first + count == width;
-    const double left = (2 * values[1] + values[2]) / 3;
-    const double right = (values[count - 1] + 2 * values[count]) / 3;
-    const double alone = values[1];
-    for (std::ptrdiff_t i = 0; i < count; ++i)
-        values[i] = (values[i] + 2 * values[i + 1] + values[i + 2]) * 0.25;
-    if (isLeft)
-        values[0] = left;
-    if (isRight)
-        values[count - 1] = right;
-    if (isLeft && isRight && width == 1)
-        values[0] = alone;
+    const WordsOf<lanes> before = WordsOf<lanes> {} + row[x == 0 ? 0 : x - 1];
+    convert(before, window.before);
+    convertLastColumns(row, width, x, window.here);
+}
+
+// The outermost columns have one neighbour, or none.
+VX_ALWAYS_INLINE void smoothEnds(
+    const Doubles& before, const Doubles& here, int width, std::ptrdiff_t x, Doubles& smoothed)
+{
+    double values[1 + lanes];
+    values[0] = before[lanes - 1];
+    __builtin_memcpy(values + 1, &here, sizeof here);
+    double ends[lanes];
+    __builtin_memcpy(ends, &smoothed, sizeof ends);
+    const std::ptrdiff_t last = width - 1 - x;
+    if (x == 0)
+        ends[0] = (2 * values[1] + values[2]) / 3;
+    if (last < lanes)
+        ends[last] = (values[last] + 2 * values[last + 1]) / 3;
+    if (width == 1)
+        ends[0] = values[1];
+    __builtin_memcpy(&smoothed, ends, sizeof ends);
+}
+
+// Weights 1, 2, 1 along the row; dividing by 4 is exact as a multiplication. The window moves on.
+template <bool isEnd>
+VX_ALWAYS_INLINE void smoothAlong(
+    const QRgb* row, int width, std::ptrdiff_t x, Window& window, double* smoothed)
+{
+    Channels<lanes> after;
+    if (isEnd)
+        convertLastColumns(row, width, x + lanes, after);
+    else
+        convertColumns(row, x + lanes, after);
+#pragma GCC unroll 3
+    for (int channel = 0; channel < channelCount; ++channel) {
+        const Doubles here = window.here.of[channel];
+        Doubles left;
+        Doubles right;
+        shiftLeft(window.before.of[channel], here, left);
+        shiftRight(here, after.of[channel], right);
+        Doubles mean = (left + 2 * here + right) * 0.25;
+        if (isEnd)
+            smoothEnds(window.before.of[channel], here, width, x, mean);
+        __builtin_memcpy(smoothed + channel * chunkColumns, &mean, sizeof mean);
+    }
+    window.before = window.here;
+    window.here = after;
 }
 
 VX_ALWAYS_INLINE void smoothChunkAlong(
-    const QRgb* row, int width, const Columns& columns, ChannelChunk& chunk)
+    const QRgb* row, int width, const Columns& columns, Chunk& chunk)
 {
-    convertChunk(row, width, columns, chunk);
-    for (int channel = 0; channel < channelCount; ++channel)
-        smoothAlong(chunk.of[channel], width, columns);
+    Window window;
+    openWindow(row, width, columns.first, window);
+    const std::ptrdiff_t end = columns.first + columns.count;
+    std::ptrdiff_t x = columns.first;
+    if (x == 0) {
+        smoothAlong<true>(row, width, x, window, chunk.of[0]);
+        x = lanes;
+    }
+    for (; x < end && x + 2 * lanes <= width; x += lanes)
+        smoothAlong<false>(row, width, x, window, chunk.of[0] + x - columns.first);
+    for (; x < end; x += lanes)
+        smoothAlong<true>(row, width, x, window, chunk.of[0] + x - columns.first);
 }
 
 // Takes rows that are smoothed along themselves into the state, one after the other, and leaves in
 // their place what smoothing down the columns makes of the row before each.
-template <std::size_t rowCount, bool isInner>
-VX_ALWAYS_INLINE void smoothChunkDown(ChannelChunk (&chunks)[rowCount], const Columns& columns,
-    const SmoothingState& state, double weights)
+template <std::size_t rowCount>
+VX_ALWAYS_INLINE void smoothChunkDown(
+    Chunk (&chunks)[rowCount], const Columns& columns, const SmoothingState& state, double weights)
 {
     for (int channel = 0; channel < channelCount; ++channel) {
         double* __restrict const alongRow
@@ -89,9 +121,11 @@ VX_ALWAYS_INLINE void smoothChunkDown(ChannelChunk (&chunks)[rowCount], const Co
         for (std::ptrdiff_t i = 0; i < columns.count; ++i) {
             double latest = alongRow[i];
             double sum = weightedSum[i];
+#pragma GCC unroll 4
             for (std::size_t row = 0; row < rowCount; ++row) {
                 const double next = chunks[row].of[channel][i];
-                chunks[row].of[channel][i] = isInner ? (sum + next) * 0.25 : (sum + next) / weights;
+                const double all = sum + next;
+                chunks[row].of[channel][i] = rowCount > 1 ? all * 0.25 : all / weights;
                 sum = latest + 2 * next;
                 latest = next;
             }
@@ -101,20 +135,13 @@ VX_ALWAYS_INLINE void smoothChunkDown(ChannelChunk (&chunks)[rowCount], const Co
     }
 }
 
+// To a state of zeros, the first row is the next one to any other.
 void beginSmoothing(const QRgb* firstRow, int width, const SmoothingState& state)
 {
     for (std::ptrdiff_t x = 0; x < width; x += chunkColumns) {
         const Columns columns { x, width - x < chunkColumns ? width - x : chunkColumns };
-        ChannelChunk chunk;
-        smoothChunkAlong(firstRow, width, columns, chunk);
-        for (int channel = 0; channel < channelCount; ++channel) {
-            double* const alongRow = state.alongRow.values + channel * state.alongRow.stride + x;
-            double* const weightedSum
-                = state.weightedSum.values + channel * state.weightedSum.stride + x;
-            for (std::ptrdiff_t i = 0; i < columns.count; ++i) {
-                alongRow[i] = chunk.of[channel][i];
-                weightedSum[i] = 2 * chunk.of[channel][i];
-            }
-        }
+        Chunk chunks[1];
+        smoothChunkAlong(firstRow, width, columns, chunks[0]);
+        smoothChunkDown(chunks, columns, state, 1.0);
     }
 }
