@@ -4,6 +4,7 @@
 #include "UninitializedBytes.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -13,6 +14,15 @@ qint32 divisorOf(const QList<int>& weights)
     for (const int weight : weights)
         sum += static_cast<quint32>(std::max(weight, 0));
     return sum == 0 ? 1 : static_cast<qint32>(sum);
+}
+
+// Whether no weighted sum of bytes exceeds what can be divided as a small one.
+bool areSumsSmall(const QList<int>& weights)
+{
+    qint64 most = 0;
+    for (const int weight : weights)
+        most += 255 * std::abs(static_cast<qint64>(weight));
+    return most <= vx::kernels::mostOfSmallSums;
 }
 
 } // namespace
@@ -32,6 +42,8 @@ void vx::kernels::blend(const std::vector<RedPlane>& maps, const QList<int>& wei
     QImage& target, const RowLoops& loops)
 {
     const qint32 divisor = divisorOf(weights);
+    const auto divide
+        = divisor > 0 && areSumsSmall(weights) ? loops.divideSmallSums : loops.divideSums;
     std::vector<quint32> sums(static_cast<std::size_t>(target.width()));
     for (int y = 0; y < target.height(); ++y) {
         std::fill(sums.begin(), sums.end(), 0U);
@@ -42,6 +54,6 @@ void vx::kernels::blend(const std::vector<RedPlane>& maps, const QList<int>& wei
                 loops.addWeighted(map.values.get() + static_cast<std::ptrdiff_t>(y) * map.width,
                     std::min(map.width, target.width()), weight, sums.data());
         }
-        loops.divideSums(sums.data(), target.width(), divisor, writableWordRow(target, y));
+        divide(sums.data(), target.width(), divisor, writableWordRow(target, y));
     }
 }

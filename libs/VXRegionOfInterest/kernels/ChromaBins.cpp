@@ -82,8 +82,12 @@ void vx::kernels::countChroma(const QImage& words, const Bins& bins, const RowLo
 void vx::kernels::normalizeBins(const Bins& bins, const RowLoops& loops)
 {
     Range values { 1000.0, 0.0 };
-    for (int i = 0; i < bins.rows; ++i) // of an empty row, one value stands for all
-        loops.widenRange(bins.row(i), bins.emptyRows[i] != 0 ? 1 : bins.columns, values);
+    for (int i = 0; i < bins.rows; ++i) {
+        if (bins.emptyRows[i] == 0)
+            loops.widenRange(bins.row(i), bins.columns, values);
+        else
+            values.least = std::min(values.least, 0.0);
+    }
     const double least = values.least;
     const double range = values.greatest - least;
     for (int i = 0; i < bins.rows; ++i) {

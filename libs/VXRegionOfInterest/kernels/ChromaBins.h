@@ -18,9 +18,9 @@ struct Bins {
     double* row(int index) const { return values + static_cast<std::ptrdiff_t>(index) * columns; }
 };
 
-/// Adds 1 to a bin, from 0 on, and finds the empty rows: for each pixel of \a words, an image of 32 bits per pixel: in row (bits 8 to 15)
-/// · rows / 256 and column (bits 0 to 7) · columns / 256, in 32-bit arithmetic that wraps. Pixels
-/// whose row or column is negative are not counted.
+/// Counts the pixels of \a words, an image of 32 bits per pixel, from 0 on, and finds the empty rows.
+/// A pixel counts in row (bits 8 to 15) · rows / 256 and column (bits 0 to 7) · columns / 256, in
+/// 32-bit arithmetic that wraps; not if its row or column is negative.
 void countChroma(const QImage& words, const Bins& bins, const RowLoops& loops = fastestRowLoops());
 
 /// Replaces every value v by (v - min) / (max - min), where min is the smallest value or 1000.0,

@@ -62,3 +62,16 @@ void divideSums(const quint32* sums, int count, int divisor, QRgb* __restrict pi
         pixels[i] = opaqueGrey(atLeastBlack < 255 ? atLeastBlack : 255);
     }
 }
+
+// In single precision (n + 0.5) / d is rounded by less than 2²² · 2⁻²³ / d, and so by less than it is
+// away from every whole number.
+void divideSmallSums(const quint32* sums, int count, int divisor, QRgb* __restrict pixels)
+{
+    const float reciprocal = 1.0F / static_cast<float>(divisor);
+    for (int i = 0; i < count; ++i) {
+        const auto sum = static_cast<float>(static_cast<qint32>(sums[i]));
+        const int quotient = static_cast<int>((sum + 0.5F) * reciprocal);
+        const int atLeastBlack = quotient > 0 ? quotient : 0;
+        pixels[i] = opaqueGrey(atLeastBlack < 255 ? atLeastBlack : 255);
+    }
+}

@@ -21,21 +21,34 @@ bool readKeys(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quin
     return differences == 0;
 }
 
-// Vectors are read before what they are read from is overwritten; the compiler would not know.
+VX_ALWAYS_INLINE void greaterBytes(const quint8* a, const quint8* b, Bytes& greater)
+{
+    Bytes left;
+    Bytes right;
+    __builtin_memcpy(&left, a, sizeof left);
+    __builtin_memcpy(&right, b, sizeof right);
+    greater = left > right ? left : right;
+}
+
+// Vectors are read before what they are read from is overwritten; the compiler would not know. So is
+// the last one, which may overlap the one before it.
 void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima)
 {
     constexpr auto size = static_cast<std::ptrdiff_t>(sizeof(Bytes));
-    std::ptrdiff_t i = 0;
-    for (; i + size <= count; i += size) {
-        Bytes left;
-        Bytes right;
-        __builtin_memcpy(&left, a + i, sizeof left);
-        __builtin_memcpy(&right, b + i, sizeof right);
-        left = left > right ? left : right;
-        __builtin_memcpy(maxima + i, &left, sizeof left);
+    if (count < size) {
+        for (std::ptrdiff_t i = 0; i < count; ++i)
+            maxima[i] = a[i] > b[i] ? a[i] : b[i];
+        return;
     }
-    for (; i < count; ++i)
-        maxima[i] = a[i] > b[i] ? a[i] : b[i];
+    const std::ptrdiff_t lastFirst = count - size;
+    Bytes last;
+    greaterBytes(a + lastFirst, b + lastFirst, last);
+    for (std::ptrdiff_t i = 0; i < lastFirst; i += size) {
+        Bytes greater;
+        greaterBytes(a + i, b + i, greater);
+        __builtin_memcpy(maxima + i, &greater, sizeof greater);
+    }
+    __builtin_memcpy(maxima + lastFirst, &last, sizeof last);
 }
 
 void spreadRow(

@@ -75,6 +75,7 @@ const RowLoops VXROI_LOOPS = {
     measureReds,
     addWeighted,
     divideSums,
+    divideSmallSums,
     packLumaChroma,
     packChroma,
     findBins,

@@ -62,6 +62,9 @@ struct ShortChannels {
     qint16* of[3];
 };
 
+/// How large the sums may be that are divided as small ones.
+constexpr int mostOfSmallSums = 1 << 21;
+
 /// What the red values of a row say of it.
 struct RedMeasure {
     quint64 sum;
@@ -109,6 +112,9 @@ struct RowLoops {
     /// Divides signed sums by \a divisor, which wraps, truncates, clamps to 0 to 255 and writes opaque
     /// grey. \pre the divisor is not 0.
     void (*divideSums)(const quint32* sums, int count, int divisor, QRgb* pixels);
+
+    /// The same, faster. \pre the sums lie between ±\ref mostOfSmallSums, the divisor is above 0.
+    void (*divideSmallSums)(const quint32* sums, int count, int divisor, QRgb* pixels);
 
     /// Packs luma and chroma as packedLumaChromaOf() does.
     void (*packLumaChroma)(const QRgb* pixels, int count, QRgb* target);
