@@ -67,7 +67,7 @@ VX_ALWAYS_INLINE void smoothEnds(
 // Weights 1, 2, 1 along the row; dividing by 4 is exact as a multiplication. The window moves on.
 template <bool isEnd>
 VX_ALWAYS_INLINE void smoothAlong(
-    const QRgb* row, int width, std::ptrdiff_t x, Window& window, double* smoothed)
+    const QRgb* row, int width, std::ptrdiff_t x, Window& window, Channels<lanes>& smoothed)
 {
     Channels<lanes> after;
     if (isEnd)
@@ -81,13 +81,24 @@ VX_ALWAYS_INLINE void smoothAlong(
         Doubles right;
         shiftLeft(window.before.of[channel], here, left);
         shiftRight(here, after.of[channel], right);
-        Doubles mean = (left + 2 * here + right) * 0.25;
+        Doubles& mean = smoothed.of[channel];
+        mean = (left + 2 * here + right) * 0.25;
         if (isEnd)
             smoothEnds(window.before.of[channel], here, width, x, mean);
-        __builtin_memcpy(smoothed + channel * chunkColumns, &mean, sizeof mean);
     }
     window.before = window.here;
     window.here = after;
+}
+
+template <bool isEnd>
+VX_ALWAYS_INLINE void smoothColumnsAlong(const QRgb* row, int width, const Columns& columns,
+    std::ptrdiff_t i, Window& window, Chunk& chunk)
+{
+    Channels<lanes> smoothed;
+    smoothAlong<isEnd>(row, width, columns.first + i, window, smoothed);
+#pragma GCC unroll 3
+    for (int channel = 0; channel < channelCount; ++channel)
+        __builtin_memcpy(&chunk.of[channel][i], &smoothed.of[channel], sizeof(Doubles));
 }
 
 VX_ALWAYS_INLINE void smoothChunkAlong(
@@ -95,16 +106,16 @@ VX_ALWAYS_INLINE void smoothChunkAlong(
 {
     Window window;
     openWindow(row, width, columns.first, window);
-    const std::ptrdiff_t end = columns.first + columns.count;
-    std::ptrdiff_t x = columns.first;
-    if (x == 0) {
-        smoothAlong<true>(row, width, x, window, chunk.of[0]);
-        x = lanes;
+    std::ptrdiff_t i = 0;
+    if (columns.first == 0) {
+        smoothColumnsAlong<true>(row, width, columns, i, window, chunk);
+        i = lanes;
     }
-    for (; x < end && x + 2 * lanes <= width; x += lanes)
-        smoothAlong<false>(row, width, x, window, chunk.of[0] + x - columns.first);
-    for (; x < end; x += lanes)
-        smoothAlong<true>(row, width, x, window, chunk.of[0] + x - columns.first);
+    const std::ptrdiff_t innerEnd = width - 2 * lanes - columns.first;
+    for (; i < columns.count && i <= innerEnd; i += lanes)
+        smoothColumnsAlong<false>(row, width, columns, i, window, chunk);
+    for (; i < columns.count; i += lanes)
+        smoothColumnsAlong<true>(row, width, columns, i, window, chunk);
 }
 
 // Takes rows that are smoothed along themselves into the state, one after the other, and leaves in
