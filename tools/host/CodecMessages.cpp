@@ -1,5 +1,8 @@
 #include "CodecMessages.h"
 
+#include <QMutex>
+#include <QMutexLocker>
+
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -8,43 +11,88 @@ namespace host {
 
 namespace {
 
-// A message handler is a plain function, so what it collects lies beside it.
-// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
-QStringList collected;
-
-void collect(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message)
-{
-    collected.append(message);
-}
+// A message handler is a plain function and stderr belongs to the process, so what they need to know
+// lies beside the objects.
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
+thread_local CodecMessages* collecting = nullptr;
+QMutex redirection;
+int redirectionCount = 0;
+int savedStderr = STDERR_FILENO;
+QtMessageHandler previousHandler = nullptr;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 // What cannot be flushed is of no use to anybody.
 void flushStderr() { static_cast<void>(std::fflush(stderr)); }
 
 } // namespace
 
-CodecMessages::CodecMessages()
-    : previousHandler(qInstallMessageHandler(collect))
-    , savedStderr(dup(STDERR_FILENO))
+void collectCodecMessage(const QString& message) { collecting->lines.append(message); }
+
+namespace {
+
+void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    collected.clear();
+    if (collecting != nullptr)
+        collectCodecMessage(message);
+    else if (previousHandler != nullptr)
+        previousHandler(type, context, message);
+    else
+        writeError(qFormatLogMessage(type, context, message).toStdString() + '\n');
+}
+
+void redirect()
+{
+    previousHandler = qInstallMessageHandler(handleMessage);
     flushStderr();
+    savedStderr = dup(STDERR_FILENO);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     dup2(nowhere, STDERR_FILENO);
     close(nowhere);
 }
 
-CodecMessages::~CodecMessages()
+void restore()
 {
     flushStderr();
     dup2(savedStderr, STDERR_FILENO);
     close(savedStderr);
+    savedStderr = STDERR_FILENO;
     qInstallMessageHandler(previousHandler);
+}
+
+} // namespace
+
+CodecMessages::CodecMessages()
+{
+    const QMutexLocker lock(&redirection);
+    collecting = this;
+    if (redirectionCount++ == 0)
+        redirect();
+}
+
+CodecMessages::~CodecMessages()
+{
+    const QMutexLocker lock(&redirection);
+    collecting = nullptr;
+    if (--redirectionCount == 0)
+        restore();
 }
 
 bool CodecMessages::mention(const QString& words) const
 {
-    return !collected.filter(words, Qt::CaseInsensitive).isEmpty();
+    return !lines.filter(words, Qt::CaseInsensitive).isEmpty();
+}
+
+void writeError(const std::string& text)
+{
+    const QMutexLocker lock(&redirection);
+    std::size_t written = 0;
+    while (written < text.size()) {
+        const ssize_t count = write(savedStderr, text.data() + written, text.size() - written);
+        if (count <= 0)
+            return; // there is nowhere else to complain
+        written += static_cast<std::size_t>(count);
+    }
 }
 
 } // namespace host

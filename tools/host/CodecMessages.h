@@ -2,12 +2,15 @@
 
 #include <QStringList>
 
+#include <string>
+
 namespace host {
 
-/// Collects what image codecs say while it lives, instead of letting it reach stderr.
+/// Collects what image codecs say in this thread while it lives, instead of letting it reach stderr.
 ///
 /// Qt's codecs report through Qt's message handler, libpng straight to stderr; a program that owes
-/// its user one clear line wants neither. Redirects process-wide, so one object at a time.
+/// its user one clear line wants neither. While any object lives, in whatever thread, stderr leads
+/// nowhere; writeError() gets through. One object at a time in each thread.
 class CodecMessages {
 public:
     CodecMessages();
@@ -15,12 +18,16 @@ public:
     CodecMessages(const CodecMessages&) = delete;
     CodecMessages& operator=(const CodecMessages&) = delete;
 
-    /// Whether any Qt message so far contains \a words, whatever their case.
+    /// Whether any Qt message of this thread so far contains \a words, whatever their case.
     bool mention(const QString& words) const;
 
 private:
-    QtMessageHandler previousHandler;
-    int savedStderr;
+    friend void collectCodecMessage(const QString& message);
+
+    QStringList lines;
 };
+
+/// Writes \a text to the program's stderr, wherever codecs' stderr leads at the moment.
+void writeError(const std::string& text);
 
 } // namespace host

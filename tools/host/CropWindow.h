@@ -3,10 +3,38 @@
 #include "AspectRatio.h"
 
 #include <QImage>
+#include <QPointF>
 #include <QRect>
 #include <QSize>
+#include <QVector>
+
+#include <optional>
 
 namespace host {
+
+/// What put a window where it is.
+enum class Decider {
+    WholePicture, ///< there is nothing to choose: the window is the picture
+    Focus, ///< it is centred on the point of focus, as far as the frame allows
+    Keep, ///< areas to keep left only some places
+    Salience, ///< it holds most of the map
+    Centre, ///< no place holds noticeably more of the map than the centre
+};
+
+/// The name of \a decider in records: "whole", "focus", "keep", "salience", "centre".
+QString nameOf(Decider decider);
+
+/// What the user asks of a window, besides its size.
+struct Wishes {
+    QVector<QRect> keep; ///< areas that should be in it, in picture pixels
+    std::optional<QPointF> focus; ///< its centre, 0 to 1 across and down the picture; wins over all
+};
+
+/// A window within a picture.
+struct Choice {
+    QRect window; ///< in picture pixels
+    Decider decider;
+};
 
 /// The largest window of \a ratio that fits into \a picture.
 ///
@@ -15,18 +43,26 @@ namespace host {
 /// \pre both sides of \a picture are above 0.
 QSize largestWindow(const QSize& picture, const AspectRatio& ratio);
 
-/// Chooses the window of \a ratio to keep of a picture.
+/// Chooses where in a picture its largest window of \a ratio lies.
 ///
-/// The window is the largest one; along the axis with room to move, a maximizer chooses its start
-/// on the map. The picture itself is not looked at, so the choice costs the same for any picture.
+/// Along the axis with room to move, windows are compared by what they hold of the map; the one that
+/// holds most wins, of several the one nearest to the centre, and the centre itself unless another
+/// holds at least a thousandth more. With areas to keep, only windows that hold as many of them as
+/// any window can are compared; of an area longer than the window, those within it.
 /// \param map the picture's salience map, of any size; not null.
 /// \param picture size of the picture in pixels; both sides above 0.
-/// \return a rectangle within the picture, in picture pixels.
-QRect chooseWindow(const QImage& map, const QSize& picture, const AspectRatio& ratio);
+Choice chooseWindow(
+    const QImage& map, const QSize& picture, const AspectRatio& ratio, const Wishes& wishes = {});
 
-/// The pixels of \a picture within \a window, with its colour space and resolution, without copying
-/// them: to write into the view is to write into the picture.
-/// \pre \a picture has 32 bits per pixel and outlives the result.
+/// The share of the map's salience that \a window holds, 0 to 1; 0 for a black map.
+double salienceWithin(const QImage& map, const QSize& picture, const QRect& window);
+
+/// The window of \a window's size in the middle of \a picture.
+QRect centredIn(const QSize& picture, const QSize& window);
+
+/// The pixels of \a picture within \a window, with its colours and its resolution. They are not
+/// copied, unless several share a byte: to write into the view is to write into the picture.
+/// \pre \a picture outlives the result.
 QImage viewOf(QImage& picture, const QRect& window);
 
 } // namespace host

@@ -9,6 +9,8 @@ HostError::HostError(
     : std::runtime_error(
         onOneLine(QStringLiteral("%1: %2; %3").arg(subject, reason, remedy)).toStdString())
     , exitCode(code)
+    , whatIsWrong(onOneLine(reason))
+    , whatToDo(onOneLine(remedy))
 {
 }
 

@@ -9,12 +9,14 @@ namespace host {
 /// The exit codes of the programs; the numbers are those of sysexits.h.
 enum class ExitCode {
     Success = 0,
+    SomeFailed = 1, ///< some of several inputs failed
     Usage = 64, ///< the command line is wrong
     UnreadableInput = 65, ///< the file is not a picture, or a damaged one
     MissingInput = 66, ///< the file is not there or must not be opened
     Internal = 70, ///< a fault of the program itself
     CannotCreate = 73, ///< the output cannot be created
     WriteFailed = 74, ///< writing began and failed; nothing is left behind
+    Interrupted = 130, ///< a signal asked the program to end
 };
 
 /// Ends a command with one line that says what is wrong and what to do about it.
@@ -26,9 +28,13 @@ public:
     HostError(ExitCode code, const QString& subject, const QString& reason, const QString& remedy);
 
     ExitCode code() const { return exitCode; }
+    const QString& reason() const { return whatIsWrong; }
+    const QString& remedy() const { return whatToDo; }
 
 private:
     ExitCode exitCode;
+    QString whatIsWrong;
+    QString whatToDo;
 };
 
 /// \a text on one line: control characters, which a file name may hold, become question marks.

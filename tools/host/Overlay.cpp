@@ -58,20 +58,51 @@ QImage heatOf(const QImage& map)
     return heat;
 }
 
+int lineWidthFor(const QSize& frame)
+{
+    return std::max(2, std::max(frame.width(), frame.height()) / 300);
+}
+
 void outline(QPainter& painter, const QRect& frame, const QRect& window)
 {
     for (const QRect& outside : QRegion(frame).subtracted(window))
         painter.fillRect(outside, QColor(0, 0, 0, 130));
-    const int lineWidth = std::max(2, std::max(frame.width(), frame.height()) / 300);
+    const int lineWidth = lineWidthFor(frame.size());
     painter.setPen(QPen(Qt::white, lineWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     const int before = lineWidth / 2;
     const int behind = lineWidth - before;
     painter.drawRect(window.adjusted(before, before, -behind, -behind));
 }
 
+void mark(QPainter& painter, const QRect& frame, const QRect& area)
+{
+    painter.setPen(
+        QPen(Qt::cyan, lineWidthFor(frame.size()), Qt::DashLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(area);
+}
+
+// The colours of all levels over black, from left to right, framed.
+void drawLegend(QPainter& painter, const QRect& frame)
+{
+    const int lineWidth = lineWidthFor(frame.size());
+    const QRect bar(frame.left() + 4 * lineWidth, frame.bottom() - 8 * lineWidth, frame.width() / 4,
+        4 * lineWidth);
+    if (bar.width() < 16 || bar.top() < frame.top())
+        return;
+    QImage levels(256, 1, QImage::Format_Indexed8);
+    levels.setColorTable(heatScale(255));
+    for (int level = 0; level < 256; ++level)
+        levels.setPixel(level, 0, static_cast<uint>(level));
+    painter.fillRect(bar, Qt::black);
+    painter.drawImage(bar, levels);
+    painter.setPen(QPen(Qt::white, std::max(lineWidth / 2, 1)));
+    painter.drawRect(bar);
+}
+
 } // namespace
 
-QImage drawOverlay(const QImage& picture, const QImage& map, const QRect& window)
+QImage drawOverlay(
+    const QImage& picture, const QImage& map, const QRect& window, const QVector<QRect>& keep)
 {
     const bool isLarge = std::max(picture.width(), picture.height()) > longestSide;
     const QImage shown = isLarge
@@ -82,12 +113,17 @@ QImage drawOverlay(const QImage& picture, const QImage& map, const QRect& window
     QPainter painter(&overlay);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(overlay.rect(), heatOf(map));
-    if (!window.isNull()) {
-        const double scale = static_cast<double>(overlay.width()) / picture.width();
-        const QRectF shownWindow(window.x() * scale, window.y() * scale, window.width() * scale,
-            window.height() * scale);
-        outline(painter, overlay.rect(), shownWindow.toAlignedRect());
-    }
+    const double scale = static_cast<double>(overlay.width()) / picture.width();
+    const auto shownRect = [scale](const QRect& rect) {
+        return QRectF(
+            rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale)
+            .toAlignedRect();
+    };
+    if (!window.isNull())
+        outline(painter, overlay.rect(), shownRect(window));
+    for (const QRect& area : keep)
+        mark(painter, overlay.rect(), shownRect(area));
+    drawLegend(painter, overlay.rect());
     painter.end();
     return overlay;
 }

@@ -3,8 +3,11 @@
 #include "CodecMessages.h"
 #include "HostError.h"
 
+#include <QBuffer>
+#include <QColorSpace>
 #include <QFileInfo>
 #include <QImageWriter>
+#include <QPainter>
 
 namespace host {
 
@@ -23,30 +26,18 @@ QByteArray formatOf(const QString& path)
     return format;
 }
 
-// Lets a codec write to the end although the file fails: Qt's PNG codec leaks when it is stopped.
-// The file keeps its error, to be asked for afterwards.
-class UnfailingDevice : public QIODevice {
-public:
-    explicit UnfailingDevice(QSaveFile& target)
-        : file(target)
-    {
-        open(QIODevice::WriteOnly);
-    }
-    bool seek(qint64 position) override { return QIODevice::seek(position) && file.seek(position); }
-    qint64 size() const override { return file.size(); }
-
-protected:
-    qint64 readData(char* /*bytes*/, qint64 /*count*/) override { return -1; }
-    qint64 writeData(const char* bytes, qint64 count) override
-    {
-        if (file.error() == QFileDevice::NoError)
-            file.write(bytes, count);
-        return count;
-    }
-
-private:
-    QSaveFile& file;
-};
+QImage withoutTransparency(const QImage& picture)
+{
+    if (!picture.hasAlphaChannel())
+        return picture;
+    QImage opaque(picture.size(), QImage::Format_RGB32);
+    opaque.fill(Qt::white);
+    QPainter(&opaque).drawImage(0, 0, picture);
+    opaque.setColorSpace(picture.colorSpace());
+    opaque.setDotsPerMeterX(picture.dotsPerMeterX());
+    opaque.setDotsPerMeterY(picture.dotsPerMeterY());
+    return opaque;
+}
 
 [[noreturn]] void throwWriteFailed(const QString& path, const QString& reason)
 {
@@ -64,17 +55,28 @@ PictureWriter::PictureWriter(const QImage& picture, const QString& path)
         throw HostError(ExitCode::CannotCreate, path, file.errorString(),
             QStringLiteral("choose a folder that exists and can be written to"));
 
-    const CodecMessages messages;
-    UnfailingDevice device(file);
-    QImageWriter writer(&device, format);
-    if (format == "jpg" || format == "jpeg")
-        writer.setQuality(jpegQuality);
-    const bool encoded = writer.write(picture);
+    // By way of memory: Qt's PNG codec leaks when a file fails below it.
+    {
+        const CodecMessages messages;
+        QBuffer buffer(&content);
+        QImageWriter writer(&buffer, format);
+        const bool isJpeg = format == "jpg" || format == "jpeg";
+        if (isJpeg)
+            writer.setQuality(jpegQuality);
+        if (!writer.write(isJpeg ? withoutTransparency(picture) : picture))
+            throwWriteFailed(path, writer.errorString());
+    }
+    file.write(content);
     file.flush();
     if (file.error() != QFileDevice::NoError)
         throwWriteFailed(path, file.errorString());
-    if (!encoded)
-        throwWriteFailed(path, writer.errorString());
+}
+
+bool PictureWriter::differsFromExisting() const
+{
+    QFile existing(file.fileName());
+    return existing.exists()
+        && (!existing.open(QIODevice::ReadOnly) || existing.readAll() != content);
 }
 
 void PictureWriter::commit()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <QSaveFile>
 #include <QString>
@@ -9,16 +10,21 @@ namespace host {
 /// A picture file on its way: appears whole under its name when commit() is called, or not at all.
 class PictureWriter {
 public:
-    /// Encodes \a picture in the format that the suffix of \a path names.
+    /// Encodes \a picture in the format that the suffix of \a path names. A format that knows no
+    /// transparency gets white in its place.
     /// \throws HostError when there is no such format, the file cannot be created, or writing
     /// fails.
     PictureWriter(const QImage& picture, const QString& path);
+
+    /// Whether there is a file of that name with other content.
+    bool differsFromExisting() const;
 
     /// Gives the file its name, replacing one of that name.
     /// \throws HostError when that fails.
     void commit();
 
 private:
+    QByteArray content;
     QSaveFile file;
 };
 

@@ -17,34 +17,31 @@ using host::ExitCode;
 using host::HostError;
 
 const char* const exitCodes
-    = "Exit codes: 0 done, 64 wrong command line, 65 the file is no picture "
-      "or a damaged one,\n66 no such file, 70 internal error, 73 the output "
-      "cannot be created, 74 writing failed.";
+    = "Exit codes: 0 done, 1 some of several pictures failed, 64 wrong command line,\n65 the file "
+      "is "
+      "no picture or a damaged one, 66 no such file, 70 internal error,\n73 the output cannot be "
+      "created, 74 writing failed, 130 interrupted.";
 
-CLI::App* addPictureCommand(
-    CLI::App& app, const std::string& name, const std::string& help, std::string& picture)
+void addCropCommand(CLI::App& app, CropArguments& arguments, ExitCode& exitCode)
 {
-    CLI::App* const command = app.add_subcommand(name, help);
-    command->add_option("PICTURE", picture, "the picture file to read")->required();
-    return command;
-}
-
-void addCropCommand(CLI::App& app, CropArguments& arguments)
-{
-    CLI::App* const crop = addPictureCommand(
-        app, "crop", "Print the window to keep, as WxH+X+Y in pixels", arguments.picture);
-    crop->add_option("--ratio", arguments.ratio, "shape of the window, such as 16:9 or 1.91:1")
-        ->type_name("W:H")
-        ->required();
-    crop->add_option("-o,--output", arguments.output, "write the cropped picture to this file")
-        ->type_name("FILE");
-    crop->callback([&arguments] { runCrop(arguments); });
+    CLI::App* const crop
+        = app.add_subcommand("crop", "Choose the windows to keep of pictures, and crop them");
+    crop->add_option("PICTURE", arguments.pictures, "the picture files to read")->required();
+    arguments.crop.addTo(*crop);
+    crop->add_flag("--json", arguments.json, "print one record for each picture, as JSON");
+    crop->add_option("--emit", arguments.emit,
+            "print windows as geometry, WxH+X+Y in pixels, or as css, object-position")
+        ->type_name("WHAT")
+        ->check(CLI::IsMember({ "geometry", "css" }))
+        ->capture_default_str();
+    arguments.analysis.addTo(*crop);
+    crop->callback([&] { exitCode = runCrop(arguments); });
 }
 
 void addMapCommand(CLI::App& app, MapArguments& arguments)
 {
-    CLI::App* const map
-        = addPictureCommand(app, "map", "Write what draws the eye as pictures", arguments.picture);
+    CLI::App* const map = app.add_subcommand("map", "Write what draws the eye as pictures");
+    map->add_option("PICTURE", arguments.picture, "the picture file to read")->required();
     map->add_option("-o,--output", arguments.output, "write the salience map to this PNG file")
         ->type_name("FILE");
     map->add_option("--per-method", arguments.perMethod,
@@ -57,6 +54,13 @@ void addMapCommand(CLI::App& app, MapArguments& arguments)
     map->add_option("--ratio", arguments.ratio, "outline the crop of this shape in the overlay")
         ->type_name("W:H")
         ->needs(overlay);
+    map->add_option("--keep", arguments.keep, "a very important area, in pixels")
+        ->type_name("X,Y,W,H")
+        ->expected(1)
+        ->take_all();
+    map->add_flag("--stretch", arguments.stretch,
+        "stretch the levels of maps to reach from black to white, for the eye");
+    arguments.analysis.addTo(*map);
     map->callback([&arguments] { runMap(arguments); });
 }
 
@@ -84,8 +88,9 @@ try {
     app.set_version_flag("--version", "vxroi " VXROI_VERSION);
     app.footer(exitCodes);
     app.require_subcommand(1);
+    ExitCode exitCode = ExitCode::Success;
     CropArguments crop;
-    addCropCommand(app, crop);
+    addCropCommand(app, crop, exitCode);
     MapArguments map;
     addMapCommand(app, map);
 
@@ -97,7 +102,7 @@ try {
     if (!std::cout.flush())
         throw HostError(ExitCode::WriteFailed, QStringLiteral("standard output"),
             QStringLiteral("cannot be written"), QStringLiteral("check where it leads"));
-    return ExitCode::Success;
+    return exitCode;
 } catch (const HostError& error) {
     return fail(error.code(), error.what());
 } catch (const std::exception& error) {

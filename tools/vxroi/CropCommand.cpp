@@ -1,9 +1,7 @@
 #include "CropCommand.h"
 
-#include "host/CropWindow.h"
-#include "host/PictureReader.h"
-#include "host/PictureWriter.h"
-#include "host/SalienceMap.h"
+#include "Tasks.h"
+#include "host/CodecMessages.h"
 
 #include <iostream>
 
@@ -11,29 +9,72 @@ namespace vxroi {
 
 namespace {
 
-void writeCropped(QImage& picture, const QRect& window, const QString& path)
+using host::CropRecord;
+using host::CropResult;
+using host::ExitCode;
+
+QString geometryOf(const QRect& window)
 {
-    host::PictureWriter cropped(host::viewOf(picture, window), path);
-    cropped.commit();
+    return QStringLiteral("%1x%2+%3+%4")
+        .arg(window.width())
+        .arg(window.height())
+        .arg(window.x())
+        .arg(window.y());
+}
+
+// Where a picture that fills a box of the window's shape must lie in it to show the window.
+QString objectPositionOf(const QRect& window, const QSize& picture)
+{
+    const auto percent = [](int start, int room) {
+        return QString::number(room == 0 ? 50.0 : 100.0 * start / room, 'f', 2);
+    };
+    return QStringLiteral("object-position: %1% %2%")
+        .arg(percent(window.x(), picture.width() - window.width()),
+            percent(window.y(), picture.height() - window.height()));
+}
+
+void print(const CropRecord& record, const CropArguments& arguments, bool isOnlyLine)
+{
+    if (arguments.json) {
+        std::cout << record.toJson().constData() << '\n';
+        return;
+    }
+    for (const CropResult& crop : record.crops) {
+        const QRect& window = crop.choice.window;
+        const QString line = arguments.emit == "css" ? objectPositionOf(window, record.oriented)
+                                                     : geometryOf(window);
+        if (!isOnlyLine)
+            std::cout << host::onOneLine(record.path).toStdString() << '\t'
+                      << crop.shape.toStdString() << '\t';
+        std::cout << line.toStdString() << '\n';
+    }
 }
 
 } // namespace
 
-void runCrop(const CropArguments& arguments)
+host::ExitCode runCrop(const CropArguments& arguments)
 {
-    const QString input = QString::fromStdString(arguments.picture);
-    const QString output = QString::fromStdString(arguments.output);
-    const host::AspectRatio ratio = host::parseAspectRatio(QString::fromStdString(arguments.ratio));
-    host::refuseToOverwriteInput(input, output);
-
-    QImage picture = host::readPicture(input);
-    const QImage map = host::salienceMapOf(picture);
-    const QRect window = host::chooseWindow(map, picture.size(), ratio);
-
-    if (!output.isEmpty())
-        writeCropped(picture, window, output);
-    std::cout << window.width() << 'x' << window.height() << '+' << window.x() << '+' << window.y()
-              << '\n';
+    TaskPlan plan(arguments.crop);
+    host::Cropper cropper(arguments.crop.rules(arguments.analysis), arguments.analysis.maxPixels);
+    const bool isOnlyPicture = arguments.pictures.size() == 1;
+    const bool isOnlyLine = isOnlyPicture && plan.shapes().size() == 1;
+    bool hasFailed = false;
+    for (const std::string& picture : arguments.pictures) {
+        const CropRecord record = plan.crop(cropper, { QString::fromStdString(picture) });
+        if (arguments.json || !record.failure)
+            print(record, arguments, isOnlyLine);
+        if (record.failure && isOnlyPicture)
+            throw host::HostError(*record.failure);
+        if (record.failure)
+            host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
+        else
+            for (const QString& warning : record.warnings)
+                host::writeError(QStringLiteral("vxroi: %1: %2\n")
+                                     .arg(host::onOneLine(record.path), warning)
+                                     .toStdString());
+        hasFailed = hasFailed || record.failure;
+    }
+    return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
 }
 
 } // namespace vxroi

@@ -1,18 +1,24 @@
 #pragma once
 
+#include "Options.h"
+
 #include <string>
+#include <vector>
 
 namespace vxroi {
 
 /// The command line of `vxroi crop`, as given.
 struct CropArguments {
-    std::string picture;
-    std::string ratio;
-    std::string output; ///< empty: write no file
+    std::vector<std::string> pictures;
+    CropOptions crop;
+    AnalysisOptions analysis;
+    bool json = false;
+    std::string emit = "geometry";
 };
 
-/// Prints the window to keep; writes the cropped picture when an output is named.
-/// \throws host::HostError
-void runCrop(const CropArguments& arguments);
+/// Prints the windows to keep; writes the cropped pictures when an output is named. Failures of single
+/// pictures among several are reported on stderr.
+/// \throws host::HostError when the command line is wrong, or the only picture fails.
+host::ExitCode runCrop(const CropArguments& arguments);
 
 } // namespace vxroi

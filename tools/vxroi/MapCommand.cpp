@@ -1,6 +1,7 @@
 #include "MapCommand.h"
 
 #include "host/CropWindow.h"
+#include "host/Cropper.h"
 #include "host/HostError.h"
 #include "host/Overlay.h"
 #include "host/PictureReader.h"
@@ -91,20 +92,34 @@ void runMap(const MapArguments& arguments)
     if (!mapPath.isEmpty())
         requirePng(mapPath);
 
-    const QImage picture = host::readPicture(input);
-    const QImage map = host::salienceMapOf(picture);
+    const host::SalienceSettings settings = arguments.analysis.salience();
+    host::Wishes wishes;
+    for (const std::string& area : arguments.keep)
+        wishes.keep.append(parseArea(QString::fromStdString(area)));
 
+    host::PictureFile picture(input, arguments.analysis.reading());
+    const QImage working = picture.readWorkingImage();
+    wishes.keep = host::areasWithin(picture.orientedSize(), wishes.keep);
+    const QList<QRect> areas
+        = host::workingAreas(wishes.keep, picture.orientedSize(), working.size());
+    const QImage map = host::salienceMapOf(working, settings, areas);
+
+    const auto shown = [&](const QImage& levels) {
+        return arguments.stretch ? host::stretched(levels) : levels;
+    };
     OutputFiles files(input);
     if (!mapPath.isEmpty())
-        files.add(map, mapPath);
+        files.add(shown(map), mapPath);
     if (!overlayPath.isEmpty()) {
-        const QRect window = ratio ? host::chooseWindow(map, picture.size(), *ratio) : QRect();
-        files.add(host::drawOverlay(picture, map, window), overlayPath);
+        const QImage pixels = picture.readPixels();
+        const QRect window
+            = ratio ? host::chooseWindow(map, pixels.size(), *ratio, wishes).window : QRect();
+        files.add(host::drawOverlay(pixels, map, window, wishes.keep), overlayPath);
     }
     if (!folder.isEmpty()) {
         createFolder(folder);
-        for (const host::MethodMap& single : host::methodMapsOf(picture))
-            files.add(single.map, QStringLiteral("%1/%2.png").arg(folder, single.method));
+        for (const host::MethodMap& single : host::methodMapsOf(working, settings, areas))
+            files.add(shown(single.map), QStringLiteral("%1/%2.png").arg(folder, single.method));
     }
     files.commit();
 }

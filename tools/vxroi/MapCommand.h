@@ -1,6 +1,9 @@
 #pragma once
 
+#include "Options.h"
+
 #include <string>
+#include <vector>
 
 namespace vxroi {
 
@@ -11,6 +14,9 @@ struct MapArguments {
     std::string perMethod; ///< a folder; empty: write no maps of single methods
     std::string overlay; ///< empty: write no overlay
     std::string ratio; ///< empty: outline no crop in the overlay
+    std::vector<std::string> keep; ///< very important areas
+    bool stretch = false; ///< stretch the levels of maps from black to white
+    AnalysisOptions analysis;
 };
 
 /// Writes what the arguments name of a picture's salience: all of it or nothing.

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "CropWindow.h"
+#include "HostError.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+namespace host {
+
+/// What became of the file of one crop.
+enum class Written {
+    Nothing, ///< none was asked for
+    File,
+    Planned, ///< a dry run: it would have been written
+    Skipped, ///< a file of that name is there already
+};
+
+/// One crop of a picture.
+struct CropResult {
+    QString shape; ///< the ratio or the size, as asked for
+    Choice choice;
+    QRect stored; ///< the window in pixels of the picture as it is stored
+    double salience; ///< the share of the map that the window holds, 0 to 1
+    double centreSalience; ///< the same of the window in the middle
+    QSize outputSize; ///< of the picture that is written
+    QString outputPath;
+    Written written = Written::Nothing;
+};
+
+/// What the program has to say of one picture: its crops, or why there are none.
+struct CropRecord {
+    QString path; ///< as given
+    QString format;
+    QSize stored;
+    QSize oriented;
+    int orientation = 1;
+    QStringList warnings;
+    QVector<CropResult> crops;
+    std::optional<HostError> failure;
+
+    /// The record as one line of JSON, without the line's end. The same record gives the same bytes.
+    QByteArray toJson() const;
+};
+
+} // namespace host

@@ -1,0 +1,139 @@
+#include "Cropper.h"
+
+#include "PictureWriter.h"
+#include "SalienceMap.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSemaphoreReleaser>
+
+#include <algorithm>
+#include <deque>
+#include <utility>
+
+namespace host {
+
+namespace {
+
+constexpr qint64 thousand = 1000;
+
+[[noreturn]] void throwIsThere(const QString& output)
+{
+    throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there already"),
+        QStringLiteral("choose another name, or --if-exists overwrite or skip"));
+}
+
+bool writesAny(const CropRecord& record)
+{
+    return std::any_of(record.crops.begin(), record.crops.end(),
+        [](const CropResult& crop) { return crop.written == Written::File; });
+}
+
+} // namespace
+
+Cropper::Cropper(const CropRules& cropRules, qint64 pixelsAtOnce)
+    : rules(cropRules)
+    , budget(static_cast<int>(std::clamp<qint64>(pixelsAtOnce / thousand, 1, 1 << 30)))
+    , unusedBudget(budget)
+{
+}
+
+CropRecord Cropper::crop(const CropTask& task)
+{
+    CropRecord record;
+    record.path = task.path;
+    try {
+        fill(record, task);
+    } catch (const HostError& error) {
+        record.crops.clear();
+        record.failure = error;
+    }
+    return record;
+}
+
+void Cropper::fill(CropRecord& record, const CropTask& task)
+{
+    for (int i = 0; i < task.shapes.size(); ++i) {
+        CropResult crop;
+        crop.shape = task.shapes.at(i).name;
+        crop.outputPath = task.outputs.value(i);
+        if (!crop.outputPath.isEmpty())
+            refuseToOverwriteInput(task.path, crop.outputPath);
+        crop.written = planFor(crop.outputPath);
+        record.crops.append(crop);
+    }
+    PictureFile picture(task.path, rules.reading);
+    record.format = picture.format();
+    record.stored = picture.storedSize();
+    record.oriented = picture.orientedSize();
+    record.orientation = picture.orientation();
+
+    const qint64 pixelCount = qint64 { record.stored.width() } * record.stored.height();
+    const int needed = static_cast<int>(std::min<qint64>(pixelCount / thousand + 1, budget));
+    unusedBudget.acquire(needed);
+    const QSemaphoreReleaser releaser(unusedBudget, needed);
+
+    // A JPEG is decoded twice rather than once when its pixels are wanted: what is decided does not
+    // depend on whether they are.
+    const bool writes = writesAny(record);
+    QImage pixels = writes && !picture.isJpeg() ? picture.readPixels() : QImage();
+    const QImage working = pixels.isNull() ? picture.readWorkingImage() : workingImageOf(pixels);
+    Wishes wishes = task.wishes;
+    wishes.keep = areasWithin(record.oriented, wishes.keep);
+    const QImage map = salienceMapOf(
+        working, rules.salience, workingAreas(wishes.keep, record.oriented, working.size()));
+    choose(record, { task.path, task.shapes, task.outputs, wishes }, map, picture);
+    if (writes)
+        write(record, pixels.isNull() ? picture.readPixels() : std::move(pixels));
+    record.warnings = picture.warnings();
+}
+
+void Cropper::choose(
+    CropRecord& record, const CropTask& task, const QImage& map, const PictureFile& picture) const
+{
+    const QSize size = picture.orientedSize();
+    for (int i = 0; i < task.shapes.size(); ++i) {
+        CropResult& crop = record.crops[i];
+        crop.choice = chooseWindow(map, size, task.shapes.at(i).ratio, task.wishes);
+        const QRect& window = crop.choice.window;
+        crop.stored = picture.toStored(window);
+        crop.salience = salienceWithin(map, size, window);
+        crop.centreSalience = salienceWithin(map, size, centredIn(size, window.size()));
+        crop.outputSize = task.shapes.at(i).outputSize(window.size(), rules.upscales);
+    }
+}
+
+Written Cropper::planFor(const QString& output) const
+{
+    if (output.isEmpty())
+        return Written::Nothing;
+    const bool exists = QFileInfo::exists(output);
+    if (exists && rules.ifExists == IfExists::Fail)
+        throwIsThere(output);
+    if (exists && rules.ifExists == IfExists::Skip)
+        return Written::Skipped;
+    return rules.isDryRun ? Written::Planned : Written::File;
+}
+
+void Cropper::write(const CropRecord& record, QImage pixels) const
+{
+    std::deque<PictureWriter> files;
+    for (const CropResult& crop : record.crops) {
+        if (crop.written != Written::File)
+            continue;
+        if (rules.makesFolders)
+            QDir().mkpath(QFileInfo(crop.outputPath).path());
+        const QImage view = viewOf(pixels, crop.choice.window);
+        const bool isScaled = crop.outputSize != view.size();
+        files.emplace_back(isScaled
+                ? view.scaled(crop.outputSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                : view,
+            crop.outputPath);
+        if (rules.ifExists == IfExists::Compare && files.back().differsFromExisting())
+            throwIsThere(crop.outputPath);
+    }
+    for (PictureWriter& file : files)
+        file.commit();
+}
+
+} // namespace host

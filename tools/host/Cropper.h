@@ -1,0 +1,62 @@
+#pragma once
+
+#include "CropRecord.h"
+#include "CropShape.h"
+#include "PictureReader.h"
+#include "SalienceSettings.h"
+
+#include <QSemaphore>
+#include <QStringList>
+
+namespace host {
+
+/// What to do when an output file is there already.
+enum class IfExists {
+    Fail,
+    Skip,
+    Overwrite,
+    Compare, ///< let it be when it is what would be written, else fail
+};
+
+/// What holds for every picture of a run.
+struct CropRules {
+    SalienceSettings salience;
+    ReadingRules reading;
+    IfExists ifExists = IfExists::Fail;
+    bool upscales = false; ///< enlarge a window that is smaller than the size asked for
+    bool isDryRun = false; ///< write no file
+    bool makesFolders = false; ///< make the folders that outputs go to
+};
+
+/// One picture and the crops that are asked of it.
+struct CropTask {
+    QString path;
+    QVector<CropShape> shapes;
+    QStringList outputs; ///< one for each shape, or none at all
+    Wishes wishes;
+};
+
+/// Crops pictures. One object serves any number of threads.
+class Cropper {
+public:
+    /// \param pixelsAtOnce how many pixels all threads together may have decoded at a time; a picture
+    /// with more waits until it is alone.
+    Cropper(const CropRules& rules, qint64 pixelsAtOnce);
+
+    /// Chooses the crops of a picture and writes those that have outputs: all of them or none.
+    /// \return the record; a failure is in it, and never thrown.
+    CropRecord crop(const CropTask& task);
+
+private:
+    void fill(CropRecord& record, const CropTask& task);
+    void choose(CropRecord& record, const CropTask& task, const QImage& map,
+        const PictureFile& picture) const;
+    void write(const CropRecord& record, QImage pixels) const;
+    Written planFor(const QString& output) const;
+
+    CropRules rules;
+    int budget; ///< in thousands of pixels
+    QSemaphore unusedBudget;
+};
+
+} // namespace host

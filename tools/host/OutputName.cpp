@@ -1,0 +1,51 @@
+#include "OutputName.h"
+
+#include "HostError.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QRegularExpression>
+#include <QStringList>
+
+namespace host {
+
+namespace {
+
+const QRegularExpression& places()
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(\{(dir|stem|ratio|ext)\})"));
+    return pattern;
+}
+
+} // namespace
+
+OutputName::OutputName(const QString& pattern)
+    : text(pattern)
+{
+    const bool hasOtherBraces
+        = QString(text).remove(places()).contains(QRegularExpression(QStringLiteral("[{}]")));
+    if (hasOtherBraces)
+        throw HostError(ExitCode::Usage, QStringLiteral("--output %1").arg(pattern),
+            QStringLiteral("braces hold something else than a known place"),
+            QStringLiteral("use {dir}, {stem}, {ratio} and {ext}"));
+}
+
+QString OutputName::nameFor(const QString& input, const CropShape& shape) const
+{
+    const QFileInfo info(input);
+    const QHash<QString, QString> values { { QStringLiteral("dir"), info.path() },
+        { QStringLiteral("stem"), info.completeBaseName() },
+        { QStringLiteral("ext"), info.suffix() }, { QStringLiteral("ratio"), shape.fileName() } };
+    QString name;
+    int done = 0;
+    for (auto found = places().globalMatch(text); found.hasNext();) {
+        const QRegularExpressionMatch place = found.next();
+        name += text.midRef(done, place.capturedStart() - done) + values.value(place.captured(1));
+        done = place.capturedEnd();
+    }
+    return name + text.midRef(done);
+}
+
+bool OutputName::hasPlaces() const { return text.contains(places()); }
+
+} // namespace host

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "CropShape.h"
+
+#include <QString>
+
+namespace host {
+
+/// The name of an output file, with places for what differs between pictures and crops: {dir}, {stem}
+/// and {ext} of the picture's name, and {ratio}, the shape of the crop as in "16x9".
+class OutputName {
+public:
+    /// \throws HostError when \a pattern has a place of another name, or an unmatched brace.
+    explicit OutputName(const QString& pattern);
+
+    /// The name for a crop of \a shape of the picture at \a input.
+    QString nameFor(const QString& input, const CropShape& shape) const;
+
+    /// Whether there is any place to fill: then missing folders are made.
+    bool hasPlaces() const;
+
+private:
+    QString text;
+};
+
+} // namespace host

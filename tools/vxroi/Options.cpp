@@ -1,0 +1,155 @@
+#include "Options.h"
+
+#include "host/HostError.h"
+#include "host/OutputName.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <map>
+
+namespace vxroi {
+
+namespace {
+
+using host::ExitCode;
+using host::HostError;
+
+const std::map<std::string, host::IfExists> ifExistsByName { { "fail", host::IfExists::Fail },
+    { "skip", host::IfExists::Skip }, { "overwrite", host::IfExists::Overwrite } };
+
+} // namespace
+
+void AnalysisOptions::addTo(CLI::App& command)
+{
+    const auto group = [&command](CLI::Option* option) { option->group("Analysis"); };
+    group(command.add_option("--preset", preset, "which methods count how much: photo or library")
+              ->type_name("NAME")
+              ->capture_default_str());
+    group(command.add_option("--weight", weights, "one method's weight, 0 to switch it off")
+              ->type_name("METHOD=N")
+              ->expected(1)
+              ->take_all());
+    group(command.add_option("--tune", tunings, "one setting of the histogram method")
+              ->type_name("SETTING=N")
+              ->expected(1)
+              ->take_all());
+    group(command.add_option("--max-pixels", maxPixels, "refuse pictures with more pixels")
+              ->type_name("N")
+              ->check(CLI::PositiveNumber)
+              ->capture_default_str());
+    group(command.add_option("--max-bytes", maxBytes, "refuse larger files")
+              ->type_name("N")
+              ->check(CLI::PositiveNumber)
+              ->capture_default_str());
+    group(command
+              .add_option("--on-broken", onBroken,
+                  "what to do with a damaged picture: error, or warn and use the rest")
+              ->type_name("WHAT")
+              ->check(CLI::IsMember({ "error", "warn" }))
+              ->capture_default_str());
+}
+
+host::SalienceSettings AnalysisOptions::salience() const
+{
+    auto settings = host::SalienceSettings::preset(QString::fromStdString(preset));
+    for (const std::string& weight : weights)
+        settings.setWeight(QString::fromStdString(weight));
+    for (const std::string& tuning : tunings)
+        settings.tune(QString::fromStdString(tuning));
+    return settings;
+}
+
+host::ReadingRules AnalysisOptions::reading() const
+{
+    return { maxPixels, maxBytes,
+        onBroken == "warn" ? host::OnBroken::Warn : host::OnBroken::Error };
+}
+
+void CropOptions::addTo(CLI::App& command)
+{
+    command.add_option("--ratio", ratios, "shapes of the crop, such as 16:9 or 1:1,4:5")
+        ->type_name("W:H,...");
+    command.add_option("--size", sizes, "size of the crop in pixels, such as 1200x630")
+        ->type_name("WxH")
+        ->expected(1)
+        ->take_all();
+    command
+        .add_option("-o,--output", output,
+            "write crops to this file; {dir} {stem} {ratio} {ext} stand for parts of its name")
+        ->type_name("FILE");
+    command.add_option("--keep", keep, "an area that the crop should hold, in pixels")
+        ->type_name("X,Y,W,H")
+        ->expected(1)
+        ->take_all();
+    command.add_option("--focus", focus, "centre the crop here, 0 to 1 across and down")
+        ->type_name("FX,FY");
+    command.add_option("--if-exists", ifExists, "what to do with outputs that are there already")
+        ->type_name("WHAT")
+        ->check(CLI::IsMember({ "fail", "skip", "overwrite" }))
+        ->capture_default_str();
+    command.add_flag("--upscale", upscale, "enlarge crops that are smaller than --size");
+    command.add_flag("--dry-run", dryRun, "write no file, only say what would be written");
+}
+
+QVector<host::CropShape> CropOptions::shapes() const
+{
+    QVector<host::CropShape> shapes;
+    if (!ratios.empty())
+        shapes = host::parseRatios(QString::fromStdString(ratios));
+    for (const std::string& size : sizes)
+        shapes.append(host::parseSize(QString::fromStdString(size)));
+    return shapes;
+}
+
+host::Wishes CropOptions::wishes() const
+{
+    host::Wishes wishes;
+    for (const std::string& area : keep)
+        wishes.keep.append(parseArea(QString::fromStdString(area)));
+    if (!focus.empty())
+        wishes.focus = parsePoint(QString::fromStdString(focus));
+    return wishes;
+}
+
+host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
+{
+    host::CropRules rules { analysis.salience(), analysis.reading() };
+    rules.ifExists = ifExistsByName.at(ifExists);
+    rules.upscales = upscale;
+    rules.isDryRun = dryRun;
+    rules.makesFolders = host::OutputName(QString::fromStdString(output)).hasPlaces();
+    return rules;
+}
+
+QRect parseArea(const QString& text)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral(R"(\A(-?[0-9]{1,9}),(-?[0-9]{1,9}),([0-9]{1,9}),([0-9]{1,9})\z)"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    const QRect area(match.captured(1).toInt(), match.captured(2).toInt(),
+        match.captured(3).toInt(), match.captured(4).toInt());
+    if (!match.hasMatch() || area.isEmpty())
+        throw HostError(ExitCode::Usage, QStringLiteral("--keep %1").arg(text),
+            QStringLiteral("not an area"),
+            QStringLiteral("write left, top, width and height in pixels, such as 10,20,300,200"));
+    return area;
+}
+
+QPointF parsePoint(const QString& text)
+{
+    const QStringList parts = text.split(QLatin1Char(','));
+    bool areNumbers[2] = { false, false };
+    const QPointF point(
+        parts.value(0).toDouble(&areNumbers[0]), parts.value(1).toDouble(&areNumbers[1]));
+    const bool isInside = point.x() >= 0 && point.x() <= 1 && point.y() >= 0 && point.y() <= 1;
+    if (parts.size() != 2 || !areNumbers[0] || !areNumbers[1] || !isInside)
+        throw HostError(ExitCode::Usage, QStringLiteral("--focus %1").arg(text),
+            QStringLiteral("not a point"),
+            QStringLiteral("write two numbers from 0 to 1, such as 0.5,0.33"));
+    return point;
+}
+
+} // namespace vxroi

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Options.h"
+#include "host/OutputName.h"
+
+#include <QSet>
+
+#include <optional>
+
+namespace vxroi {
+
+/// One input of a run, and what it wishes for itself.
+struct Input {
+    QString path;
+    QVector<host::CropShape> shapes = {}; ///< empty: those of the run
+    std::optional<host::Wishes> wishes = std::nullopt; ///< none: those of the run
+    QString output = {}; ///< empty: that of the run
+    std::optional<host::HostError> failure = std::nullopt; ///< why there is nothing to crop
+};
+
+/// Makes the tasks of a run out of its inputs, one after the other: they know their outputs before
+/// any is begun, so that what becomes of them does not depend on which is done first.
+class TaskPlan {
+public:
+    /// \throws host::HostError when the options are wrong, or ask for no crop.
+    explicit TaskPlan(const CropOptions& options, bool needsShapes = true);
+
+    const QVector<host::CropShape>& shapes() const { return commonShapes; }
+
+    /// A task, or the record of the failure that there is none.
+    struct Planned {
+        host::CropTask task;
+        host::CropRecord record;
+    };
+    Planned plan(const Input& input);
+
+    /// Plans and crops.
+    host::CropRecord crop(host::Cropper& cropper, const Input& input);
+
+private:
+    void addOutputs(const Input& input, host::CropTask& task);
+
+    QVector<host::CropShape> commonShapes;
+    host::Wishes commonWishes;
+    host::OutputName commonOutput;
+    QString commonPattern;
+    QSet<QString> usedOutputs;
+};
+
+} // namespace vxroi
