@@ -1,5 +1,6 @@
 #include "Memory.h"
 
+#include <array>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -27,8 +28,8 @@ double support::residentMemory() { return statusOf("VmRSS"); }
 
 double support::peakMemoryOf(const std::function<void()>& work)
 {
-    int ends[2];
-    if (pipe(ends) != 0)
+    std::array<int, 2> ends {};
+    if (pipe(ends.data()) != 0)
         return 0;
     const pid_t child = fork();
     if (child == 0) {

@@ -1,7 +1,6 @@
 #include "Blend.h"
 
 #include "PixelWords.h"
-#include "UninitializedBytes.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -31,7 +30,7 @@ vx::kernels::RedPlane vx::kernels::redPlaneOf(const QImage& words, const RowLoop
 {
     const auto width = static_cast<std::size_t>(words.width());
     const std::size_t pixels = width * static_cast<std::size_t>(words.height());
-    RedPlane plane { words.width(), words.height(), uninitializedBytes(pixels) };
+    RedPlane plane { words.width(), words.height(), uninitializedArray<quint8>(pixels) };
     for (int y = 0; y < words.height(); ++y)
         loops.readReds(wordRow(words, y), words.width(),
             plane.values.get() + static_cast<std::size_t>(y) * width);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "UninitializedArray.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -14,7 +15,7 @@ namespace vx::kernels {
 struct RedPlane {
     int width;
     int height;
-    std::unique_ptr<quint8[]> values;
+    UninitializedArray<quint8> values;
 };
 
 /// Reads the red values of \a words, an image of 32 bits per pixel.

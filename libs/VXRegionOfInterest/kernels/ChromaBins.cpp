@@ -30,10 +30,11 @@ constexpr int fewBins = 2048;
 // so each of four pixels has a table of its own.
 void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
 {
-    const auto binCount = static_cast<std::size_t>(bins.rows * bins.columns);
+    const auto binCount
+        = static_cast<std::size_t>(bins.rows) * static_cast<std::size_t>(bins.columns);
     const auto width = static_cast<std::size_t>(words.width());
     std::vector<qint32> counts(4 * binCount);
-    qint32* const tables[] = { counts.data(), counts.data() + binCount,
+    const std::array<qint32*, 4> tables { counts.data(), counts.data() + binCount,
         counts.data() + 2 * binCount, counts.data() + 3 * binCount };
     std::vector<quint32> indices(width);
     for (int y = 0; y < words.height(); ++y) {
@@ -48,7 +49,7 @@ void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
         for (; x < width; ++x)
             ++tables[0][indices[x]];
     }
-    loops.sumTables(tables, bins.rows, bins.columns, bins.values, bins.emptyRows);
+    loops.sumTables(tables.data(), bins.rows, bins.columns, bins.values, bins.emptyRows);
 }
 
 void countManyBins(const QImage& words, const Bins& bins)

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "IntegralRows.h"
+#include "UninitializedArray.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
 
-#include <memory>
 #include <vector>
 
 namespace vx::kernels {
@@ -49,7 +49,7 @@ private:
     const QImage& words;
     const RowLoops& loops;
     const std::size_t width;
-    std::unique_ptr<double[]> values; ///< not filled with zeros first: that costs as much as a pass
+    UninitializedArray<double> values;
     ChannelRowBuffer alongRow;
     ChannelRowBuffer weightedSum;
     std::vector<double> surroundWidths;

@@ -24,6 +24,7 @@ void vx::kernels::gaussianBlur(const QImage& source, const QVector<double>& weig
         return;
     }
     std::vector<QRgb> firstRow;
+    firstRow.reserve(static_cast<std::size_t>(target.width()));
     for (int x = 0; x < target.width(); ++x)
         firstRow.push_back(source.pixel(x, 0) | opaqueBlack);
     for (int y = 0; y < target.height(); ++y)

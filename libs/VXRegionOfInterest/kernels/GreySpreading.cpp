@@ -1,7 +1,6 @@
 #include "GreySpreading.h"
 
 #include "PixelWords.h"
-#include "UninitializedBytes.h"
 
 #include <algorithm>
 
@@ -24,7 +23,7 @@ public:
         , positions(length)
         , reach(std::min(arm, length - 1))
         , byteCount((positions + 2 * reach) * lanesPerPosition)
-        , covered(uninitializedBytes(static_cast<std::size_t>(byteCount)))
+        , covered(uninitializedArray<quint8>(static_cast<std::size_t>(byteCount)))
     {
     }
 
@@ -76,7 +75,7 @@ private:
     std::ptrdiff_t positions;
     std::ptrdiff_t reach;
     std::ptrdiff_t byteCount;
-    std::unique_ptr<quint8[]> covered;
+    UninitializedArray<quint8> covered;
 };
 
 } // namespace
@@ -86,7 +85,7 @@ vx::kernels::GreySpreading::GreySpreading(const QImage& sourceImage, const RowLo
     , loops(rowLoops)
     , width(source.width())
     , height(source.height())
-    , keys(uninitializedBytes(pixelCount()))
+    , keys(uninitializedArray<quint8>(pixelCount()))
 {
 }
 
@@ -103,7 +102,7 @@ bool vx::kernels::GreySpreading::readKeys(int threshold)
 
 void vx::kernels::GreySpreading::writeInto(QImage& result, int arm)
 {
-    const auto rowMaxima = uninitializedBytes(pixelCount());
+    const auto rowMaxima = uninitializedArray<quint8>(pixelCount());
     SlidingByteMaximum row(width, 1, arm, loops);
     for (int y = 0; y < height; ++y) {
         std::copy_n(keys.get() + offsetOf(y), width, row.bytes());
@@ -118,7 +117,7 @@ void vx::kernels::GreySpreading::writeInto(QImage& result, int arm)
 void vx::kernels::GreySpreading::turnIntoColumnMaxima(int arm)
 {
     SlidingByteMaximum strip(height, stripColumns, arm, loops);
-    const auto maxima = uninitializedBytes(static_cast<std::size_t>(height) * stripColumns);
+    const auto maxima = uninitializedArray<quint8>(static_cast<std::size_t>(height) * stripColumns);
     for (int x = 0; x < width; x += stripColumns) {
         const int columns = std::min(stripColumns, width - x);
         quint8* const bytes = strip.bytes();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "UninitializedArray.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -31,7 +32,7 @@ private:
     const RowLoops& loops;
     int width;
     int height;
-    std::unique_ptr<quint8[]> keys; ///< red values; in the end their maxima over columns
+    UninitializedArray<quint8> keys; ///< red values; in the end their maxima over columns
 };
 
 } // namespace vx::kernels

@@ -10,15 +10,25 @@
 
 namespace {
 
+using namespace vx::kernels;
+
 constexpr int channelCount = 3;
 constexpr int noRow = -2;
+
+// An odd number of cache lines, room for the columns of one half and for the margins.
+std::ptrdiff_t strideFor(int width)
+{
+    constexpr std::ptrdiff_t valuesPerLine = 8;
+    const std::ptrdiff_t values = width / 2 + 1 + 2 * integralMargin;
+    return (values + valuesPerLine - 1) / valuesPerLine * valuesPerLine | valuesPerLine;
+}
 
 } // namespace
 
 // An odd number of cache lines apart, the halves of all channels advance without waiting for each
 // other: a processor takes addresses for the same that differ by a multiple of 4 KiB.
 vx::kernels::IntegralRowBuffer::IntegralRowBuffer(int width)
-    : stride((width / 2 + 8 + 2 * integralMargin) / 8 * 8 | 8)
+    : stride(strideFor(width))
     , values(static_cast<std::size_t>(2 * channelCount * stride))
 {
 }
@@ -79,7 +89,7 @@ vx::kernels::IntegralRows::Held* vx::kernels::IntegralRows::find(int y)
 
 std::size_t vx::kernels::IntegralRows::pixelStride() const
 {
-    return static_cast<std::size_t>(words.width() + 2 * integralMargin);
+    return static_cast<std::size_t>(words.width()) + 2 * integralMargin;
 }
 
 // Below the image its last row is repeated; nobody asks for those sums.

@@ -46,7 +46,7 @@ private:
     // A row that is held, and which one that is.
     struct Held {
         IntegralRowBuffer sums;
-        int y;
+        int y = 0;
     };
 
     Held* find(int y);

@@ -67,6 +67,6 @@ void sumTables(
             sums[first + i] = sum;
             all |= sum;
         }
-        emptyRows[row] = all == 0;
+        emptyRows[row] = all == 0 ? 1 : 0;
     }
 }

@@ -44,12 +44,12 @@ VX_ALWAYS_INLINE void contrastChunk(const SurroundColumns& surrounds, const Cont
 
 // Rows that are worked on together.
 template <std::size_t rowCount> struct ContrastRows {
-    int width;
+    Ranges ranges;
+    Range& range;
     const SurroundColumns& surrounds;
     const SmoothingState& state;
     const ContrastRow* rows;
-    Ranges ranges;
-    Range& range;
+    int width;
 };
 
 // sumOf(row, channel, i) is the sum over the surround of the i-th of the columns.
@@ -156,7 +156,7 @@ template <std::size_t rowCount>
 void contrastEitherHalf(int width, const SurroundColumns& surrounds, const SmoothingState& state,
     const ContrastRow* rows, Range& range)
 {
-    ContrastRows<rowCount> all { width, surrounds, state, rows, {}, range };
+    ContrastRows<rowCount> all { {}, range, surrounds, state, rows, width };
     beginRanges(range, all.ranges);
     if (rows[0].above.values == nullptr)
         contrastFullRows<rowCount, true>(all);

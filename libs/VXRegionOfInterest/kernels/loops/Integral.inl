@@ -37,7 +37,7 @@ VX_ALWAYS_INLINE void loadSet(const QRgb* const* rows, std::ptrdiff_t x, SetPixe
     for (int digit = 1; digit < setRows; digit *= 2) {
         const SetPixels before = pixels;
 #pragma GCC unroll 4
-        for (int i = 0; i < setRows / 2; ++i)
+        for (std::ptrdiff_t i = 0; i < setRows / 2; ++i)
             interleave(before.steps[i], before.steps[i + setRows / 2], pixels.steps[2 * i],
                 pixels.steps[2 * i + 1]);
     }
@@ -74,7 +74,7 @@ VX_ALWAYS_INLINE void storeSteps(const SetDoubles& a, const SetDoubles& b, const
     const SetDoubles both = VX_SHUFFLED_SET(a, b, (1, 5, 3, 7), (1, 9, 3, 11, 5, 13, 7, 15));
 #endif
 #pragma GCC unroll 4
-    for (int i = 0; i < setRows / 2; ++i) {
+    for (std::ptrdiff_t i = 0; i < setRows / 2; ++i) {
         double* const columns = kept[i].values + half * kept[i].stride + pair - i;
 #ifdef __AVX__
         __builtin_memcpy(

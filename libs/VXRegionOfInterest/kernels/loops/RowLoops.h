@@ -59,7 +59,7 @@ struct Range {
 
 /// A row's red, green and blue values as numbers.
 struct ShortChannels {
-    qint16* of[3];
+    qint16* of[3]; // NOLINT(*-avoid-c-arrays): loops take no functions from std::array
 };
 
 /// How large the sums may be that are divided as small ones.
