@@ -30,9 +30,10 @@ double meanDifference(const QImage& a, const QImage& b)
 TEST(Pictures, overlayOfTheReadmeShowsWhatTheLibraryDoesToday)
 {
     const QImage scene = scenes::drawBalloon();
-    const QImage map = host::salienceMapOf(scene);
-    const QImage expected
-        = host::drawOverlay(scene, map, host::chooseWindow(map, scene.size(), { 1, 1 }));
+    const QImage map = host::salienceMapOf(
+        host::workingImageOf(scene), host::SalienceSettings::preset(QStringLiteral("photo")));
+    const QRect window = host::chooseWindow(map, scene.size(), { 1, 1 }).window;
+    const QImage expected = host::drawOverlay(scene, map, window);
     const QImage shown(QStringLiteral(DOCS_IMAGES "/overlay.jpg"));
     ASSERT_EQ(shown.size(), expected.size());
     EXPECT_LT(meanDifference(shown, expected), 3);

@@ -19,10 +19,15 @@ protected:
     const samples::SampleFolder folder;
     const QImage picture = samples::picture({ 96, 64 });
 
+    static QImage readPixels(const QString& path)
+    {
+        return host::PictureFile(path, host::ReadingRules()).readPixels();
+    }
+
     static ExitCode failureOf(const QString& path)
     {
         try {
-            host::readPicture(path);
+            readPixels(path);
         } catch (const host::HostError& error) {
             EXPECT_EQ(std::string(error.what()).rfind(path.toStdString(), 0), 0U) << error.what();
             return error.code();
@@ -33,14 +38,15 @@ protected:
 
 } // namespace
 
-TEST_F(PictureReader, readsAnyDepthAsArgb32)
+TEST_F(PictureReader, readsAnyDepth)
 {
     for (const QImage::Format format : { QImage::Format_RGB32, QImage::Format_ARGB32,
              QImage::Format_Grayscale8, QImage::Format_Grayscale16, QImage::Format_Indexed8,
              QImage::Format_RGBA64, QImage::Format_Mono }) {
         const QImage stored = picture.convertToFormat(format);
-        const QImage read = host::readPicture(folder.save(stored, QStringLiteral("depth.png")));
-        EXPECT_TRUE(support::sameImage(stored.convertToFormat(QImage::Format_ARGB32), read));
+        const QImage read = readPixels(folder.save(stored, QStringLiteral("depth.png")));
+        EXPECT_TRUE(support::sameImage(stored.convertToFormat(QImage::Format_ARGB32),
+            read.convertToFormat(QImage::Format_ARGB32)));
     }
 }
 
@@ -48,7 +54,7 @@ TEST_F(PictureReader, keepsTransparency)
 {
     QImage stored = picture.convertToFormat(QImage::Format_ARGB32);
     stored.setPixel(3, 3, qRgba(200, 100, 50, 40));
-    const QImage read = host::readPicture(folder.save(stored, QStringLiteral("alpha.png")));
+    const QImage read = readPixels(folder.save(stored, QStringLiteral("alpha.png")));
     EXPECT_EQ(read.pixel(3, 3), qRgba(200, 100, 50, 40));
 }
 
@@ -56,7 +62,7 @@ TEST_F(PictureReader, letsTheContentDecideTheFormat)
 {
     const QString path
         = folder.save(samples::encoded(picture, "png"), QStringLiteral("really-a-png.jpg"));
-    EXPECT_EQ(host::readPicture(path).size(), QSize(96, 64));
+    EXPECT_EQ(readPixels(path).size(), QSize(96, 64));
 }
 
 TEST_F(PictureReader, appliesTheExifOrientation)
@@ -69,7 +75,7 @@ TEST_F(PictureReader, appliesTheExifOrientation)
     }
     const QString turned
         = folder.save(samples::jpegWithOrientation(marked, 6), QStringLiteral("turn-right.jpg"));
-    const QImage read = host::readPicture(turned);
+    const QImage read = readPixels(turned);
     ASSERT_EQ(read.size(), QSize(64, 96));
     EXPECT_GT(qRed(read.pixel(60, 4)), 200) << "the corner is at the upper right now";
     EXPECT_LT(qRed(read.pixel(4, 4)), 50);
@@ -111,4 +117,70 @@ TEST_F(PictureReader, refusesATruncatedPicture)
                 << percent << " % of a " << format;
         }
     }
+}
+
+TEST_F(PictureReader, readsAJpegNoLargerThanItIsAnalysed)
+{
+    const QString path = folder.save(samples::picture({ 1600, 1000 }), QStringLiteral("large.jpg"));
+    host::PictureFile file(path, host::ReadingRules());
+    EXPECT_EQ(file.readWorkingImage().size(), QSize(640, 400));
+    EXPECT_EQ(file.orientedSize(), QSize(1600, 1000));
+}
+
+TEST_F(PictureReader, analysesTransparencyOnMidGrey)
+{
+    QImage clear(64, 48, QImage::Format_ARGB32);
+    clear.fill(qRgba(255, 0, 0, 0));
+    const QString path = folder.save(clear, QStringLiteral("clear.png"));
+    host::PictureFile file(path, host::ReadingRules());
+    EXPECT_EQ(file.readWorkingImage().pixel(320, 240), qRgb(128, 128, 128));
+}
+
+TEST_F(PictureReader, tellsWhereARectangleLiesInTheStoredPicture)
+{
+    // Numbered pixels: wherever a rectangle goes, it must hold the same numbers in both frames.
+    QImage numbered(7, 4, QImage::Format_RGB32);
+    for (int y = 0; y < 4; ++y) {
+        for (int x = 0; x < 7; ++x)
+            numbered.setPixel(x, y, qRgb(30 * x, 60 * y, 0));
+    }
+    const QImage large = numbered.scaled(7 * 32, 4 * 32);
+    for (char orientation = 1; orientation <= 8; ++orientation) {
+        const QString path = folder.save(
+            samples::jpegWithOrientation(large, orientation), QStringLiteral("turned.jpg"));
+        host::PictureFile file(path, host::ReadingRules());
+        EXPECT_EQ(file.orientation(), orientation);
+        EXPECT_EQ(file.orientedSize(), orientation < 5 ? large.size() : large.size().transposed());
+        const QImage seen = file.readPixels();
+        const QRect oriented(32, 64, 32, 32); // one number
+        const QRect stored = file.toStored(oriented);
+        const QRgb a = seen.pixel(oriented.center());
+        const QRgb b = large.pixel(stored.center());
+        EXPECT_NEAR(qRed(a), qRed(b), 8) << int { orientation };
+        EXPECT_NEAR(qGreen(a), qGreen(b), 8) << int { orientation };
+        EXPECT_EQ(stored.size(), QSize(32, 32));
+    }
+}
+
+TEST_F(PictureReader, refusesTooManyPixelsBeforeItDecodesThem)
+{
+    host::ReadingRules rules;
+    rules.mostPixels = 96 * 64 - 1;
+    const QString path = folder.save(picture, QStringLiteral("picture.png"));
+    EXPECT_THROW(host::PictureFile(path, rules), host::HostError);
+    rules.mostPixels = 96 * 64;
+    EXPECT_NO_THROW(host::PictureFile(path, rules));
+    rules.mostBytes = 10;
+    EXPECT_THROW(host::PictureFile(path, rules), host::HostError);
+}
+
+TEST_F(PictureReader, usesWhatThereIsOfADamagedJpegWhenAsked)
+{
+    const QByteArray part = samples::truncated(samples::encoded(picture, "jpg"), 60);
+    host::ReadingRules rules;
+    rules.onBroken = host::OnBroken::Warn;
+    host::PictureFile file(folder.save(part, QStringLiteral("part.jpg")), rules);
+    EXPECT_EQ(file.readPixels().size(), picture.size());
+    ASSERT_EQ(file.warnings().size(), 1);
+    EXPECT_TRUE(file.warnings().first().contains(QStringLiteral("truncated")));
 }

@@ -47,8 +47,9 @@ TEST_F(VxroiCrop, printsTheWindowThatTheLibraryChooses)
     const Outcome outcome = crop(path, QStringLiteral("1:1"));
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.err.isEmpty());
-    const QRect expected
-        = host::chooseWindow(host::salienceMapOf(picture), picture.size(), { 1, 1 });
+    const QImage map = host::salienceMapOf(
+        host::workingImageOf(picture), host::SalienceSettings::preset(QStringLiteral("photo")));
+    const QRect expected = host::chooseWindow(map, picture.size(), { 1, 1 }).window;
     EXPECT_EQ(windowFrom(outcome.out), expected);
     EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") }) << "writes nothing";
 }
@@ -199,7 +200,9 @@ TEST_F(VxroiCrop, holdsLessThan250MegabytesFor24Megapixels)
         samples::jpegWithOrientation(samples::picture(size), 6), QStringLiteral("turned.jpg"));
     const QString output = folder.path(QStringLiteral("cropped.jpg"));
     for (const QString& path : { plain, turned }) {
-        const Outcome outcome = crop(path, QStringLiteral("4:3"), { QStringLiteral("-o"), output });
+        const Outcome outcome = crop(path, QStringLiteral("4:3"),
+            { QStringLiteral("-o"), output, QStringLiteral("--if-exists"),
+                QStringLiteral("overwrite") });
         EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
     }
     rusage children {};

@@ -35,9 +35,9 @@ TEST(VxroiUsage, versionIsOneLine)
 
 TEST(VxroiUsage, aWrongCommandLineIsOneLineAndExitCode64)
 {
-    for (const char* const line : { "", "frame a.png", "crop", "crop a.png", "crop --ratio 1:1",
-             "crop a.png --ratio", "crop a.png --ratio 1:1 --wide", "crop a.png b.png --ratio 1:1",
-             "map", "map a.png -o b.png --ratio 1:1", "crop a.png --ratio 1:1 map" }) {
+    for (const char* const line :
+        { "", "frame a.png", "crop", "crop a.png", "crop --ratio 1:1", "crop a.png --ratio",
+            "crop a.png --ratio 1:1 --wide", "map", "map a.png -o b.png --ratio 1:1" }) {
         const Outcome outcome = runVxroi(words(line));
         EXPECT_EQ(outcome.exitCode, 64) << line;
         EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--help")))

@@ -66,10 +66,12 @@ PictureWriter::PictureWriter(const QImage& picture, const QString& path)
         if (!writer.write(isJpeg ? withoutTransparency(picture) : picture))
             throwWriteFailed(path, writer.errorString());
     }
-    file.write(content);
-    file.flush();
-    if (file.error() != QFileDevice::NoError)
-        throwWriteFailed(path, file.errorString());
+    // A disk that fills up shortens what is written, and only then refuses to write.
+    const bool isWhole = file.write(content) == content.size() && file.flush();
+    if (!isWhole)
+        throwWriteFailed(path,
+            file.error() == QFileDevice::NoError ? QStringLiteral("no room left")
+                                                 : file.errorString());
 }
 
 bool PictureWriter::differsFromExisting() const
