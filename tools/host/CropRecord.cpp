@@ -1,5 +1,7 @@
 #include "CropRecord.h"
 
+#include "Json.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -9,20 +11,6 @@
 namespace host {
 
 namespace {
-
-QJsonObject jsonOf(const QSize& size)
-{
-    return { { QStringLiteral("width"), size.width() },
-        { QStringLiteral("height"), size.height() } };
-}
-
-QJsonObject jsonOf(const QRect& rect)
-{
-    QJsonObject object = jsonOf(rect.size());
-    object.insert(QStringLiteral("x"), rect.x());
-    object.insert(QStringLiteral("y"), rect.y());
-    return object;
-}
 
 // Shares have four digits after the point, so that they read well.
 double rounded(double share) { return std::round(share * 10000) / 10000; }
@@ -42,7 +30,7 @@ QString nameOf(Written written)
     return QString();
 }
 
-QJsonObject jsonOf(const CropResult& crop)
+QJsonObject cropJson(const CropResult& crop)
 {
     QJsonObject object {
         { QStringLiteral("shape"), crop.shape },
@@ -62,7 +50,7 @@ QJsonObject jsonOf(const CropResult& crop)
     return object;
 }
 
-QJsonObject jsonOf(const HostError& failure)
+QJsonObject failureJson(const HostError& failure)
 {
     return { { QStringLiteral("code"), static_cast<int>(failure.code()) },
         { QStringLiteral("reason"), failure.reason() },
@@ -76,7 +64,7 @@ QByteArray CropRecord::toJson() const
     QJsonObject object { { QStringLiteral("path"), path },
         { QStringLiteral("status"), failure ? QStringLiteral("failed") : QStringLiteral("ok") } };
     if (failure) {
-        object.insert(QStringLiteral("error"), jsonOf(*failure));
+        object.insert(QStringLiteral("error"), failureJson(*failure));
     } else {
         QJsonObject picture { { QStringLiteral("format"), format },
             { QStringLiteral("orientation"), orientation },
@@ -85,7 +73,7 @@ QByteArray CropRecord::toJson() const
         object.insert(QStringLiteral("picture"), picture);
         QJsonArray list;
         for (const CropResult& crop : crops)
-            list.append(jsonOf(crop));
+            list.append(cropJson(crop));
         object.insert(QStringLiteral("crops"), list);
     }
     if (!warnings.isEmpty())

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <new>
 #include <utility>
 
 namespace host {
@@ -43,15 +44,26 @@ CropRecord Cropper::crop(const CropTask& task)
     CropRecord record;
     record.path = task.path;
     try {
-        fill(record, task);
+        plan(record, task);
+        try {
+            fill(record, task);
+        } catch (const HostError&) {
+            refuseForeignOutputs(task);
+            throw;
+        }
     } catch (const HostError& error) {
-        record.crops.clear();
         record.failure = error;
+    } catch (const std::bad_alloc&) {
+        record.failure = HostError(ExitCode::Internal, task.path,
+            QStringLiteral("there is not enough memory for it"),
+            QStringLiteral("crop fewer pictures at once, or smaller ones"));
     }
+    if (record.failure)
+        record.crops.clear();
     return record;
 }
 
-void Cropper::fill(CropRecord& record, const CropTask& task)
+void Cropper::plan(CropRecord& record, const CropTask& task) const
 {
     for (int i = 0; i < task.shapes.size(); ++i) {
         CropResult crop;
@@ -62,6 +74,20 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
         crop.written = planFor(crop.outputPath);
         record.crops.append(crop);
     }
+}
+
+// An earlier run wrote no output of a picture that fails: what is there was there before, and would
+// have been refused first.
+void Cropper::refuseForeignOutputs(const CropTask& task) const
+{
+    for (const QString& output : task.outputs) {
+        if (rules.isResumed && rules.ifExists == IfExists::Fail && QFileInfo::exists(output))
+            throwIsThere(output);
+    }
+}
+
+void Cropper::fill(CropRecord& record, const CropTask& task)
+{
     PictureFile picture(task.path, rules.reading);
     record.format = picture.format();
     record.stored = picture.storedSize();
@@ -100,6 +126,11 @@ void Cropper::choose(
         crop.salience = salienceWithin(map, size, window);
         crop.centreSalience = salienceWithin(map, size, centredIn(size, window.size()));
         crop.outputSize = task.shapes.at(i).outputSize(window.size(), rules.upscales);
+        const qint64 pixels = qint64 { crop.outputSize.width() } * crop.outputSize.height();
+        if (pixels > rules.reading.mostPixels)
+            throw HostError(ExitCode::Usage, crop.shape,
+                QStringLiteral("more pixels than are allowed"),
+                QStringLiteral("allow them with --max-pixels %1").arg(pixels));
     }
 }
 
@@ -108,17 +139,24 @@ Written Cropper::planFor(const QString& output) const
     if (output.isEmpty())
         return Written::Nothing;
     const bool exists = QFileInfo::exists(output);
-    if (exists && rules.ifExists == IfExists::Fail)
+    if (exists && !rules.isResumed)
+        return planForOtherContent(output);
+    return rules.isDryRun ? Written::Planned : Written::File;
+}
+
+Written Cropper::planForOtherContent(const QString& output) const
+{
+    if (rules.ifExists == IfExists::Fail)
         throwIsThere(output);
-    if (exists && rules.ifExists == IfExists::Skip)
+    if (rules.ifExists == IfExists::Skip)
         return Written::Skipped;
     return rules.isDryRun ? Written::Planned : Written::File;
 }
 
-void Cropper::write(const CropRecord& record, QImage pixels) const
+void Cropper::write(CropRecord& record, QImage pixels) const
 {
     std::deque<PictureWriter> files;
-    for (const CropResult& crop : record.crops) {
+    for (CropResult& crop : record.crops) {
         if (crop.written != Written::File)
             continue;
         if (rules.makesFolders)
@@ -129,8 +167,10 @@ void Cropper::write(const CropRecord& record, QImage pixels) const
                 ? view.scaled(crop.outputSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                 : view,
             crop.outputPath);
-        if (rules.ifExists == IfExists::Compare && files.back().differsFromExisting())
-            throwIsThere(crop.outputPath);
+        if (files.back().differsFromExisting())
+            crop.written = planForOtherContent(crop.outputPath);
+        if (crop.written != Written::File)
+            files.pop_back();
     }
     for (PictureWriter& file : files)
         file.commit();

@@ -15,7 +15,6 @@ enum class IfExists {
     Fail,
     Skip,
     Overwrite,
-    Compare, ///< let it be when it is what would be written, else fail
 };
 
 /// What holds for every picture of a run.
@@ -23,6 +22,8 @@ struct CropRules {
     SalienceSettings salience;
     ReadingRules reading;
     IfExists ifExists = IfExists::Fail;
+    bool isResumed
+        = false; ///< a file that is what would be written is from an earlier run: it counts
     bool upscales = false; ///< enlarge a window that is smaller than the size asked for
     bool isDryRun = false; ///< write no file
     bool makesFolders = false; ///< make the folders that outputs go to
@@ -48,11 +49,14 @@ public:
     CropRecord crop(const CropTask& task);
 
 private:
+    void plan(CropRecord& record, const CropTask& task) const;
+    void refuseForeignOutputs(const CropTask& task) const;
     void fill(CropRecord& record, const CropTask& task);
     void choose(CropRecord& record, const CropTask& task, const QImage& map,
         const PictureFile& picture) const;
-    void write(const CropRecord& record, QImage pixels) const;
+    void write(CropRecord& record, QImage pixels) const;
     Written planFor(const QString& output) const;
+    Written planForOtherContent(const QString& output) const;
 
     CropRules rules;
     int budget; ///< in thousands of pixels

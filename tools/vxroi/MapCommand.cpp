@@ -1,20 +1,16 @@
 #include "MapCommand.h"
 
+#include "OutputFiles.h"
+
 #include "host/CropWindow.h"
-#include "host/Cropper.h"
 #include "host/HostError.h"
 #include "host/Overlay.h"
 #include "host/PictureReader.h"
-#include "host/PictureWriter.h"
 #include "host/SalienceMap.h"
 
 #include <QDir>
-#include <QFileInfo>
-#include <QSet>
 
-#include <deque>
 #include <optional>
-#include <utility>
 
 namespace vxroi {
 
@@ -31,50 +27,12 @@ std::optional<host::AspectRatio> ratioOf(const std::string& text)
     return host::parseAspectRatio(QString::fromStdString(text));
 }
 
-void requirePng(const QString& path)
-{
-    if (QFileInfo(path).suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
-        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("a map is written as PNG"),
-            QStringLiteral("end its name in .png"));
-}
-
 void createFolder(const QString& path)
 {
     if (!QDir().mkpath(path))
         throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be made a folder"),
             QStringLiteral("name a folder, or a place where one can be made"));
 }
-
-// Files that are written together and appear together, once all of them could be encoded.
-class OutputFiles {
-public:
-    explicit OutputFiles(QString inputPath)
-        : input(std::move(inputPath))
-    {
-    }
-
-    void add(const QImage& image, const QString& path)
-    {
-        host::refuseToOverwriteInput(input, path);
-        const QString absolutePath = QFileInfo(path).absoluteFilePath();
-        if (paths.contains(absolutePath))
-            throw HostError(ExitCode::Usage, path, QStringLiteral("named for two outputs"),
-                QStringLiteral("give them different names"));
-        paths.insert(absolutePath);
-        files.emplace_back(image, path);
-    }
-
-    void commit()
-    {
-        for (host::PictureWriter& file : files)
-            file.commit();
-    }
-
-private:
-    QString input;
-    QSet<QString> paths;
-    std::deque<host::PictureWriter> files;
-};
 
 } // namespace
 
@@ -107,7 +65,7 @@ void runMap(const MapArguments& arguments)
     const auto shown = [&](const QImage& levels) {
         return arguments.stretch ? host::stretched(levels) : levels;
     };
-    OutputFiles files(input);
+    OutputFiles files(input, arguments.ifExists);
     if (!mapPath.isEmpty())
         files.add(shown(map), mapPath);
     if (!overlayPath.isEmpty()) {

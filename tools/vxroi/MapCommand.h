@@ -16,6 +16,7 @@ struct MapArguments {
     std::string ratio; ///< empty: outline no crop in the overlay
     std::vector<std::string> keep; ///< very important areas
     bool stretch = false; ///< stretch the levels of maps from black to white
+    std::string ifExists = "fail";
     AnalysisOptions analysis;
 };
 

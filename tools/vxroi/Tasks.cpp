@@ -14,9 +14,9 @@ TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes)
     , commonPattern(QString::fromStdString(options.output))
 {
     if (needsShapes && commonShapes.isEmpty())
-        throw HostError(ExitCode::Usage, QStringLiteral("crop"),
+        throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
             QStringLiteral("no shape is named"),
-            QStringLiteral("add --ratio 16:9 or --size 1200x630; see vxroi crop --help"));
+            QStringLiteral("add --ratio 16:9 or --size 1200x630"));
 }
 
 TaskPlan::Planned TaskPlan::plan(const Input& input)

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <QSize>
+#include <QVector>
+
+namespace host {
+
+/// One cell of a grid laid over a picture.
+struct GridCell {
+    int column; ///< from 0, at the left
+    int row; ///< from 0, at the top
+    QRect area; ///< in picture pixels; empty where the picture has fewer pixels than the grid cells
+    int level; ///< 0 to 255: 128 for a cell as salient as the average, 255 for twice as much or more
+};
+
+/// A grid over a picture, each cell rated by how much of the map it holds.
+struct CellGrid {
+    QImage picture; ///< the cells painted in their levels, about as large as the map
+    QVector<GridCell> cells; ///< row by row
+};
+
+/// Rates the cells of a grid with VXSalienzClusterer. The map is scaled so that all cells are equally
+/// large.
+/// \param map the picture's salience map; not null.
+/// \param pictureSize size of the picture in pixels; both sides above 0.
+/// \param grid columns and rows, each at least 2.
+CellGrid rateCells(const QImage& map, const QSize& pictureSize, const QSize& grid);
+
+/// Reads a grid such as "12x8", columns and rows, each 2 to 200.
+/// \throws HostError when \a text is anything else.
+QSize parseGrid(const QString& text);
+
+} // namespace host

@@ -1,0 +1,124 @@
+#include "BatchCommand.h"
+
+#include "Inputs.h"
+#include "Interruption.h"
+#include "OrderedWork.h"
+#include "Progress.h"
+#include "RecordFile.h"
+#include "Tasks.h"
+
+#include "host/CodecMessages.h"
+
+#include <optional>
+
+namespace vxroi {
+
+namespace {
+
+using host::CropRecord;
+using host::ExitCode;
+using host::HostError;
+
+std::unique_ptr<Inputs> inputsOf(const BatchArguments& arguments)
+{
+    if (arguments.folder.empty() == arguments.from.empty())
+        throw HostError(ExitCode::Usage, QStringLiteral("batch"),
+            QStringLiteral("wants a folder or a list, and not both"),
+            QStringLiteral("name a folder, or add --from FILE; see vxroi batch --help"));
+    const Shard shard = parseShard(arguments.shard);
+    if (arguments.folder.empty())
+        return std::make_unique<ListedInputs>(
+            QString::fromStdString(arguments.from), arguments.nulSeparated, shard);
+    return std::make_unique<FolderInputs>(
+        QString::fromStdString(arguments.folder), arguments.recursive, shard, arguments.crop);
+}
+
+host::CropRules rulesOf(const BatchArguments& arguments)
+{
+    host::CropRules rules = arguments.crop.rules(arguments.analysis);
+    rules.isResumed = !arguments.resume.empty();
+    return rules;
+}
+
+// One run over all inputs.
+class Batch {
+public:
+    explicit Batch(const BatchArguments& arguments)
+        : inputs(inputsOf(arguments))
+        , plan(arguments.crop, arguments.from.empty())
+        , cropper(rulesOf(arguments), arguments.analysis.maxPixels)
+        , records(QString::fromStdString(arguments.resume))
+        , progress(inputs->count(), arguments.quiet)
+        , work(arguments.jobs > 0 ? arguments.jobs : defaultWorkerCount())
+    {
+    }
+
+    ExitCode run()
+    {
+        const Interruption interruption;
+        while (const std::optional<Input> input = nextInput()) {
+            begin(*input);
+            if (work.isFull())
+                finishOne();
+        }
+        while (!work.isEmpty())
+            finishOne();
+        progress.finish();
+        if (Interruption::isRequested())
+            throw HostError(ExitCode::Interrupted, QStringLiteral("interrupted"),
+                QStringLiteral("%1 pictures have their records").arg(progress.done()),
+                QStringLiteral("a run with --resume does the rest"));
+        if (progress.done() == 0)
+            throw HostError(ExitCode::MissingInput, QStringLiteral("batch"),
+                QStringLiteral("there is no picture"),
+                QStringLiteral("check the folder or the list, and --recursive"));
+        return progress.failed() > 0 ? ExitCode::SomeFailed : ExitCode::Success;
+    }
+
+private:
+    std::optional<Input> nextInput()
+    {
+        return Interruption::isRequested() ? std::nullopt : inputs->next();
+    }
+
+    void begin(const Input& input)
+    {
+        // Also for what an earlier run has done: its outputs are taken.
+        TaskPlan::Planned planned = plan.plan(input);
+        bool hasFailed = false;
+        if (records.takeKept(input.path, hasFailed)) {
+            progress.addKept(hasFailed);
+            return;
+        }
+        work.begin([this, planned = std::move(planned)]() -> std::optional<CropRecord> {
+            if (Interruption::isRequested())
+                return std::nullopt;
+            return planned.record.failure ? planned.record : cropper.crop(planned.task);
+        });
+    }
+
+    void finishOne()
+    {
+        const std::optional<CropRecord> record = work.finishFirst();
+        wasCutShort = wasCutShort || !record;
+        if (wasCutShort)
+            return;
+        records.write(record->toJson());
+        progress.addDone(
+            record->failure ? std::string("vxroi: ") + record->failure->what() + '\n' : "");
+    }
+
+    std::unique_ptr<Inputs> inputs;
+    TaskPlan plan;
+    host::Cropper cropper;
+    RecordFile records;
+    Progress progress;
+    bool wasCutShort = false; ///< an input was not begun: no record may follow
+    OrderedWork<std::optional<CropRecord>> work;
+};
+
+} // namespace
+
+ExitCode runBatch(const BatchArguments& arguments) { return Batch(arguments).run(); }
+
+} // namespace vxroi

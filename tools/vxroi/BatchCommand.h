@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Options.h"
+
+#include <string>
+
+namespace vxroi {
+
+/// The command line of `vxroi batch`, as given.
+struct BatchArguments {
+    std::string folder; ///< empty: a list is named
+    bool recursive = false;
+    std::string from; ///< a file of paths or inputs, "-" for standard input
+    bool nulSeparated = false;
+    std::string shard; ///< empty: all of the list
+    std::string resume; ///< empty: records go to standard output
+    int jobs = 0; ///< 0: one for each core
+    bool quiet = false;
+    CropOptions crop;
+    AnalysisOptions analysis;
+};
+
+/// Crops the pictures of a folder or a list on all cores, and writes one record of JSON for each, in
+/// the order of the list. Failures of single pictures are in their records.
+/// \throws host::HostError when the command line is wrong, there is no picture, or the records cannot
+/// be written.
+host::ExitCode runBatch(const BatchArguments& arguments);
+
+} // namespace vxroi

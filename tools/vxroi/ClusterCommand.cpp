@@ -1,0 +1,57 @@
+#include "ClusterCommand.h"
+
+#include "OutputFiles.h"
+
+#include "host/CellGrid.h"
+#include "host/Json.h"
+#include "host/PictureReader.h"
+#include "host/SalienceMap.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <iostream>
+
+namespace vxroi {
+
+namespace {
+
+QJsonObject jsonOf(const host::GridCell& cell)
+{
+    return { { QStringLiteral("column"), cell.column }, { QStringLiteral("row"), cell.row },
+        { QStringLiteral("area"), host::jsonOf(cell.area) },
+        { QStringLiteral("level"), cell.level } };
+}
+
+} // namespace
+
+void runCluster(const ClusterArguments& arguments)
+{
+    const QString input = QString::fromStdString(arguments.picture);
+    const QString output = QString::fromStdString(arguments.output);
+    const QSize grid = host::parseGrid(QString::fromStdString(arguments.grid));
+    const host::SalienceSettings settings = arguments.analysis.salience();
+    if (!output.isEmpty())
+        requirePng(output);
+
+    host::PictureFile picture(input, arguments.analysis.reading());
+    const QImage map = host::salienceMapOf(picture.readWorkingImage(), settings);
+    const host::CellGrid rated = host::rateCells(map, picture.orientedSize(), grid);
+    if (!output.isEmpty()) {
+        OutputFiles files(input, arguments.ifExists);
+        files.add(rated.picture, output);
+        files.commit();
+    }
+
+    QJsonArray cells;
+    for (const host::GridCell& cell : rated.cells)
+        cells.append(jsonOf(cell));
+    const QJsonObject table { { QStringLiteral("path"), input },
+        { QStringLiteral("oriented"), host::jsonOf(picture.orientedSize()) },
+        { QStringLiteral("columns"), grid.width() }, { QStringLiteral("rows"), grid.height() },
+        { QStringLiteral("cells"), cells } };
+    std::cout << QJsonDocument(table).toJson(QJsonDocument::Compact).constData() << '\n';
+}
+
+} // namespace vxroi

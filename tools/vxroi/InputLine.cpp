@@ -1,0 +1,103 @@
+#include "InputLine.h"
+
+#include "Options.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+
+namespace vxroi {
+
+namespace {
+
+using host::ExitCode;
+using host::HostError;
+
+const QString pathKey = QStringLiteral("path");
+const QString keepKey = QStringLiteral("keep");
+const QString focusKey = QStringLiteral("focus");
+const QString ratiosKey = QStringLiteral("ratios");
+const QString outKey = QStringLiteral("out");
+
+// What is wrong with a line, for the record of its input.
+[[noreturn]] void refuse(const QString& reason)
+{
+    throw HostError(ExitCode::Usage, QStringLiteral("line"), reason,
+        QStringLiteral("write an object such as {\"path\": \"a.jpg\", \"ratios\": [\"1:1\"]}"));
+}
+
+QString stringOf(const QJsonValue& value, const QString& key)
+{
+    if (!value.isString() || value.toString().isEmpty())
+        refuse(QStringLiteral("\"%1\" is no text").arg(key));
+    return value.toString();
+}
+
+QJsonArray arrayOf(const QJsonValue& value, const QString& key)
+{
+    if (!value.isArray())
+        refuse(QStringLiteral("\"%1\" is no array").arg(key));
+    return value.toArray();
+}
+
+// The numbers of an array with commas between them, as they are written on a command line.
+QString withCommas(const QJsonArray& numbers, const QString& key)
+{
+    QStringList texts;
+    for (const QJsonValue& number : numbers) {
+        if (!number.isDouble())
+            refuse(QStringLiteral("\"%1\" holds something else than numbers").arg(key));
+        texts.append(QString::number(number.toDouble(), 'g', 12));
+    }
+    return texts.join(QLatin1Char(','));
+}
+
+void requireKnownKeys(const QJsonObject& object)
+{
+    const QStringList known { pathKey, keepKey, focusKey, ratiosKey, outKey };
+    for (const QString& key : object.keys()) {
+        if (!known.contains(key))
+            refuse(QStringLiteral("\"%1\" is not known").arg(key));
+    }
+}
+
+void fill(Input& input, const QJsonObject& object)
+{
+    requireKnownKeys(object);
+    host::Wishes wishes;
+    if (object.contains(keepKey)) {
+        for (const QJsonValue& area : arrayOf(object.value(keepKey), keepKey))
+            wishes.keep.append(parseArea(withCommas(arrayOf(area, keepKey), keepKey)));
+    }
+    if (object.contains(focusKey))
+        wishes.focus = parsePoint(withCommas(arrayOf(object.value(focusKey), focusKey), focusKey));
+    if (object.contains(keepKey) || object.contains(focusKey))
+        input.wishes = wishes;
+    if (object.contains(ratiosKey)) {
+        for (const QJsonValue& ratio : arrayOf(object.value(ratiosKey), ratiosKey))
+            input.shapes += host::parseRatios(stringOf(ratio, ratiosKey));
+    }
+    if (object.contains(outKey))
+        input.output = stringOf(object.value(outKey), outKey);
+}
+
+} // namespace
+
+Input inputFromJson(const QByteArray& line, qint64 lineNumber)
+{
+    Input input { QStringLiteral("(line %1)").arg(lineNumber) };
+    try {
+        QJsonParseError error {};
+        const QJsonDocument document = QJsonDocument::fromJson(line, &error);
+        if (!document.isObject())
+            refuse(QStringLiteral("not JSON: %1").arg(error.errorString()));
+        input.path = stringOf(document.object().value(pathKey), pathKey);
+        fill(input, document.object());
+    } catch (const HostError& error) {
+        input.failure = error;
+    }
+    return input;
+}
+
+} // namespace vxroi

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QThreadPool>
+
+#include <deque>
+#include <functional>
+#include <future>
+#include <memory>
+#include <utility>
+
+namespace vxroi {
+
+/// How many pictures are worked on at a time unless the user says: one for each core.
+int defaultWorkerCount();
+
+/// Work on several cores whose results are taken in the order in which it was begun. What is begun and
+/// not taken is bounded, and so is its memory.
+///
+/// It runs in Qt's global thread pool: Qt's own scaling, which uses that pool too, then does not start
+/// threads beside the workers.
+template <typename Result> class OrderedWork {
+public:
+    /// \param workers how many run at a time, at least 1.
+    explicit OrderedWork(int workers)
+        : mostBegun(static_cast<std::size_t>(workers) * begunPerWorker)
+    {
+        QThreadPool::globalInstance()->setMaxThreadCount(workers);
+    }
+
+    /// Waits for what has begun.
+    ~OrderedWork() { QThreadPool::globalInstance()->waitForDone(); }
+    OrderedWork(const OrderedWork&) = delete;
+    OrderedWork& operator=(const OrderedWork&) = delete;
+
+    bool isEmpty() const { return results.empty(); }
+
+    /// Whether a result should be taken before more is begun.
+    bool isFull() const { return results.size() >= mostBegun; }
+
+    void begin(std::function<Result()> task)
+    {
+        const auto packaged = std::make_shared<std::packaged_task<Result()>>(std::move(task));
+        results.push_back(packaged->get_future());
+        QThreadPool::globalInstance()->start([packaged] { (*packaged)(); });
+    }
+
+    /// Waits for the result of the task that was begun first, and takes it. \pre !isEmpty()
+    Result finishFirst()
+    {
+        Result result = results.front().get();
+        results.pop_front();
+        return result;
+    }
+
+private:
+    // Enough that workers find work while the first of the queue is still busy.
+    static constexpr std::size_t begunPerWorker = 4;
+
+    std::size_t mostBegun;
+    std::deque<std::future<Result>> results;
+};
+
+} // namespace vxroi

@@ -1,0 +1,62 @@
+#include "OutputFiles.h"
+
+#include "host/HostError.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace vxroi {
+
+using host::ExitCode;
+using host::HostError;
+
+void addIfExistsOption(CLI::App& command, std::string& ifExists)
+{
+    command.add_option("--if-exists", ifExists, "what to do with outputs that are there already")
+        ->type_name("WHAT")
+        ->check(CLI::IsMember({ "fail", "overwrite" }))
+        ->capture_default_str();
+}
+
+void requireFreeName(const QString& input, const QString& output, const std::string& ifExists)
+{
+    host::refuseToOverwriteInput(input, output);
+    if (ifExists == "fail" && QFileInfo::exists(output))
+        throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there already"),
+            QStringLiteral("choose another name, or --if-exists overwrite"));
+}
+
+OutputFiles::OutputFiles(QString inputPath, std::string ifExistsWish)
+    : input(std::move(inputPath))
+    , ifExists(std::move(ifExistsWish))
+{
+}
+
+void OutputFiles::add(const QImage& image, const QString& path)
+{
+    requireFreeName(input, path, ifExists);
+    const QString absolutePath = QFileInfo(path).absoluteFilePath();
+    if (paths.contains(absolutePath))
+        throw HostError(ExitCode::Usage, path, QStringLiteral("named for two outputs"),
+            QStringLiteral("give them different names"));
+    paths.insert(absolutePath);
+    files.emplace_back(image, path);
+}
+
+void OutputFiles::commit()
+{
+    for (host::PictureWriter& file : files)
+        file.commit();
+}
+
+void requirePng(const QString& path)
+{
+    if (QFileInfo(path).suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
+        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("a map is written as PNG"),
+            QStringLiteral("end its name in .png"));
+}
+
+} // namespace vxroi

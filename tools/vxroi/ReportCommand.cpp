@@ -1,0 +1,119 @@
+#include "ReportCommand.h"
+
+#include "Inputs.h"
+#include "OrderedWork.h"
+#include "OutputFiles.h"
+#include "ReportEntry.h"
+
+#include "host/CodecMessages.h"
+#include "host/HostError.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace vxroi {
+
+namespace {
+
+using host::ExitCode;
+using host::HostError;
+
+QStringList picturesOf(const ReportArguments& arguments)
+{
+    QStringList pictures;
+    for (const std::string& input : arguments.inputs) {
+        const QString path = QString::fromStdString(input);
+        pictures += QFileInfo(path).isDir() ? picturesIn(path, arguments.recursive)
+                                            : QStringList { path };
+    }
+    if (pictures.isEmpty())
+        throw HostError(ExitCode::MissingInput, QStringLiteral("report"),
+            QStringLiteral("there is no picture in the folder"),
+            QStringLiteral("name another, or add --recursive"));
+    return pictures;
+}
+
+// A page that appears whole when it is finished, or not at all.
+class Page {
+public:
+    explicit Page(const QString& path)
+        : file(path)
+    {
+        if (!file.open(QIODevice::WriteOnly))
+            throw HostError(ExitCode::CannotCreate, path, file.errorString(),
+                QStringLiteral("choose a folder that exists and can be written to"));
+    }
+
+    void add(const QByteArray& html) { isWhole = file.write(html) == html.size() && isWhole; }
+
+    void addPart(const char* name)
+    {
+        QFile part(QStringLiteral(":/report/") + QLatin1String(name));
+        part.open(QIODevice::ReadOnly);
+        add(part.readAll());
+    }
+
+    void finish()
+    {
+        if (!isWhole || !file.commit())
+            throw HostError(ExitCode::WriteFailed, file.fileName(), file.errorString(),
+                QStringLiteral("make room on the disk or choose another folder"));
+    }
+
+private:
+    QSaveFile file;
+    bool isWhole = true;
+};
+
+} // namespace
+
+ExitCode runReport(const ReportArguments& arguments)
+{
+    const QStringList pictures = picturesOf(arguments);
+    const QString output = QString::fromStdString(arguments.output);
+    for (const QString& picture : pictures)
+        requireFreeName(picture, output, arguments.ifExists);
+    const auto shapes = host::parseRatios(QString::fromStdString(arguments.ratios));
+    const host::SalienceSettings settings = arguments.analysis.salience();
+    const host::ReadingRules rules = arguments.analysis.reading();
+
+    Page page(output);
+    page.addPart("head.html");
+    page.add(
+        QStringLiteral("<p>%1 pictures. A number says how much of the map a window keeps.</p>\n")
+            .arg(pictures.size())
+            .toUtf8());
+    page.addPart("sorting.html");
+    page.add("<main id=\"pictures\">\n");
+
+    struct Article {
+        QByteArray html;
+        QString failure;
+    };
+    OrderedWork<Article> work(defaultWorkerCount());
+    bool hasFailed = false;
+    const auto finishOne = [&] {
+        const Article article = work.finishFirst();
+        page.add(article.html);
+        if (!article.failure.isEmpty())
+            host::writeError("vxroi: " + article.failure.toStdString() + '\n');
+        hasFailed = hasFailed || !article.failure.isEmpty();
+    };
+    for (int position = 0; position < pictures.size(); ++position) {
+        work.begin([&, position]() -> Article {
+            const ReportEntry entry = reportEntryOf(pictures.at(position), shapes, settings, rules);
+            return { articleOf(entry, position), entry.failure };
+        });
+        if (work.isFull())
+            finishOne();
+    }
+    while (!work.isEmpty())
+        finishOne();
+    page.add("</main>\n");
+    page.addPart("tail.html");
+    page.finish();
+    return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
+}
+
+} // namespace vxroi

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Options.h"
+
+#include <string>
+#include <vector>
+
+namespace vxroi {
+
+/// The command line of `vxroi report`, as given.
+struct ReportArguments {
+    std::vector<std::string> inputs; ///< pictures, and folders of them
+    bool recursive = false;
+    std::string output;
+    std::string ratios = "1:1";
+    std::string ifExists = "fail";
+    AnalysisOptions analysis;
+};
+
+/// Writes one page of HTML, with all its pictures in it, that shows for each input its crop beside the
+/// centre crop, its maps and the numbers.
+/// \throws host::HostError when the page cannot be written, or there is no picture.
+host::ExitCode runReport(const ReportArguments& arguments);
+
+} // namespace vxroi
