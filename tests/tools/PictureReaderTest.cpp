@@ -1,8 +1,11 @@
 #include "host/PictureReader.h"
 
+#include "CmykJpeg.h"
 #include "SampleFiles.h"
 #include "host/HostError.h"
 #include "support/ImageAssert.h"
+
+#include <QColorSpace>
 
 #include <algorithm>
 #include <iterator>
@@ -183,4 +186,46 @@ TEST_F(PictureReader, usesWhatThereIsOfADamagedJpegWhenAsked)
     EXPECT_EQ(file.readPixels().size(), picture.size());
     ASSERT_EQ(file.warnings().size(), 1);
     EXPECT_TRUE(file.warnings().first().contains(QStringLiteral("truncated")));
+}
+
+TEST_F(PictureReader, convertsCmykWithAWarningAndDropsTheProfileOfTheInks)
+{
+    QByteArray profile = QColorSpace(QColorSpace::SRgb).iccProfile();
+    profile.replace(16, 4, "CMYK"); // the colours that the profile speaks of
+    host::PictureFile file(
+        folder.save(samples::cmykJpeg({ 64, 48 }, profile), QStringLiteral("inks.jpg")),
+        host::ReadingRules());
+    const QImage read = file.readPixels();
+    EXPECT_EQ(read.size(), QSize(64, 48));
+    EXPECT_TRUE(read.colorSpace().iccProfile().isEmpty());
+    ASSERT_EQ(file.warnings().size(), 1);
+    EXPECT_TRUE(file.warnings().first().startsWith(QStringLiteral("CMYK")));
+}
+
+TEST_F(PictureReader, usesTheFirstFrameOfAnAnimationAndSaysSo)
+{
+    // Two frames of one pixel: the first black, the second white.
+    const QByteArray frame = QByteArray::fromHex("2C000000000100010000");
+    const QByteArray gif = QByteArray("GIF89a")
+        + QByteArray::fromHex("01000100800000"
+                              "000000FFFFFF")
+        + frame + QByteArray::fromHex("0202440100") + frame + QByteArray::fromHex("02024C01003B");
+    host::PictureFile file(folder.save(gif, QStringLiteral("moving.gif")), host::ReadingRules());
+    EXPECT_EQ(file.readPixels().pixel(0, 0), qRgb(0, 0, 0));
+    ASSERT_EQ(file.warnings().size(), 1);
+    EXPECT_TRUE(file.warnings().first().startsWith(QStringLiteral("animated")));
+}
+
+TEST_F(PictureReader, keepsProfileAndResolutionOfATurnedPicture)
+{
+    QImage tagged = picture;
+    tagged.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+    tagged.setDotsPerMeterX(3937);
+    tagged.setDotsPerMeterY(7874);
+    for (char orientation = 1; orientation <= 8; ++orientation) {
+        const QImage read = readPixels(folder.save(
+            samples::jpegWithOrientation(tagged, orientation), QStringLiteral("tagged.jpg")));
+        EXPECT_EQ(read.colorSpace(), QColorSpace(QColorSpace::AdobeRgb)) << int { orientation };
+        EXPECT_EQ(read.dotsPerMeterX(), orientation < 5 ? 3937 : 7874) << int { orientation };
+    }
 }

@@ -3,8 +3,11 @@
 #include "scenes/SampleScenes.h"
 
 #include <QBuffer>
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
+
+#include <zlib.h>
 
 namespace samples {
 
@@ -58,6 +61,27 @@ QByteArray jpegWithOrientation(const QImage& image, char orientation)
                                           "00000000"); // no further directory
     exif[28] = orientation;
     return encoded(image, "jpg").insert(2, exif); // behind the start-of-image marker
+}
+
+QByteArray pngClaiming(const QSize& size, int bytes)
+{
+    const auto chunk = [](const QByteArray& kind, const QByteArray& content) {
+        QByteArray whole;
+        QDataStream stream(&whole, QIODevice::WriteOnly);
+        const QByteArray checked = kind + content;
+        stream << static_cast<quint32>(content.size());
+        stream.writeRawData(checked.constData(), checked.size());
+        stream << static_cast<quint32>(crc32(0, reinterpret_cast<const Bytef*>(checked.constData()),
+            static_cast<uInt>(checked.size())));
+        return whole;
+    };
+    QByteArray header;
+    QDataStream stream(&header, QIODevice::WriteOnly);
+    stream << static_cast<quint32>(size.width()) << static_cast<quint32>(size.height())
+           << quint8 { 8 } << quint8 { 2 } << quint8 { 0 } << quint8 { 0 } << quint8 { 0 };
+    return QByteArray::fromHex("89504E470D0A1A0A") + chunk("IHDR", header)
+        + chunk("IDAT", qCompress(QByteArray(bytes * 1000, 0)).mid(4))
+        + chunk("IEND", QByteArray());
 }
 
 QByteArray truncated(const QByteArray& bytes, int percent)

@@ -38,6 +38,9 @@ QByteArray encoded(const QImage& image, const char* format);
 /// A JPEG of \a image whose EXIF data says \a orientation, 1 to 8.
 QByteArray jpegWithOrientation(const QImage& image, char orientation);
 
+/// A PNG whose header claims \a size, with \a bytes of zeros in place of the compressed pixels.
+QByteArray pngClaiming(const QSize& size, int bytes);
+
 /// The first \a percent of \a bytes.
 QByteArray truncated(const QByteArray& bytes, int percent);
 

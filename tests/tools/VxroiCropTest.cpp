@@ -188,6 +188,19 @@ TEST_F(VxroiCrop, saysSoWhenTheWindowCannotBePrinted)
     expectFailure(outcome, 74, QStringLiteral("standard output"));
 }
 
+TEST_F(VxroiCrop, refusesASmallFileThatClaimsAHugePictureBeforeItTakesMemory)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer reserves more memory than that";
+#endif
+    const QByteArray bomb = samples::pngClaiming({ 20000, 20000 }, 48000);
+    EXPECT_GE(bomb.size(), 40000);
+    const QString path = folder.save(bomb, QStringLiteral("bomb.png"));
+    const Outcome outcome = runShell(
+        QStringLiteral("ulimit -d 60000; exec \"$VXROI\" crop '%1' --ratio 1:1").arg(path));
+    expectFailure(outcome, 65, QStringLiteral("--max-pixels 400000000"));
+}
+
 TEST_F(VxroiCrop, holdsLessThan250MegabytesFor24Megapixels)
 {
 #ifdef __SANITIZE_ADDRESS__

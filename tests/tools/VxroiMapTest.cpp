@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 
 namespace {
@@ -48,9 +49,25 @@ TEST_F(VxroiMap, writesAnOverlayThatOutlinesTheCrop)
     EXPECT_EQ(withoutCrop.size(), picture.size());
 
     const Outcome outlined = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--overlay"),
-        overlayPath, QStringLiteral("--ratio"), QStringLiteral("1:1") });
+        overlayPath, QStringLiteral("--ratio"), QStringLiteral("1:1"),
+        QStringLiteral("--if-exists"), QStringLiteral("overwrite") });
     EXPECT_EQ(outlined.exitCode, 0) << outlined.err.toStdString();
     EXPECT_FALSE(support::sameImage(withoutCrop, QImage(overlayPath)));
+}
+
+TEST_F(VxroiMap, overwritesNothingUnlessAsked)
+{
+    folder.save(QByteArray("mine"), QStringLiteral("map.png"));
+    const QStringList writing { path, QStringLiteral("-o"), mapPath };
+    const Outcome refused = map(writing);
+    EXPECT_EQ(refused.exitCode, 73);
+    EXPECT_TRUE(isOneLineNaming(refused.err, mapPath));
+    EXPECT_EQ(QFileInfo(mapPath).size(), 4);
+    EXPECT_EQ(
+        map(writing + QStringList { QStringLiteral("--if-exists"), QStringLiteral("overwrite") })
+            .exitCode,
+        0);
+    EXPECT_EQ(QImage(mapPath).size(), QSize(640, 426));
 }
 
 TEST_F(VxroiMap, writesBothFilesOrNeither)

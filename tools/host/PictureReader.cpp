@@ -5,9 +5,11 @@
 #include "SalienceMap.h"
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QDataStream>
 #include <QFile>
 #include <QFileInfo>
+#include <QTransform>
 
 #include <utility>
 
@@ -101,15 +103,26 @@ bool isIncomplete(const CodecMessages& messages)
         QStringLiteral("get a complete copy"));
 }
 
-void prepare(QImageReader& reader)
-{
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-}
+void prepare(QImageReader& reader) { reader.setDecideFormatFromContent(true); }
 
 bool turns(QImageIOHandler::Transformations transformation)
 {
     return transformation.testFlag(QImageIOHandler::TransformationRotate90);
+}
+
+// Qt's own turning of what it reads would lose the colour profile and the resolution.
+QImage orientedBy(QImageIOHandler::Transformations transformation, QImage stored)
+{
+    QImage picture
+        = std::move(stored).mirrored(transformation.testFlag(QImageIOHandler::TransformationMirror),
+            transformation.testFlag(QImageIOHandler::TransformationFlip));
+    if (!turns(transformation))
+        return picture;
+    QImage turned = picture.transformed(QTransform().rotate(90));
+    turned.setColorSpace(picture.colorSpace());
+    turned.setDotsPerMeterX(picture.dotsPerMeterY());
+    turned.setDotsPerMeterY(picture.dotsPerMeterX());
+    return turned;
 }
 
 } // namespace
@@ -142,7 +155,8 @@ PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
             QStringLiteral("%1 x %2 pixels are too many").arg(stored.width()).arg(stored.height()),
             QStringLiteral("allow them with --max-pixels %1").arg(pixels));
     device->seek(0);
-    if (isJpeg() && isCmykJpeg(*device))
+    isCmyk = isJpeg() && isCmykJpeg(*device);
+    if (isCmyk)
         warn(QStringLiteral("CMYK: its colours are converted without its profile"));
 }
 
@@ -209,7 +223,9 @@ QImage PictureFile::decode(const QSize& scaledTo)
             throwDamaged(name);
         warn(QStringLiteral("damaged or truncated: what is missing is grey"));
     }
-    return picture;
+    if (isCmyk) // its profile does not describe the colours that it is converted to
+        picture.setColorSpace(QColorSpace());
+    return orientedBy(reader.transformation(), std::move(picture));
 }
 
 bool PictureFile::isJpeg() const { return formatName == QLatin1String("jpeg"); }

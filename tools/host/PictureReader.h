@@ -70,6 +70,7 @@ private:
     std::unique_ptr<QIODevice> device;
     QSize stored;
     QString formatName;
+    bool isCmyk = false;
     QImageIOHandler::Transformations transformation;
     QStringList notes;
 };

@@ -173,7 +173,9 @@ QByteArray articleOf(const ReportEntry& entry, int position)
     const double gain = largestOf(
         entry.crops, [](const ReportCrop& crop) { return crop.salience - crop.centreSalience; });
     const QString content = entry.failure.isEmpty()
-        ? outlined(entry) + cropFigures(entry) + numbersOf(entry) + mapFigures(entry)
+        ? QStringLiteral("<div class=\"views\">\n%1<div>\n%2</div></div>\n")
+                .arg(outlined(entry), cropFigures(entry))
+            + numbersOf(entry) + mapFigures(entry)
         : QStringLiteral("<p class=\"failure\">%1</p>\n").arg(entry.failure.toHtmlEscaped());
     return QStringLiteral("<article data-position=\"%1\" data-offset=\"%2\" data-gain=\"%3\">\n"
                           "<h2>%4</h2>\n%5</article>\n")

@@ -16,7 +16,7 @@ TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes)
     if (needsShapes && commonShapes.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
             QStringLiteral("no shape is named"),
-            QStringLiteral("add --ratio 16:9 or --size 1200x630"));
+            QStringLiteral("add --ratio 16:9 or --size 1200x630; see vxroi --help"));
 }
 
 TaskPlan::Planned TaskPlan::plan(const Input& input)

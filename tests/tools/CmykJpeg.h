@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSize>
+
+namespace samples {
+
+/// A JPEG with four channels, all of one ink, that carries \a profile as its ICC profile.
+QByteArray cmykJpeg(const QSize& size, const QByteArray& profile);
+
+} // namespace samples

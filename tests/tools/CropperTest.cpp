@@ -1,0 +1,138 @@
+#include "host/Cropper.h"
+
+#include "SampleFiles.h"
+#include "support/Random.h"
+#include "support/TestImages.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+namespace {
+
+host::CropRules quickRules()
+{
+    host::CropRules rules;
+    rules.salience = { { 0, 20, 0, 0 }, {} };
+    return rules;
+}
+
+// One random picture with one random crop, and what is wrong with the result.
+class RandomCrop {
+public:
+    explicit RandomCrop(unsigned seed)
+        : random(seed)
+        , size(1 + random.below(60), 1 + random.below(60))
+    {
+    }
+
+    host::CropTask taskIn(const QString& folder)
+    {
+        host::CropTask task;
+        task.path = folder + QStringLiteral("-in.bmp");
+        support::noise(size.width(), size.height(), random.word()).save(task.path);
+        const QSize shape(1 + random.below(90), 1 + random.below(90));
+        isSized = random.below(2) == 0;
+        task.shapes.append(isSized
+                ? host::parseSize(QStringLiteral("%1x%2").arg(shape.width()).arg(shape.height()))
+                : host::parseRatios(QStringLiteral("%1:%2").arg(shape.width()).arg(shape.height()))
+                      .first());
+        task.outputs.append(folder + QStringLiteral("-out.bmp"));
+        if (random.below(3) == 0)
+            task.wishes.focus = QPointF(random.below(101) / 100.0, random.below(101) / 100.0);
+        if (random.below(3) == 0)
+            task.wishes.keep.append(QRect(random.below(size.width()), random.below(size.height()),
+                1 + random.below(70), 1 + random.below(70)));
+        return task;
+    }
+
+    QString misses(const host::CropTask& task, const host::CropRecord& record, bool upscales) const
+    {
+        if (record.failure)
+            return QString::fromUtf8(record.failure->what());
+        const host::CropResult& crop = record.crops.first();
+        const QRect window = crop.choice.window;
+        const host::CropShape& shape = task.shapes.first();
+        if (!QRect(QPoint(), size).contains(window)
+            || window.size() != host::largestWindow(size, shape.ratio))
+            return QStringLiteral("the window");
+        const bool fits
+            = window.width() >= shape.size.width() && window.height() >= shape.size.height();
+        const QSize expected = isSized && (fits || upscales) ? shape.size : window.size();
+        if (QImage(task.outputs.first()).size() != expected || crop.outputSize != expected)
+            return QStringLiteral("the size");
+        return QString();
+    }
+
+private:
+    support::Random random;
+    QSize size;
+    bool isSized = false;
+};
+
+} // namespace
+
+TEST(Cropper, writesTheExactSizeWithinTheFrameForTenThousandRandomPictures)
+{
+    constexpr unsigned pictures = 10'000;
+    constexpr unsigned threadCount = 4;
+    const samples::SampleFolder folder;
+    std::vector<int> misses(threadCount, 0);
+    const auto cropSome = [&](unsigned thread) {
+        host::CropRules rules = quickRules();
+        rules.ifExists = host::IfExists::Overwrite;
+        for (unsigned seed = thread; seed < pictures; seed += threadCount) {
+            rules.upscales = seed % 3 == 0;
+            host::Cropper cropper(rules, 1000);
+            RandomCrop crop(seed);
+            const host::CropTask task = crop.taskIn(folder.path(QString::number(thread)));
+            const QString miss = crop.misses(task, cropper.crop(task), rules.upscales);
+            EXPECT_TRUE(miss.isEmpty()) << seed << ": " << miss.toStdString();
+            misses.at(thread) += !miss.isEmpty();
+        }
+    };
+    std::vector<std::thread> threads;
+    for (unsigned thread = 0; thread < threadCount; ++thread)
+        threads.emplace_back(cropSome, thread);
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(misses, std::vector<int>(threadCount, 0));
+}
+
+TEST(Cropper, decidesTheSameWhetherThePixelsAreWrittenOrNot)
+{
+    const samples::SampleFolder folder;
+    for (const char* const name : { "a.png", "a.jpg", "a.bmp" }) {
+        host::CropTask task;
+        task.path = folder.save(samples::picture({ 2000, 1300 }), QString::fromUtf8(name));
+        task.shapes = host::parseRatios(QStringLiteral("1:1,2:5"));
+        host::CropRules rules;
+        rules.salience = host::SalienceSettings::preset(QStringLiteral("library"));
+        host::Cropper cropper(rules, 1);
+        const host::CropRecord decided = cropper.crop(task);
+        task.outputs = QStringList { folder.path(QStringLiteral("x-") + QLatin1String(name)),
+            folder.path(QStringLiteral("y-") + QLatin1String(name)) };
+        const host::CropRecord written = cropper.crop(task);
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(decided.crops.at(i).choice.window, written.crops.at(i).choice.window) << name;
+            EXPECT_EQ(decided.crops.at(i).salience, written.crops.at(i).salience) << name;
+        }
+    }
+}
+
+TEST(Cropper, writesAllCropsOfAPictureOrNone)
+{
+    const samples::SampleFolder folder;
+    host::CropTask task;
+    task.path = folder.save(samples::picture({ 60, 40 }), QStringLiteral("a.png"));
+    task.shapes = host::parseRatios(QStringLiteral("1:1,2:1"));
+    task.outputs = QStringList { folder.path(QStringLiteral("one.png")),
+        folder.path(QStringLiteral("none/two.png")) };
+    host::Cropper cropper(quickRules(), 1000);
+    const host::CropRecord record = cropper.crop(task);
+    ASSERT_TRUE(record.failure.has_value());
+    EXPECT_EQ(record.failure->code(), host::ExitCode::CannotCreate);
+    EXPECT_TRUE(record.crops.isEmpty());
+    EXPECT_EQ(folder.names(), QStringList { QStringLiteral("a.png") });
+}
