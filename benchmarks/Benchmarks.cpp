@@ -26,9 +26,15 @@
 #include "kernels/SurroundContrast.h"
 #include "support/Memory.h"
 #include "support/PlainHistogramROI.h"
+#include "support/Random.h"
 
 #include <benchmark/benchmark.h>
 
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -296,6 +302,51 @@ void registerThreads()
     }
 }
 
+// The photo as a camera would have taken it: drawn scenes lack the grain that makes real files large.
+QImage withGrain(QImage photo)
+{
+    constexpr int strongest = 6; // levels up and down
+    support::Random random(1);
+    for (int y = 0; y < photo.height(); ++y) {
+        QRgb* const row = reinterpret_cast<QRgb*>(photo.scanLine(y));
+        std::transform(row, row + photo.width(), row, [&random](QRgb pixel) {
+            const int grain = random.below(2 * strongest + 1) - strongest;
+            const auto grainy = [grain](int level) { return std::clamp(level + grain, 0, 255); };
+            return qRgb(grainy(qRed(pixel)), grainy(qGreen(pixel)), grainy(qBlue(pixel)));
+        });
+    }
+    return photo;
+}
+
+// Whole processes: the command line's decision beside the decoding that it cannot do without.
+void registerProcesses()
+{
+    static const QTemporaryDir folder;
+    for (const QSize& size : { QSize(320, 240), QSize(6000, 4000) }) {
+        const QString path
+            = folder.filePath(QStringLiteral("%1x%2.jpg").arg(size.width()).arg(size.height()));
+        const auto runs = [=](const char* program, const QStringList& arguments) {
+            return [=](benchmark::State& state) {
+                if (!QFile::exists(path))
+                    withGrain(picture(Kind::Photo, size)).save(path, "jpg", 92);
+                for ([[maybe_unused]] const auto iteration : state) {
+                    if (QProcess::execute(QString::fromUtf8(program), arguments) != 0)
+                        state.SkipWithError("the program failed");
+                }
+            };
+        };
+        const QStringList decision { QStringLiteral("crop"), path, QStringLiteral("--ratio"),
+            QStringLiteral("1:1") };
+        const auto add = [&](const char* way, const auto& run) {
+            benchmark::RegisterBenchmark(nameOf("process", way, Kind::Photo, size).c_str(), run)
+                ->UseRealTime()
+                ->Unit(benchmark::kMillisecond);
+        };
+        add("fast", runs(VXROI_PROGRAM, decision));
+        add("plain", runs(VXROI_SCALED_DECODE, { path }));
+    }
+}
+
 } // namespace
 
 void benchmarks::registerAll()
@@ -308,4 +359,5 @@ void benchmarks::registerAll()
     registerMaximumFilterExtremes();
     registerMemory();
     registerThreads();
+    registerProcesses();
 }

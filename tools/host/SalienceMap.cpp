@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace host {
 
@@ -49,11 +50,11 @@ QSize workingSizeOf(const QSize& picture)
 
 QImage workingImageOf(const QImage& picture)
 {
-    const QImage scaled = picture.scaled(
+    QImage scaled = picture.scaled(
         workingSizeOf(picture.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     if (!scaled.hasAlphaChannel())
-        return scaled.convertToFormat(QImage::Format_RGB32);
-    QImage working(scaled.size(), QImage::Format_RGB32);
+        return std::move(scaled).convertToFormat(QImage::Format_ARGB32);
+    QImage working(scaled.size(), QImage::Format_ARGB32);
     working.fill(midGrey);
     QPainter(&working).drawImage(0, 0, scaled);
     return working;

@@ -17,7 +17,7 @@ QSize workingSizeOf(const QSize& picture);
 /// What a picture is analysed as: the picture at its working size, on mid-grey where it is
 /// transparent.
 /// \param picture not null, of any format and size.
-/// \return an image in QImage::Format_RGB32.
+/// \return an opaque image in QImage::Format_ARGB32, which the methods read as it is.
 QImage workingImageOf(const QImage& picture);
 
 /// Computes the salience map of a working image.
