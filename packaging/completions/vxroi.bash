@@ -1,0 +1,34 @@
+# bash completion for vxroi
+_vxroi()
+{
+    COMPREPLY=()
+    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} words=
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        COMPREPLY=($(compgen -W 'crop batch map cluster report --help --version' -- "$word"))
+        return
+    fi
+    case ${COMP_WORDS[1]}:$previous in
+    crop:--if-exists) words='fail skip overwrite' ;;
+    crop:--emit) words='geometry css' ;;
+    crop:--on-broken) words='error warn' ;;
+    batch:--if-exists) words='fail skip overwrite' ;;
+    batch:--on-broken) words='error warn' ;;
+    map:--if-exists) words='fail overwrite' ;;
+    map:--on-broken) words='error warn' ;;
+    cluster:--if-exists) words='fail overwrite' ;;
+    cluster:--on-broken) words='error warn' ;;
+    report:--if-exists) words='fail overwrite' ;;
+    report:--on-broken) words='error warn' ;;
+    esac
+    if [ -z "$words" ] && [ "${word#-}" != "$word" ]; then
+        case ${COMP_WORDS[1]} in
+        crop) words='-h --help --ratio --size -o --output --keep --focus --if-exists --upscale --dry-run --json --emit --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
+        batch) words='-h --help -r --recursive --from -0 --null --ratio --size -o --output --keep --focus --if-exists --upscale --dry-run --resume --shard -j --jobs -q --quiet --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
+        map) words='-h --help -o --output --per-method --overlay --ratio --keep --stretch --if-exists --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
+        cluster) words='-h --help --grid -o --output --if-exists --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
+        report) words='-h --help -r --recursive -o --output --ratio --if-exists --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
+        esac
+    fi
+    [ -z "$words" ] || COMPREPLY=($(compgen -W "$words" -- "$word"))
+}
+complete -o default -F _vxroi vxroi

@@ -1,0 +1,63 @@
+"""check_records.py SCHEMA VXROI SCENES: every kind of record that vxroi prints follows the schema.
+
+And a few that it must not print do not.
+"""
+
+import copy
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+import jsonschema
+
+schema_path, vxroi, scenes = sys.argv[1:]
+schema = json.loads(pathlib.Path(schema_path).read_text(encoding="utf-8"))
+jsonschema.Draft202012Validator.check_schema(schema)
+validator = jsonschema.Draft202012Validator(schema)
+
+
+def records(folder, *arguments):
+    printed = subprocess.run([vxroi, *arguments], cwd=folder, stdout=subprocess.PIPE,
+                             stderr=subprocess.DEVNULL, check=False).stdout
+    return [json.loads(line) for line in printed.splitlines()]
+
+
+with tempfile.TemporaryDirectory() as name:
+    folder = pathlib.Path(name)
+    subprocess.run([scenes, "."], cwd=folder, check=True, stdout=subprocess.DEVNULL)
+    (folder / "broken.png").write_text("no picture")
+    (folder / "cut.jpg").write_bytes((folder / "balloon.png").read_bytes()[:20000])
+    whole = records(folder, "crop", "balloon.png", "--ratio", "1:1,3:2", "--json")
+    found = (whole
+             + records(folder, "crop", "balloon.png", "--size", "50x50", "--focus", "0,0", "--json",
+                       "-o", "{stem}-{ratio}.jpg")
+             + records(folder, "crop", "balloon.png", "--size", "50x50", "--keep", "0,0,9,9",
+                       "--json", "-o", "{stem}-{ratio}.jpg", "--if-exists", "skip")
+             + records(folder, "crop", "balloon.png", "none.png", "--ratio", "2:1", "--json",
+                       "--dry-run", "-o", "other/{stem}.jpg")
+             + records(folder, "batch", ".", "--ratio", "1:1"))
+
+statuses = {record["status"] for record in found}
+deciders = {crop["decidedBy"] for record in found for crop in record.get("crops", [])}
+outputs = {crop["output"].get("status") for record in found for crop in record.get("crops", [])}
+assert statuses == {"ok", "failed"}, statuses
+assert {"whole", "focus", "keep", "salience"} <= deciders, deciders
+assert outputs == {None, "written", "planned", "skipped"}, outputs
+for record in found:
+    validator.validate(record)
+
+
+def breaks(change):
+    record = copy.deepcopy(whole[0])
+    change(record)
+    return not validator.is_valid(record)
+
+
+assert breaks(lambda record: record.pop("path"))
+assert breaks(lambda record: record.update(status="failed"))
+assert breaks(lambda record: record.update(took=3))
+assert breaks(lambda record: record["crops"][0].pop("source"))
+assert breaks(lambda record: record["crops"][0].update(decidedBy="chance"))
+print(f"{len(found)} records follow the schema")
