@@ -18,7 +18,9 @@ def blocks(text, language):
 
 
 def draw_photo(scenes_program, folder):
-    """Puts photo.jpg, the picture that the pages speak of, into a folder."""
-    subprocess.run([scenes_program, folder], check=True, stdout=subprocess.DEVNULL)
+    """Puts photo.jpg, the picture that the pages speak of, and photos/, a folder of them, into a folder."""
+    folder = pathlib.Path(folder)
+    (folder / "photos").mkdir()
+    subprocess.run([scenes_program, folder / "photos"], check=True, stdout=subprocess.DEVNULL)
     # The content decides the format, so a PNG serves.
-    (pathlib.Path(folder) / "balloon.png").rename(pathlib.Path(folder) / "photo.jpg")
+    (folder / "photo.jpg").write_bytes((folder / "photos/balloon.png").read_bytes())

@@ -1,7 +1,7 @@
 """run_commands.py ROOT VXROI_FOLDER SCENES_PROGRAM: runs every command that the pages show.
 
 Commands of the project's own scripts run in its folder, as the pages say; all others in a folder with
-a photo.jpg and with vxroi on the path.
+a photo.jpg and a folder photos, a new one for each page, and with vxroi on the path.
 """
 
 import os
@@ -15,9 +15,9 @@ root, vxroi_folder, scenes_program = sys.argv[1:]
 environment = dict(os.environ, PATH=f"{vxroi_folder}:{os.environ['PATH']}")
 
 ran = 0
-with tempfile.TemporaryDirectory() as folder:
-    draw_photo(scenes_program, folder)
-    for path, text in pages(root):
+for path, text in pages(root):
+    with tempfile.TemporaryDirectory() as folder:
+        draw_photo(scenes_program, folder)
         for command in "\n".join(blocks(text, "sh")).splitlines():
             if command.startswith("./scripts/test"):
                 continue  # it is what runs this

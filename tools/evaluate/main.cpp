@@ -55,23 +55,35 @@ QString cellOf(double kept, double score)
         .arg(qAbs(score), 0, 'f', 2);
 }
 
-void print(const QStringList& settings, const std::array<QVector<Sample>, 2>& halves)
+// What crops keep of all samples, when they keep that of two halves.
+Kept together(const Kept& a, int samplesOfA, const Kept& b, int samplesOfB)
 {
-    std::cout << "| | tune 1:1 | tune 9:16 | tune 3:1 | judge 1:1 | judge 9:16 | judge 3:1 |\n"
-                 "|---|---:|---:|---:|---:|---:|---:|\n";
+    const double shareOfA = static_cast<double>(samplesOfA) / (samplesOfA + samplesOfB);
+    const auto mean
+        = [shareOfA](double ofA, double ofB) { return shareOfA * ofA + (1 - shareOfA) * ofB; };
+    return { mean(a.chosen, b.chosen), mean(a.centre, b.centre), mean(a.best, b.best) };
+}
+
+void print(const QStringList& names, const QVector<Sample>& tune, const QVector<Sample>& judge)
+{
+    std::cout << "| | tune 1:1 | judge 1:1 | all 1:1 | tune 9:16 | judge 9:16 | all 9:16 "
+                 "| tune 3:1 | judge 3:1 | all 3:1 |\n|---|"
+              << "---:|---:|---:|---:|---:|---:|---:|---:|---:|\n";
     QString centre = QStringLiteral("| centre |");
     QString best = QStringLiteral("| best windows |");
-    for (int i = 0; i < settings.size(); ++i) {
-        QString row = QStringLiteral("| %1 |").arg(settings.at(i));
-        for (const QVector<Sample>& samples : halves) {
-            for (const host::AspectRatio& ratio : ratios) {
-                const Kept kept = evaluate::evaluate(samples, settingsOf(settings.at(i)), ratio);
+    for (const QString& name : names) {
+        QString row = QStringLiteral("| %1 |").arg(name);
+        for (const host::AspectRatio& ratio : ratios) {
+            const Kept tuned = evaluate::evaluate(tune, settingsOf(name), ratio);
+            const Kept judged = evaluate::evaluate(judge, settingsOf(name), ratio);
+            for (const Kept& kept :
+                { tuned, judged, together(tuned, tune.size(), judged, judge.size()) }) {
                 row += cellOf(kept.chosen, kept.score());
-                centre += i == 0 ? cellOf(kept.centre, 0) : QString();
-                best += i == 0 ? cellOf(kept.best, 1) : QString();
+                centre += name == names.first() ? cellOf(kept.centre, 0) : QString();
+                best += name == names.first() ? cellOf(kept.best, 1) : QString();
             }
         }
-        if (i == 0)
+        if (name == names.first())
             std::cout << centre.toStdString() << '\n' << best.toStdString() << '\n';
         std::cout << row.toStdString() << std::endl;
     }
@@ -94,7 +106,7 @@ try {
     for (const QString& name : settings)
         settingsOf(name);
     const QDir folder(QCoreApplication::arguments().at(1));
-    print(settings, { samplesOf(folder, 0), samplesOf(folder, 1) });
+    print(settings, samplesOf(folder, 0), samplesOf(folder, 1));
     return 0;
 } catch (const host::HostError& error) {
     std::cerr << "vxroi-evaluate: " << error.what() << '\n';
