@@ -4,9 +4,10 @@
 #include "support/Random.h"
 #include "support/TestImages.h"
 
+#include <QThreadPool>
+
 #include <gtest/gtest.h>
 
-#include <thread>
 #include <vector>
 
 namespace {
@@ -92,11 +93,11 @@ TEST(Cropper, writesTheExactSizeWithinTheFrameForTenThousandRandomPictures)
             misses.at(thread) += !miss.isEmpty();
         }
     };
-    std::vector<std::thread> threads;
+    QThreadPool threads;
+    threads.setMaxThreadCount(threadCount);
     for (unsigned thread = 0; thread < threadCount; ++thread)
-        threads.emplace_back(cropSome, thread);
-    for (std::thread& thread : threads)
-        thread.join();
+        threads.start([&cropSome, thread] { cropSome(thread); });
+    threads.waitForDone();
     EXPECT_EQ(misses, std::vector<int>(threadCount, 0));
 }
 

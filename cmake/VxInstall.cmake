@@ -1,0 +1,55 @@
+# What `cmake --install` puts where. Nothing that is installed names a folder of this machine: the
+# files find each other by where they lie, so that the tree may be moved.
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+
+set(vx_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/VXRegionOfInterest")
+set(vx_qmake_dir "${CMAKE_INSTALL_DATADIR}/VXRegionOfInterest")
+
+install(TARGETS VXRegionOfInterest EXPORT VXRegionOfInterestTargets
+    LIBRARY COMPONENT library NAMELINK_COMPONENT development
+    FILE_SET HEADERS COMPONENT development)
+install(EXPORT VXRegionOfInterestTargets
+    NAMESPACE VXRegionOfInterest::
+    DESTINATION "${vx_package_dir}"
+    COMPONENT development)
+
+configure_package_config_file(cmake/VXRegionOfInterestConfig.cmake.in
+    "${PROJECT_BINARY_DIR}/VXRegionOfInterestConfig.cmake"
+    INSTALL_DESTINATION "${vx_package_dir}"
+    NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/VXRegionOfInterestConfigVersion.cmake"
+    COMPATIBILITY SameMajorVersion)
+install(FILES
+    "${PROJECT_BINARY_DIR}/VXRegionOfInterestConfig.cmake"
+    "${PROJECT_BINARY_DIR}/VXRegionOfInterestConfigVersion.cmake"
+    DESTINATION "${vx_package_dir}"
+    COMPONENT development)
+
+# vx_install_relative(<template> <folder>): installs a file in which @vx_prefix@ is the way from the
+# folder up to the prefix.
+function(vx_install_relative template folder)
+    file(RELATIVE_PATH vx_prefix "/prefix/${folder}" "/prefix")
+    string(REGEX REPLACE "/$" "" vx_prefix "${vx_prefix}")
+    get_filename_component(name "${template}" NAME_WLE)
+    configure_file("${template}" "${PROJECT_BINARY_DIR}/${name}" @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/${name}" DESTINATION "${folder}" COMPONENT development)
+endfunction()
+vx_install_relative(cmake/VXRegionOfInterest.pc.in "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+vx_install_relative(cmake/VXRegionOfInterest.pri.in "${vx_qmake_dir}")
+
+if(VXROI_BUILD_TOOLS)
+    # In an installed tree the programs find the library beside them.
+    file(RELATIVE_PATH vx_library_from_programs
+        "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+    set_target_properties(vxroi PROPERTIES INSTALL_RPATH "$ORIGIN/${vx_library_from_programs}")
+    install(TARGETS vxroi RUNTIME COMPONENT tools)
+    install(FILES packaging/vxroi.1
+        DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    install(FILES packaging/completions/vxroi.bash RENAME vxroi
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT tools)
+    install(FILES packaging/completions/_vxroi
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions" COMPONENT tools)
+    install(FILES packaging/completions/vxroi.fish
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT tools)
+endif()
