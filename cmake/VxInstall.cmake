@@ -38,18 +38,43 @@ endfunction()
 vx_install_relative(cmake/VXRegionOfInterest.pc.in "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 vx_install_relative(cmake/VXRegionOfInterest.pri.in "${vx_qmake_dir}")
 
+# vx_compressed(<file> <folder> <component>): installs a file compressed, as manuals and changelogs are.
+find_program(vx_gzip gzip REQUIRED)
+mark_as_advanced(vx_gzip)
+function(vx_compressed file folder component)
+    get_filename_component(name "${file}" NAME)
+    set(compressed "${PROJECT_BINARY_DIR}/${name}.gz")
+    execute_process(COMMAND "${vx_gzip}" -9nc "${PROJECT_SOURCE_DIR}/${file}"
+        OUTPUT_FILE "${compressed}")
+    install(FILES "${compressed}" DESTINATION "${folder}" COMPONENT ${component})
+endfunction()
+
 if(VXROI_BUILD_TOOLS)
     # In an installed tree the programs find the library beside them.
     file(RELATIVE_PATH vx_library_from_programs
         "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
-    set_target_properties(vxroi PROPERTIES INSTALL_RPATH "$ORIGIN/${vx_library_from_programs}")
+    set_target_properties(vxroi vxroi-viewer PROPERTIES
+        INSTALL_RPATH "$ORIGIN/${vx_library_from_programs}")
+
     install(TARGETS vxroi RUNTIME COMPONENT tools)
-    install(FILES packaging/vxroi.1
-        DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    vx_compressed(packaging/vxroi.1 "${CMAKE_INSTALL_MANDIR}/man1" tools)
     install(FILES packaging/completions/vxroi.bash RENAME vxroi
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT tools)
     install(FILES packaging/completions/_vxroi
         DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions" COMPONENT tools)
     install(FILES packaging/completions/vxroi.fish
         DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT tools)
+
+    install(TARGETS vxroi-viewer RUNTIME COMPONENT viewer)
+    vx_compressed(packaging/vxroi-viewer.1 "${CMAKE_INSTALL_MANDIR}/man1" viewer)
+    install(FILES packaging/vxroi-viewer.desktop
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT viewer)
 endif()
+
+set(vx_documentation_dir "${CMAKE_INSTALL_DATADIR}/doc/libvxregionofinterest-doc")
+install(FILES README.md CHANGELOG.md DESTINATION "${vx_documentation_dir}" COMPONENT documentation)
+install(DIRECTORY docs DESTINATION "${vx_documentation_dir}" COMPONENT documentation
+    PATTERN reference EXCLUDE)
+# Where the target `reference` has been built.
+install(DIRECTORY "${PROJECT_BINARY_DIR}/reference/html/" DESTINATION "${vx_documentation_dir}/reference"
+    COMPONENT documentation OPTIONAL)

@@ -22,9 +22,12 @@
 ///
 /// **Settings**: a switch and a weight. The mixer reads both; evaluate() looks at neither.
 ///
-/// **Costs** what the derived method says. Methods keep nothing between calls but their settings
-/// and start no threads: use an object from one thread at a time, different objects from as many
-/// threads as you like.
+/// **Costs** what the derived method says.
+///
+/// **Threads and ownership**: reentrant. Methods keep nothing between calls but their settings and
+/// start no threads: use an object from one thread at a time, different objects from as many threads
+/// as you like. Who constructs an object deletes it; those of a mixer belong to the mixer. Images are
+/// taken and given as Qt shares them: none is changed that was handed in.
 class VXREGIONOFINTEREST_EXPORT VXAbstractROI {
 public:
     /// Constructs a method that is enabled and has weight 0.
@@ -65,6 +68,7 @@ public:
 protected:
     /// Copying is for derived classes: the base alone would slice them.
     VXAbstractROI(const VXAbstractROI&) = default;
+    /// As the copy constructor.
     VXAbstractROI& operator=(const VXAbstractROI&) = default;
 
 private:

@@ -12,6 +12,7 @@ struct VXDisjointElement {
     /// All three are 0.
     constexpr VXDisjointElement() = default;
 
+    /// Sets all three.
     constexpr VXDisjointElement(int elementRank, int segmentSize, int parentIndex)
         : rank(elementRank)
         , size(segmentSize)

@@ -17,8 +17,8 @@ struct segment {
     int minY; ///< top row
     int maxX; ///< right bound, see VXDisjointSet::getSegmentInformations
     int maxY; ///< bottom bound, see VXDisjointSet::getSegmentInformations
-    float centroidX;
-    float centroidY;
+    float centroidX; ///< column of the centroid, see VXDisjointSet::getSegmentInformations
+    float centroidY; ///< row of the centroid, see VXDisjointSet::getSegmentInformations
 };
 
 /// Whether \a p comes before \a q: by x, then by y.
@@ -39,8 +39,12 @@ VXREGIONOFINTEREST_EXPORT bool lexicallySmaller(const QPoint& p, const QPoint& q
 ///
 /// **Settings**: the grid, once in the constructor. **Costs**: where roots are joined, a search is
 /// logarithmic in the size of the segment. A copy is an independent set.
+///
+/// **Threads and ownership**: reentrant; even looking something up changes the set, so use one from
+/// one thread at a time. It owns its elements.
 class VXREGIONOFINTEREST_EXPORT VXDisjointSet {
 public:
+    /// The record that getSegmentInformations() returns.
     using segment = ::segment;
 
     /// Constructs a grid in which every cell is a segment of its own.

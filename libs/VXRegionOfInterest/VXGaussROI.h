@@ -18,11 +18,15 @@
 /// **Settings**: none beyond the base's; the constants are fixed.
 ///
 /// **Costs** one exponential per row and per column, one multiplication per pixel.
+///
+/// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXGaussROI : public VXAbstractROI {
 public:
     /// Constructs the method enabled and with weight 0.
     VXGaussROI();
+    /// Copies every field.
     VXGaussROI(const VXGaussROI&) = default;
+    /// Copies every field.
     VXGaussROI& operator=(const VXGaussROI&) = default;
     ~VXGaussROI() override;
 

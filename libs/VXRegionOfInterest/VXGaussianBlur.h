@@ -20,6 +20,8 @@
 /// **Settings**: the size and sigma of the kernel, given once to the constructor.
 ///
 /// **Costs** one write per pixel.
+///
+/// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXGaussianBlur : public VXAbstractROI {
 public:
     /// Constructs the filter enabled and with weight 0.
@@ -28,7 +30,9 @@ public:
     ///        weights do not fit into memory throws std::bad_alloc.
     /// \param sigma standard deviation in pixels; see createGaussianKernel().
     VXGaussianBlur(int size, double sigma);
+    /// Copies every field.
     VXGaussianBlur(const VXGaussianBlur&) = default;
+    /// Copies every field.
     VXGaussianBlur& operator=(const VXGaussianBlur&) = default;
     ~VXGaussianBlur() override;
 

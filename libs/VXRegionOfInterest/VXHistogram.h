@@ -23,12 +23,16 @@
 /// **Costs** one addition per pixel, and rows · columns for normalising and for comparing.
 ///
 /// Copies share their bins: normalising one shows in the others. The last copy releases them.
+///
+/// **Threads and ownership**: reentrant; a histogram and its copies are one table and belong to one
+/// thread at a time. The image is not kept.
 class VXREGIONOFINTEREST_EXPORT VXHistogram {
 public:
     /// A histogram without bins, to be assigned to later: comparing it gives 0.0.
     VXHistogram();
 
     /// Counts the pixels of \a image.
+    /// \param image an image in luma and chroma, of which green and blue are counted.
     /// \param rows,columns numbers of bins. Where one is below 1 there are no bins. Above 256 some
     ///        stay empty. Above 2²³ bins are computed in 32-bit arithmetic that wraps, and pixels
     ///        whose bin is negative are not counted. A table that does not fit into memory throws

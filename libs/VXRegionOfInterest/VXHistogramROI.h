@@ -26,11 +26,15 @@ class VXDisjointSet;
 /// next evaluation.
 ///
 /// **Costs** a conversion and a count per pixel, and four comparisons of all bins per block.
+///
+/// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXHistogramROI : public VXAbstractROI {
 public:
     /// Constructs the method enabled, with weight 0 and the default settings.
     VXHistogramROI();
+    /// Copies every field.
     VXHistogramROI(const VXHistogramROI&) = default;
+    /// Copies every field.
     VXHistogramROI& operator=(const VXHistogramROI&) = default;
     ~VXHistogramROI() override;
 

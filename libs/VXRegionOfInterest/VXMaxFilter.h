@@ -20,6 +20,8 @@
 /// **Costs** in ARGB32 and RGB32 hardly more for a large size than for a small one, and the same
 /// whatever spreads; least where that is opaque grey, as in every salience map. In other formats it
 /// grows with the size.
+///
+/// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXMaxFilter : public VXAbstractROI {
 public:
     /// Constructs the filter enabled and with weight 0.
@@ -29,7 +31,9 @@ public:
     /// \param threshold red value that a pixel must exceed to spread; any int. Below 0 every pixel
     ///        spreads, from 255 on none.
     VXMaxFilter(int size, int threshold);
+    /// Copies every field.
     VXMaxFilter(const VXMaxFilter&) = default;
+    /// Copies every field.
     VXMaxFilter& operator=(const VXMaxFilter&) = default;
     ~VXMaxFilter() override;
 

@@ -22,11 +22,15 @@
 ///
 /// **Costs** the same per pixel for any image: a few additions for the surround, whatever its size,
 /// three divisions, and the maximum filter. Needs 8 bytes of memory per pixel and a few rows.
+///
+/// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXSalienzAchanta : public VXAbstractROI {
 public:
     /// Constructs the method enabled and with weight 0.
     VXSalienzAchanta();
+    /// Copies every field.
     VXSalienzAchanta(const VXSalienzAchanta&) = default;
+    /// Copies every field.
     VXSalienzAchanta& operator=(const VXSalienzAchanta&) = default;
     ~VXSalienzAchanta() override;
 
@@ -45,6 +49,7 @@ public:
     /// Each value is the weighted mean of its neighbourhood; the weights that fall inside the plane
     /// are normalised by their own sum, so \a kernel need not be.
     /// \param input the plane, \a width · \a height values.
+    /// \param width,height sides of the plane in values.
     /// \param kernel weights of taps -m / 2 to m / 2; an even m lacks the last, which is left out.
     ///        Where the weights that fall inside are none or sum to 0, values are infinite or no
     ///        numbers.
@@ -55,6 +60,8 @@ public:
 
     /// Fills \a output with the integral image of a row-major plane: at [y][x] the sum of columns 0
     /// to x of rows 0 to y.
+    /// \param plane \a width · \a height values.
+    /// \param width,height sides of the plane in values.
     /// \param output \a height rows of \a width values already. Where \a plane or \a output hold
     ///        fewer, or a side is below 1, nothing happens.
     void integralImage(
@@ -62,6 +69,8 @@ public:
 
     /// The sum of a plane over columns \a x1 to \a x2 and rows \a y1 to \a y2, both inclusive.
     /// \param integral the plane's integral image.
+    /// \param x1,x2 first and last column.
+    /// \param y1,y2 first and last row.
     /// \return the sum; 0 when a corner lies beyond the integral image. \a x1 and \a y1 below 0
     ///         count as 0.
     double integralSum(const QList<QList<double>>& integral, int x1, int y1, int x2, int y2);

@@ -25,11 +25,16 @@
 /// are a multiple of 2³² is black.
 ///
 /// **Settings**: the two counts. **Costs** two readings and one writing of every pixel.
+///
+/// **Threads and ownership**: reentrant; once its counts are set, one object serves any number of
+/// threads. It keeps nothing that it is given.
 class VXREGIONOFINTEREST_EXPORT VXSalienzClusterer {
 public:
     /// Constructs a clusterer of 10 by 10 cubes.
     VXSalienzClusterer();
+    /// Copies every field.
     VXSalienzClusterer(const VXSalienzClusterer&) = default;
+    /// Copies every field.
     VXSalienzClusterer& operator=(const VXSalienzClusterer&) = default;
     virtual ~VXSalienzClusterer();
 
@@ -39,7 +44,10 @@ public:
     /// Sets the number that the width is divided by; any int is stored, below 1 gives a black map.
     void setCountCubesV(int count);
 
+    /// The number that the height is divided by.
     int countCubesH() const;
+
+    /// The number that the width is divided by.
     int countCubesV() const;
 
     /// Both counts: countCubesH() as the width, countCubesV() as the height.

@@ -22,6 +22,9 @@
 /// wants the last start compared does so with sums() and conglumerate().
 ///
 /// **Settings**: none. **Costs** one pass over the map and two over its positions.
+///
+/// **Threads and ownership**: a maximizer has no state, so one object serves any number of threads.
+/// It keeps nothing that it is given.
 class VXREGIONOFINTEREST_EXPORT VXSalienzMaximizerAbstract {
 public:
     virtual ~VXSalienzMaximizerAbstract();
@@ -48,6 +51,8 @@ public:
 protected:
     /// For the axis classes; the base has no fields, so copies have nothing to carry.
     VXSalienzMaximizerAbstract() = default;
+    /// Copies every field.
     VXSalienzMaximizerAbstract(const VXSalienzMaximizerAbstract&) = default;
+    /// Copies every field.
     VXSalienzMaximizerAbstract& operator=(const VXSalienzMaximizerAbstract&) = default;
 };

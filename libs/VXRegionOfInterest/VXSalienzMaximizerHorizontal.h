@@ -9,7 +9,9 @@
 class VXREGIONOFINTEREST_EXPORT VXSalienzMaximizerHorizontal : public VXSalienzMaximizerAbstract {
 public:
     VXSalienzMaximizerHorizontal();
+    /// Copies every field.
     VXSalienzMaximizerHorizontal(const VXSalienzMaximizerHorizontal& other);
+    /// Copies every field.
     VXSalienzMaximizerHorizontal& operator=(const VXSalienzMaximizerHorizontal&) = default;
     ~VXSalienzMaximizerHorizontal() override;
 

@@ -9,7 +9,9 @@
 class VXREGIONOFINTEREST_EXPORT VXSalienzMaximizerVertical : public VXSalienzMaximizerAbstract {
 public:
     VXSalienzMaximizerVertical();
+    /// Copies every field.
     VXSalienzMaximizerVertical(const VXSalienzMaximizerVertical& other);
+    /// Copies every field.
     VXSalienzMaximizerVertical& operator=(const VXSalienzMaximizerVertical&) = default;
     ~VXSalienzMaximizerVertical() override;
 

@@ -38,8 +38,11 @@ class VXHistogramROI;
 /// Operations on a method that the mixer does not hold do nothing; looking one up gives null.
 ///
 /// **Costs** the scaling, each enabled method on the working image, and for the blend one
-/// multiplication per map and one division per pixel. Use a mixer from one thread at a time; one
-/// mixer per thread needs no locks.
+/// multiplication per map and one division per pixel.
+///
+/// **Threads and ownership**: reentrant. Use a mixer from one thread at a time; one mixer per thread
+/// needs no locks. The mixer owns its methods and deletes them, so the pointers it hands out live as
+/// long as it does; the pictures stay the host's.
 class VXREGIONOFINTEREST_EXPORT VXSalienzMixer {
 public:
     /// Constructs a mixer with the default methods and weights.
@@ -59,6 +62,7 @@ public:
     VXSalienzMixer& operator=(const VXSalienzMixer&) = delete;
 
     /// Sets the weight of \a method in the blend.
+    /// \param method one that the mixer holds; nothing happens for any other.
     /// \param weight any int. For ::Histogram the sign is flipped before it is stored, so that a
     ///        positive argument keeps that map subtracted; INT_MIN stays INT_MIN.
     void setMethodWeight(VXSalienzMethod method, int weight);
@@ -87,13 +91,13 @@ public:
     /// \name Settings of the histogram method
     /// Each hands its argument to the setter of VXHistogramROI of the like name.
     /// \{
-    void updateHistogramBinsChannel1(int bins);
-    void updateHistogramBinsChannel2(int bins);
-    void updateHistogramChiSquareThreshold(double threshold);
-    void updateHistogramHorizontalBlocks(int blocks);
-    void updateHistogramVerticalBlocks(int blocks);
-    void updateHistogramMinWidth(double fraction);
-    void updateHistogramMinHeight(double fraction);
+    void updateHistogramBinsChannel1(int bins); ///< Sets the bins of the first chroma channel.
+    void updateHistogramBinsChannel2(int bins); ///< Sets the bins of the second chroma channel.
+    void updateHistogramChiSquareThreshold(double threshold); ///< Sets the threshold.
+    void updateHistogramHorizontalBlocks(int blocks); ///< Sets the columns of blocks.
+    void updateHistogramVerticalBlocks(int blocks); ///< Sets the rows of blocks.
+    void updateHistogramMinWidth(double fraction); ///< Sets the least width of a region.
+    void updateHistogramMinHeight(double fraction); ///< Sets the least height of a region.
     /// \}
 
     /// Computes the blended salience map of \a image.

@@ -13,8 +13,13 @@ public:
     /// \param weight cost of merging them; the lower merges first.
     VXSegmentEdge(int from, int to, double weight);
 
+    /// The index of the first element.
     int from() const;
+
+    /// The index of the second element.
     int to() const;
+
+    /// What merging the two costs.
     double weight() const;
 
     /// Whether this edge merges before \a other: its weight is smaller. False when either is not a

@@ -23,6 +23,8 @@
 ///
 /// **Costs** nine multiplications per pixel, channel and kernel, and a square root per pixel; where
 /// the image is opaque black, a look at every pixel.
+///
+/// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXSobelROI : public VXAbstractROI {
 public:
     /// Constructs the method enabled, with weight 0 and the configureSobelH() kernel. The class has

@@ -22,6 +22,8 @@
 /// **Settings**: the areas and the size of the image they were given for, once in the constructor.
 ///
 /// **Costs** what painting the shapes costs.
+///
+/// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXVeryImportantAreasROI : public VXAbstractROI {
 public:
     /// Constructs the method enabled and with weight 0.
@@ -29,7 +31,9 @@ public:
     ///        cannot measure is cut off 2³⁰ pixels from the origin.
     /// \param areasSize size of the image in whose coordinates the areas are given.
     VXVeryImportantAreasROI(QList<QRect> areas, const QSize& areasSize);
+    /// Copies every field.
     VXVeryImportantAreasROI(const VXVeryImportantAreasROI&) = default;
+    /// Copies every field.
     VXVeryImportantAreasROI& operator=(const VXVeryImportantAreasROI&) = default;
     ~VXVeryImportantAreasROI() override;
 

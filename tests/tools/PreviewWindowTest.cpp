@@ -1,0 +1,78 @@
+#include "viewer/PreviewWindow.h"
+
+#include "SampleFiles.h"
+
+#include <QApplication>
+#include <QStatusBar>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class PreviewWindow : public testing::Test {
+protected:
+    const samples::SampleFolder folder;
+    const QString path = folder.save(samples::picture({ 600, 400 }), QStringLiteral("picture.png"));
+    viewer::PreviewWindow window;
+
+    void SetUp() override
+    {
+        window.resize(800, 600);
+        window.show();
+        QApplication::processEvents();
+    }
+
+    QImage grabbed()
+    {
+        QApplication::processEvents();
+        return window.grab().toImage();
+    }
+};
+
+} // namespace
+
+TEST_F(PreviewWindow, showsThePictureAndTellsItsCrop)
+{
+    const QImage before = grabbed();
+    EXPECT_TRUE(window.crop().isNull());
+    window.open(path);
+    EXPECT_NE(grabbed(), before);
+    EXPECT_EQ(window.crop().size(), QSize(400, 400));
+    EXPECT_TRUE(window.statusBar()->currentMessage().startsWith(QStringLiteral("keeps 400 × 400")));
+}
+
+TEST_F(PreviewWindow, cropsToTheShapeThatIsSelected)
+{
+    window.open(path);
+    const QImage square = grabbed();
+    window.shapes().setCurrentText(QStringLiteral("3:1"));
+    EXPECT_EQ(window.crop().size(), QSize(600, 200));
+    EXPECT_NE(grabbed(), square);
+}
+
+TEST_F(PreviewWindow, keepsItsSizeWhateverItShows)
+{
+    window.open(path);
+    grabbed();
+    EXPECT_EQ(window.size(), QSize(800, 600));
+    window.resize(500, 400);
+    grabbed();
+    EXPECT_EQ(window.size(), QSize(500, 400));
+}
+
+TEST_F(PreviewWindow, saysWhatIsWrongWithAFileAndShowsTheLastPictureStill)
+{
+    window.open(path);
+    const QRect crop = window.crop();
+    window.open(folder.path(QStringLiteral("none.png")));
+    EXPECT_TRUE(window.statusBar()->currentMessage().contains(QStringLiteral("no such file")));
+    EXPECT_EQ(window.crop(), crop);
+}
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,79 @@
+#include "PreviewWindow.h"
+
+#include "host/CropWindow.h"
+#include "host/HostError.h"
+#include "host/Overlay.h"
+#include "host/PictureReader.h"
+#include "host/SalienceMap.h"
+
+#include <QFileDialog>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace viewer {
+
+PreviewWindow::PreviewWindow()
+{
+    setWindowTitle(QStringLiteral("Salience"));
+    for (const char* const shape : { "1:1", "4:5", "3:2", "16:9", "9:16", "3:1" })
+        shapeBox.addItem(QLatin1String(shape));
+    view.setAlignment(Qt::AlignCenter);
+    view.setMinimumSize(320, 240);
+    view.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // whatever it shows
+    setCentralWidget(&view);
+
+    QToolBar* const bar = addToolBar(QStringLiteral("Picture"));
+    bar->addAction(QStringLiteral("Open…"), this, &PreviewWindow::chooseFile);
+    bar->addWidget(&shapeBox);
+    connect(&shapeBox, &QComboBox::currentTextChanged, this, &PreviewWindow::refresh);
+}
+
+void PreviewWindow::open(const QString& path)
+try {
+    host::PictureFile file(path, host::ReadingRules());
+    const auto photo = host::SalienceSettings::preset(QStringLiteral("photo"));
+    map = host::salienceMapOf(file.readWorkingImage(), photo);
+    picture = file.readPixels();
+    setWindowTitle(path);
+    refresh();
+} catch (const host::HostError& error) {
+    statusBar()->showMessage(QString::fromUtf8(error.what()));
+}
+
+QRect PreviewWindow::crop() const
+{
+    if (picture.isNull())
+        return {};
+    const host::AspectRatio ratio = host::parseAspectRatio(shapeBox.currentText());
+    return host::chooseWindow(map, picture.size(), ratio).window;
+}
+
+void PreviewWindow::chooseFile()
+{
+    const QString path = QFileDialog::getOpenFileName(this);
+    if (!path.isEmpty())
+        open(path);
+}
+
+void PreviewWindow::refresh()
+{
+    if (picture.isNull())
+        return;
+    const QRect window = crop();
+    const QImage overlay = host::drawOverlay(picture, map, window);
+    view.setPixmap(QPixmap::fromImage(
+        overlay.scaled(view.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    statusBar()->showMessage(QStringLiteral("keeps %1 × %2 pixels from %3, %4")
+                                 .arg(window.width())
+                                 .arg(window.height())
+                                 .arg(window.x())
+                                 .arg(window.y()));
+}
+
+void PreviewWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    refresh();
+}
+
+} // namespace viewer
