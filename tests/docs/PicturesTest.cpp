@@ -1,7 +1,4 @@
-#include "host/CropWindow.h"
-#include "host/Overlay.h"
-#include "host/SalienceMap.h"
-#include "scenes/SampleScenes.h"
+#include "figures/Figures.h"
 
 #include <gtest/gtest.h>
 
@@ -26,15 +23,12 @@ double meanDifference(const QImage& a, const QImage& b)
 
 } // namespace
 
-// The README's picture is a JPEG, so it may differ by what compression costs, and by no more.
-TEST(Pictures, overlayOfTheReadmeShowsWhatTheLibraryDoesToday)
+// The pictures are JPEGs, so they may differ by what compression costs, and by no more.
+TEST(Pictures, showWhatTheLibraryDoesToday)
 {
-    const QImage scene = scenes::drawBalloon();
-    const QImage map = host::salienceMapOf(
-        host::workingImageOf(scene), host::SalienceSettings::preset(QStringLiteral("photo")));
-    const QRect window = host::chooseWindow(map, scene.size(), { 1, 1 }).window;
-    const QImage expected = host::drawOverlay(scene, map, window);
-    const QImage shown(QStringLiteral(DOCS_IMAGES "/overlay.jpg"));
-    ASSERT_EQ(shown.size(), expected.size());
-    EXPECT_LT(meanDifference(shown, expected), 3);
+    for (const figures::Figure& figure : figures::drawFigures()) {
+        const QImage shown(QStringLiteral(DOCS_IMAGES "/%1.jpg").arg(figure.name));
+        ASSERT_EQ(shown.size(), figure.image.size()) << figure.name.toStdString();
+        EXPECT_LT(meanDifference(shown, figure.image), 3) << figure.name.toStdString();
+    }
 }

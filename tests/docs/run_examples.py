@@ -1,5 +1,6 @@
 """run_examples.py FOLDER SCENES: runs the example programs in FOLDER as their first lines say."""
 
+import os
 import pathlib
 import re
 import subprocess
@@ -11,7 +12,8 @@ programs, scenes = pathlib.Path(sys.argv[1]), sys.argv[2]
 
 def run(folder, name, *arguments):
     ended = subprocess.run([programs / f"example-{name}", *arguments], cwd=folder, text=True,
-                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False,
+                           env=dict(os.environ, QT_QPA_PLATFORM="offscreen"))
     return ended.returncode, ended.stdout
 
 
@@ -41,4 +43,8 @@ with tempfile.TemporaryDirectory() as name:
     assert code == 0 and match, (code, out)
     # The balloon is right of the middle: keeping it moves the square to the right.
     assert int(match.group(2)) > int(match.group(1)), out
+
+    code, out = run(folder, "live-preview", "balloon.png", "preview.png")
+    assert code == 0 and (folder / "preview.png").stat().st_size > 50_000, (code, out)
+    assert run(folder, "live-preview", "none.png")[0] == 64
 print("all examples ran")
