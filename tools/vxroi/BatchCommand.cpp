@@ -9,6 +9,8 @@
 
 #include "host/CodecMessages.h"
 
+#include <CLI/CLI.hpp>
+
 #include <optional>
 
 namespace vxroi {
@@ -120,5 +122,36 @@ private:
 } // namespace
 
 ExitCode runBatch(const BatchArguments& arguments) { return Batch(arguments).run(); }
+
+void addBatchCommand(CLI::App& app, BatchArguments& arguments, host::ExitCode& exitCode)
+{
+    CLI::App* const batch = app.add_subcommand(
+        "batch", "Crop the pictures of a folder or a list, and print a JSON record for each");
+    batch->add_option("FOLDER", arguments.folder, "the folder of pictures");
+    batch->add_flag("-r,--recursive", arguments.recursive, "also the folders within it");
+    CLI::Option* const from
+        = batch
+              ->add_option("--from", arguments.from,
+                  "read paths, or inputs as JSON, from the lines of this file; - is standard input")
+              ->type_name("FILE");
+    batch->add_flag("-0,--null", arguments.nulSeparated, "paths of the list end in NUL")
+        ->needs(from);
+    arguments.crop.addTo(*batch);
+    batch
+        ->add_option("--resume", arguments.resume,
+            "write records to this file, behind those of an earlier run that it holds")
+        ->type_name("FILE");
+    batch
+        ->add_option("--shard", arguments.shard,
+            "crop only this part of the list, such as 2/8; auto asks the array job")
+        ->type_name("I/N");
+    batch
+        ->add_option("-j,--jobs", arguments.jobs, "pictures at a time (default: one for each core)")
+        ->type_name("N")
+        ->check(CLI::Range(1, 1024));
+    batch->add_flag("-q,--quiet", arguments.quiet, "say nothing about progress and failures");
+    arguments.analysis.addTo(*batch);
+    batch->callback([&] { exitCode = runBatch(arguments); });
+}
 
 } // namespace vxroi

@@ -20,6 +20,9 @@ struct BatchArguments {
     AnalysisOptions analysis;
 };
 
+/// Adds the command to the program's; its callback runs it and sets \a exitCode.
+void addBatchCommand(CLI::App& app, BatchArguments& arguments, host::ExitCode& exitCode);
+
 /// Crops the pictures of a folder or a list on all cores, and writes one record of JSON for each, in
 /// the order of the list. Failures of single pictures are in their records.
 /// \throws host::HostError when the command line is wrong, there is no picture, or the records cannot

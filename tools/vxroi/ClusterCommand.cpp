@@ -7,6 +7,8 @@
 #include "host/PictureReader.h"
 #include "host/SalienceMap.h"
 
+#include <CLI/CLI.hpp>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -52,6 +54,21 @@ void runCluster(const ClusterArguments& arguments)
         { QStringLiteral("columns"), grid.width() }, { QStringLiteral("rows"), grid.height() },
         { QStringLiteral("cells"), cells } };
     std::cout << QJsonDocument(table).toJson(QJsonDocument::Compact).constData() << '\n';
+}
+
+void addClusterCommand(CLI::App& app, ClusterArguments& arguments)
+{
+    CLI::App* const cluster = app.add_subcommand(
+        "cluster", "Print how salient each cell of a grid over a picture is, as JSON");
+    cluster->add_option("PICTURE", arguments.picture, "the picture file to read")->required();
+    cluster->add_option("--grid", arguments.grid, "columns and rows of the grid")
+        ->type_name("CxR")
+        ->capture_default_str();
+    cluster->add_option("-o,--output", arguments.output, "paint the cells into this PNG file")
+        ->type_name("FILE");
+    addIfExistsOption(*cluster, arguments.ifExists);
+    arguments.analysis.addTo(*cluster);
+    cluster->callback([&arguments] { runCluster(arguments); });
 }
 
 } // namespace vxroi

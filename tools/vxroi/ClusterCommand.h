@@ -15,6 +15,9 @@ struct ClusterArguments {
     AnalysisOptions analysis;
 };
 
+/// Adds the command to the program's; its callback runs it.
+void addClusterCommand(CLI::App& app, ClusterArguments& arguments);
+
 /// Prints how salient each cell of a grid over the picture is, as one line of JSON, and writes the
 /// cells as a picture when an output is named.
 /// \throws host::HostError

@@ -3,6 +3,8 @@
 #include "Tasks.h"
 #include "host/CodecMessages.h"
 
+#include <CLI/CLI.hpp>
+
 #include <iostream>
 
 namespace vxroi {
@@ -75,6 +77,22 @@ host::ExitCode runCrop(const CropArguments& arguments)
         hasFailed = hasFailed || record.failure;
     }
     return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
+}
+
+void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exitCode)
+{
+    CLI::App* const crop
+        = app.add_subcommand("crop", "Choose the windows to keep of pictures, and crop them");
+    crop->add_option("PICTURE", arguments.pictures, "the picture files to read")->required();
+    arguments.crop.addTo(*crop);
+    crop->add_flag("--json", arguments.json, "print one record for each picture, as JSON");
+    crop->add_option("--emit", arguments.emit,
+            "print windows as geometry, WxH+X+Y in pixels, or as css, object-position")
+        ->type_name("WHAT")
+        ->check(CLI::IsMember({ "geometry", "css" }))
+        ->capture_default_str();
+    arguments.analysis.addTo(*crop);
+    crop->callback([&] { exitCode = runCrop(arguments); });
 }
 
 } // namespace vxroi

@@ -16,6 +16,9 @@ struct CropArguments {
     std::string emit = "geometry";
 };
 
+/// Adds the command to the program's; its callback runs it and sets \a exitCode.
+void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exitCode);
+
 /// Prints the windows to keep; writes the cropped pictures when an output is named. Failures of single
 /// pictures among several are reported on stderr.
 /// \throws host::HostError when the command line is wrong, or the only picture fails.

@@ -8,6 +8,8 @@
 #include "host/PictureReader.h"
 #include "host/SalienceMap.h"
 
+#include <CLI/CLI.hpp>
+
 #include <QDir>
 
 #include <optional>
@@ -34,27 +36,38 @@ void createFolder(const QString& path)
             QStringLiteral("name a folder, or a place where one can be made"));
 }
 
+// Where the maps go: one of them at least is named.
+struct MapOutputs {
+    explicit MapOutputs(const MapArguments& arguments)
+        : map(QString::fromStdString(arguments.output))
+        , overlay(QString::fromStdString(arguments.overlay))
+        , folder(QString::fromStdString(arguments.perMethod))
+    {
+        if (map.isEmpty() && overlay.isEmpty() && folder.isEmpty())
+            throw HostError(ExitCode::Usage, QStringLiteral("map"),
+                QStringLiteral("no output is named"),
+                QStringLiteral("add --output, --overlay or --per-method; see vxroi map --help"));
+        if (!map.isEmpty())
+            requirePng(map);
+    }
+
+    QString map;
+    QString overlay;
+    QString folder; ///< of the maps of single methods
+};
+
 } // namespace
 
 void runMap(const MapArguments& arguments)
 {
-    const QString input = QString::fromStdString(arguments.picture);
-    const QString mapPath = QString::fromStdString(arguments.output);
-    const QString folder = QString::fromStdString(arguments.perMethod);
-    const QString overlayPath = QString::fromStdString(arguments.overlay);
+    const MapOutputs outputs(arguments);
     const std::optional<host::AspectRatio> ratio = ratioOf(arguments.ratio);
-    if (mapPath.isEmpty() && folder.isEmpty() && overlayPath.isEmpty())
-        throw HostError(ExitCode::Usage, QStringLiteral("map"),
-            QStringLiteral("no output is named"),
-            QStringLiteral("add --output, --overlay or --per-method; see vxroi map --help"));
-    if (!mapPath.isEmpty())
-        requirePng(mapPath);
-
     const host::SalienceSettings settings = arguments.analysis.salience();
     host::Wishes wishes;
     for (const std::string& area : arguments.keep)
         wishes.keep.append(parseArea(QString::fromStdString(area)));
 
+    const QString input = QString::fromStdString(arguments.picture);
     host::PictureFile picture(input, arguments.analysis.reading());
     const QImage working = picture.readWorkingImage();
     wishes.keep = host::areasWithin(picture.orientedSize(), wishes.keep);
@@ -66,20 +79,48 @@ void runMap(const MapArguments& arguments)
         return arguments.stretch ? host::stretched(levels) : levels;
     };
     OutputFiles files(input, arguments.ifExists);
-    if (!mapPath.isEmpty())
-        files.add(shown(map), mapPath);
-    if (!overlayPath.isEmpty()) {
+    if (!outputs.map.isEmpty())
+        files.add(shown(map), outputs.map);
+    if (!outputs.overlay.isEmpty()) {
         const QImage pixels = picture.readPixels();
         const QRect window
             = ratio ? host::chooseWindow(map, pixels.size(), *ratio, wishes).window : QRect();
-        files.add(host::drawOverlay(pixels, map, window, wishes.keep), overlayPath);
+        files.add(host::drawOverlay(pixels, map, window, wishes.keep), outputs.overlay);
     }
-    if (!folder.isEmpty()) {
-        createFolder(folder);
+    if (!outputs.folder.isEmpty()) {
+        createFolder(outputs.folder);
         for (const host::MethodMap& single : host::methodMapsOf(working, settings, areas))
-            files.add(shown(single.map), QStringLiteral("%1/%2.png").arg(folder, single.method));
+            files.add(
+                shown(single.map), QStringLiteral("%1/%2.png").arg(outputs.folder, single.method));
     }
     files.commit();
+}
+
+void addMapCommand(CLI::App& app, MapArguments& arguments)
+{
+    CLI::App* const map = app.add_subcommand("map", "Write what draws the eye as pictures");
+    map->add_option("PICTURE", arguments.picture, "the picture file to read")->required();
+    map->add_option("-o,--output", arguments.output, "write the salience map to this PNG file")
+        ->type_name("FILE");
+    map->add_option("--per-method", arguments.perMethod,
+           "write the map of each method into this folder, as PNG files")
+        ->type_name("DIR");
+    CLI::Option* const overlay
+        = map->add_option("--overlay", arguments.overlay,
+                 "write the picture with the map over it as heat to this file")
+              ->type_name("FILE");
+    map->add_option("--ratio", arguments.ratio, "outline the crop of this shape in the overlay")
+        ->type_name("W:H")
+        ->needs(overlay);
+    map->add_option("--keep", arguments.keep, "a very important area, in pixels")
+        ->type_name("X,Y,W,H")
+        ->expected(1)
+        ->take_all();
+    map->add_flag("--stretch", arguments.stretch,
+        "stretch the levels of maps to reach from black to white, for the eye");
+    addIfExistsOption(*map, arguments.ifExists);
+    arguments.analysis.addTo(*map);
+    map->callback([&arguments] { runMap(arguments); });
 }
 
 } // namespace vxroi

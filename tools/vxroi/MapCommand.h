@@ -20,6 +20,9 @@ struct MapArguments {
     AnalysisOptions analysis;
 };
 
+/// Adds the command to the program's; its callback runs it.
+void addMapCommand(CLI::App& app, MapArguments& arguments);
+
 /// Writes what the arguments name of a picture's salience: all of it or nothing.
 /// \throws host::HostError
 void runMap(const MapArguments& arguments);

@@ -3,10 +3,12 @@
 #include "Inputs.h"
 #include "OrderedWork.h"
 #include "OutputFiles.h"
-#include "ReportEntry.h"
+#include "ReportArticle.h"
 
 #include "host/CodecMessages.h"
 #include "host/HostError.h"
+
+#include <CLI/CLI.hpp>
 
 #include <QFile>
 #include <QFileInfo>
@@ -114,6 +116,24 @@ ExitCode runReport(const ReportArguments& arguments)
     page.addPart("tail.html");
     page.finish();
     return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
+}
+
+void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode& exitCode)
+{
+    CLI::App* const report = app.add_subcommand(
+        "report", "Write a page that shows the crops of many pictures and why they were chosen");
+    report->add_option("PICTURE", arguments.inputs, "picture files, and folders of them")
+        ->required();
+    report->add_flag("-r,--recursive", arguments.recursive, "also the folders within folders");
+    report->add_option("-o,--output", arguments.output, "write the page to this HTML file")
+        ->type_name("FILE")
+        ->required();
+    report->add_option("--ratio", arguments.ratios, "shapes of the crops, such as 16:9 or 1:1,4:5")
+        ->type_name("W:H,...")
+        ->capture_default_str();
+    addIfExistsOption(*report, arguments.ifExists);
+    arguments.analysis.addTo(*report);
+    report->callback([&] { exitCode = runReport(arguments); });
 }
 
 } // namespace vxroi

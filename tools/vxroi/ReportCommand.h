@@ -17,6 +17,9 @@ struct ReportArguments {
     AnalysisOptions analysis;
 };
 
+/// Adds the command to the program's; its callback runs it and sets \a exitCode.
+void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode& exitCode);
+
 /// Writes one page of HTML, with all its pictures in it, that shows for each input its crop beside the
 /// centre crop, its maps and the numbers.
 /// \throws host::HostError when the page cannot be written, or there is no picture.

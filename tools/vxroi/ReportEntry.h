@@ -38,8 +38,4 @@ struct ReportEntry {
 ReportEntry reportEntryOf(const QString& path, const QVector<host::CropShape>& shapes,
     const host::SalienceSettings& settings, const host::ReadingRules& rules);
 
-/// The article of \a entry: HTML with its pictures in it.
-/// \param position its place in the order given.
-QByteArray articleOf(const ReportEntry& entry, int position);
-
 } // namespace vxroi
