@@ -32,7 +32,7 @@ int main(int argc, char** argv)
     int failures = 0;
     for (std::size_t i = 0; i < paths.size(); ++i) {
         std::cout << paths[i] << ": from column " << starts[i] << " of the map\n";
-        failures += starts[i] < 0;
+        failures += starts[i] < 0 ? 1 : 0;
     }
     return failures == 0 ? 0 : 1;
 }

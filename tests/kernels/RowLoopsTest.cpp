@@ -50,6 +50,7 @@ std::vector<double> contrastsOf(
         return all;
     }();
     std::vector<double> reciprocals;
+    reciprocals.reserve(widths.size());
     for (const double columns : widths)
         reciprocals.push_back(1 / columns);
 

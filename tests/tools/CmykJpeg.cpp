@@ -27,14 +27,13 @@ QByteArray cmykJpeg(const QSize& size, const QByteArray& profile)
     jpeg_write_marker(&encoder, JPEG_APP0 + 2, reinterpret_cast<const JOCTET*>(segment.constData()),
         static_cast<unsigned>(segment.size()));
     std::vector<JSAMPLE> row(static_cast<std::size_t>(size.width()) * 4, 200);
-    JSAMPROW rows[] = { row.data() };
+    JSAMPROW samples = row.data();
     while (encoder.next_scanline < encoder.image_height)
-        jpeg_write_scanlines(&encoder, rows, 1);
+        jpeg_write_scanlines(&encoder, &samples, 1);
     jpeg_finish_compress(&encoder);
     jpeg_destroy_compress(&encoder);
-    const QByteArray jpeg(reinterpret_cast<const char*>(bytes), static_cast<int>(length));
-    std::free(
-        bytes); // NOLINT(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory): libjpeg's
+    QByteArray jpeg(reinterpret_cast<const char*>(bytes), static_cast<int>(length));
+    std::free(bytes); // NOLINT(cppcoreguidelines-no-malloc): libjpeg took it from malloc
     return jpeg;
 }
 

@@ -90,7 +90,7 @@ TEST(Cropper, writesTheExactSizeWithinTheFrameForTenThousandRandomPictures)
             const host::CropTask task = crop.taskIn(folder.path(QString::number(thread)));
             const QString miss = crop.misses(task, cropper.crop(task), rules.upscales);
             EXPECT_TRUE(miss.isEmpty()) << seed << ": " << miss.toStdString();
-            misses.at(thread) += !miss.isEmpty();
+            misses.at(thread) += miss.isEmpty() ? 0 : 1;
         }
     };
     QThreadPool threads;

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <iterator>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -168,10 +169,10 @@ TEST_F(PictureReader, tellsWhereARectangleLiesInTheStoredPicture)
 TEST_F(PictureReader, refusesTooManyPixelsBeforeItDecodesThem)
 {
     host::ReadingRules rules;
-    rules.mostPixels = 96 * 64 - 1;
+    rules.mostPixels = qint64 { 96 } * 64 - 1;
     const QString path = folder.save(picture, QStringLiteral("picture.png"));
     EXPECT_THROW(host::PictureFile(path, rules), host::HostError);
-    rules.mostPixels = 96 * 64;
+    rules.mostPixels = qint64 { 96 } * 64;
     EXPECT_NO_THROW(host::PictureFile(path, rules));
     rules.mostBytes = 10;
     EXPECT_THROW(host::PictureFile(path, rules), host::HostError);
@@ -228,4 +229,38 @@ TEST_F(PictureReader, keepsProfileAndResolutionOfATurnedPicture)
         EXPECT_EQ(read.colorSpace(), QColorSpace(QColorSpace::AdobeRgb)) << int { orientation };
         EXPECT_EQ(read.dotsPerMeterX(), orientation < 5 ? 3937 : 7874) << int { orientation };
     }
+}
+
+TEST_F(PictureReader, takesTheScreenOfAGifForThePictureNotItsFirstFrame)
+{
+    // A screen of 3 by 2 pixels with a frame of one pixel.
+    const QByteArray gif = QByteArray("GIF89a")
+        + QByteArray::fromHex("03000200800000"
+                              "000000FFFFFF"
+                              "2C000000000100010000"
+                              "0202440100"
+                              "3B");
+    const QString path = folder.save(gif, QStringLiteral("screen.gif"));
+    EXPECT_EQ(host::PictureFile(path, host::ReadingRules()).storedSize(), QSize(3, 2));
+    EXPECT_EQ(readPixels(path).size(), QSize(3, 2));
+    host::ReadingRules rules;
+    rules.mostPixels = 5;
+    EXPECT_THROW(host::PictureFile(path, rules), host::HostError);
+}
+
+TEST_F(PictureReader, refusesFormatsWhoseDecodersCannotBeLimited)
+{
+    for (const char* const format : { "ico", "xbm" }) {
+        const QString path = folder.save(
+            samples::encoded(picture.scaled(32, 32), format), QStringLiteral("called.png"));
+        EXPECT_EQ(failureOf(path), ExitCode::UnreadableInput) << format;
+    }
+}
+
+TEST_F(PictureReader, refusesDevicesAndPipesThatNobodyWritesTo)
+{
+    EXPECT_EQ(failureOf(QStringLiteral("/dev/zero")), ExitCode::MissingInput);
+    const QString pipe = folder.path(QStringLiteral("pipe.png"));
+    ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    EXPECT_EQ(failureOf(pipe), ExitCode::UnreadableInput);
 }

@@ -4,7 +4,10 @@
 #include "host/HostError.h"
 #include "support/ImageAssert.h"
 
+#include <QDir>
 #include <QFile>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -57,7 +60,9 @@ TEST_F(PictureWriter, replacesAFileOfThatName)
 
 TEST_F(PictureWriter, refusesNamesThatCannotBeWritten)
 {
-    for (const char* const name : { "no-suffix", "odd.xyz", "no/such/folder/a.png" })
+    // An icon would be made smaller, a black and white format would lose the colours.
+    for (const char* const name :
+        { "no-suffix", "odd.xyz", "a.ico", "a.xbm", "no/such/folder/a.png" })
         EXPECT_EQ(failureOf(folder.path(QString::fromUtf8(name))), ExitCode::CannotCreate) << name;
     EXPECT_TRUE(folder.names().isEmpty());
 }
@@ -73,4 +78,28 @@ TEST_F(PictureWriter, refusesToOverwriteTheInputUnderAnyOfItsNames)
     }
     EXPECT_NO_THROW(host::refuseToOverwriteInput(path, folder.path(QStringLiteral("other.png"))));
     EXPECT_NO_THROW(host::refuseToOverwriteInput(path, QString()));
+}
+
+TEST_F(PictureWriter, replacesNothingThatIsNoFile)
+{
+    const QString pipe = folder.path(QStringLiteral("pipe.png"));
+    ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    EXPECT_EQ(failureOf(pipe), ExitCode::CannotCreate);
+    const QString subfolder = folder.path(QStringLiteral("folder.png"));
+    ASSERT_TRUE(QDir().mkdir(subfolder));
+    EXPECT_EQ(failureOf(subfolder), ExitCode::CannotCreate);
+}
+
+TEST_F(PictureWriter, saysThatASizeIsBeyondTheFormat)
+{
+    const QString path = folder.path(QStringLiteral("wide.jpg"));
+    const QImage wide(70000, 1, QImage::Format_RGB32);
+    try {
+        const host::PictureWriter writer(wide, path);
+        ADD_FAILURE() << "no JPEG is that wide";
+    } catch (const host::HostError& error) {
+        EXPECT_EQ(error.code(), ExitCode::CannotCreate);
+        EXPECT_TRUE(error.reason().contains(QStringLiteral("70000 x 1")));
+    }
+    EXPECT_TRUE(folder.names().isEmpty());
 }

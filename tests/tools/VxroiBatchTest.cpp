@@ -154,6 +154,54 @@ TEST_F(VxroiBatch, takesWishesWithEachInput)
     EXPECT_TRUE(reasonOf(all.at(6)).startsWith(QStringLiteral("not JSON")));
 }
 
+TEST_F(VxroiBatch, refusesNamesThatNoFileHas)
+{
+    folder.save(QByteArray("in/p00.png") + '\0'
+            + QByteArray("x\n{\"path\": \"in/p00.png\", \"out\": \"a\\u0000.png\"}\n"
+                         "{\"path\": \"\\ud800.png\"}\n"),
+        QStringLiteral("list"));
+    const QList<QJsonObject> all = records(batch(QStringLiteral("--from list --ratio 1:1")).out);
+    ASSERT_EQ(all.size(), 3);
+    for (const QJsonObject& record : all)
+        EXPECT_TRUE(reasonOf(record).contains(QStringLiteral("characters that no name has")));
+    EXPECT_FALSE(QFile::exists(folder.path(QStringLiteral("a"))));
+}
+
+TEST_F(VxroiBatch, refusesWhatIsNoList)
+{
+    EXPECT_EQ(batch(QStringLiteral("--from in --ratio 1:1")).exitCode, 65) << "a folder";
+    EXPECT_EQ(batch(QStringLiteral("--from /dev/zero --ratio 1:1")).exitCode, 65) << "no end";
+}
+
+TEST_F(VxroiBatch, knowsAnOutputByWhateverNameItHas)
+{
+    shell(QStringLiteral("mkdir out; ln -s out link"));
+    folder.save(QByteArray("{\"path\": \"in/p00.png\", \"out\": \"out/x.png\"}\n"
+                           "{\"path\": \"in/p01.png\", \"out\": \"link/x.png\"}\n"),
+        QStringLiteral("list"));
+    const QList<QJsonObject> all = records(batch(QStringLiteral("--from list --ratio 1:1")).out);
+    ASSERT_EQ(all.size(), 2);
+    EXPECT_EQ(reasonOf(all.at(1)), QStringLiteral("named for two outputs"));
+}
+
+TEST_F(VxroiBatch, hasARecordForAPictureWhoseNameIsNoText)
+{
+    shell(QStringLiteral("cp in/p00.png \"$(printf 'in/odd\\377.png')\""));
+    const Outcome outcome = batch(QStringLiteral("in --ratio 1:1"));
+    EXPECT_EQ(records(outcome.out).size(), 11);
+    EXPECT_EQ(reasonOf(records(outcome.out).first()), QStringLiteral("no such file"));
+}
+
+TEST_F(VxroiBatch, leavesHiddenFilesAndLinksToFoldersOut)
+{
+    shell(QStringLiteral(
+        "cp in/p00.png in/.hidden.png; ln -s ../in in/again; mkdir in/.dir; "
+        "cp in/p00.png in/.dir; echo text > in/notes.txt; ln -s p00.png in/link.png"));
+    const QStringList paths = pathsOf(batch(QStringLiteral("in -r --ratio 1:1")).out);
+    EXPECT_EQ(paths.size(), 13);
+    EXPECT_EQ(paths.filter(QStringLiteral("link")), QStringList { QStringLiteral("in/link.png") });
+}
+
 TEST_F(VxroiBatch, refusesWrongCommandLinesAndEmptyLists)
 {
     EXPECT_EQ(batch(QStringLiteral("--ratio 1:1")).exitCode, 64);
@@ -264,7 +312,8 @@ TEST_F(VxroiBatch, refusesToResumeRecordsOfOtherPicturesAndForeignFiles)
     const QByteArray whole = contentOf(QStringLiteral("records"));
     EXPECT_EQ(batch(QStringLiteral("in/deeper --ratio 1:1 --resume records")).exitCode, 64);
     EXPECT_EQ(contentOf(QStringLiteral("records")), whole);
-    for (const char* const content : { "a diary", "a diary\n", "{\"a\": 1}", "{\"a\": 1}\n" }) {
+    for (const char* const content : { "a diary", "a diary\n", "{\"a\": 1}", "{\"a\": 1}\n",
+             "{\"error\":{\"message\":\"mine\"}}" }) {
         folder.save(QByteArray(content), QStringLiteral("mine"));
         EXPECT_EQ(batch(QStringLiteral("in --ratio 1:1 --resume mine")).exitCode, 64) << content;
         EXPECT_EQ(contentOf(QStringLiteral("mine")), QByteArray(content));

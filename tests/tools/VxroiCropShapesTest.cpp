@@ -150,6 +150,8 @@ TEST_F(VxroiCropShapes, aDryRunWritesNothingAndSaysWhatItWould)
     EXPECT_TRUE(outcome.out.contains("\"status\":\"planned\""));
     EXPECT_TRUE(outcome.out.contains("dry/picture.png"));
     EXPECT_FALSE(QDir(folder.path(QStringLiteral("dry"))).exists());
+    EXPECT_EQ(crop(QStringLiteral("--ratio 1:1 --dry-run -o x.xyz")).exitCode, 73)
+        << "what could not be written is not promised";
 }
 
 TEST_F(VxroiCropShapes, emitsTheObjectPositionThatShowsTheWindow)

@@ -50,8 +50,8 @@ Sample::Sample(const QString& photograph, const QString& points)
     for (int y = 0; y < counted.height(); ++y) {
         const uchar* const row = counted.constScanLine(y);
         for (int x = 0; x < counted.width(); ++x) {
-            columns[x + 1] += row[x] != 0;
-            rows[y + 1] += row[x] != 0;
+            columns[x + 1] += row[x] == 0 ? 0 : 1;
+            rows[y + 1] += row[x] == 0 ? 0 : 1;
         }
     }
     accumulate(columns);

@@ -1,10 +1,8 @@
 #include "CodecMessages.h"
 
-#include <QMutex>
-#include <QMutexLocker>
-
 #include <cstdio>
 #include <fcntl.h>
+#include <mutex>
 #include <unistd.h>
 
 namespace host {
@@ -15,7 +13,7 @@ namespace {
 // lies beside the objects.
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
 thread_local CodecMessages* collecting = nullptr;
-QMutex redirection;
+std::mutex redirection;
 int redirectionCount = 0;
 int savedStderr = STDERR_FILENO;
 QtMessageHandler previousHandler = nullptr;
@@ -64,7 +62,7 @@ void restore()
 
 CodecMessages::CodecMessages()
 {
-    const QMutexLocker lock(&redirection);
+    const std::lock_guard<std::mutex> lock(redirection);
     collecting = this;
     if (redirectionCount++ == 0)
         redirect();
@@ -72,7 +70,7 @@ CodecMessages::CodecMessages()
 
 CodecMessages::~CodecMessages()
 {
-    const QMutexLocker lock(&redirection);
+    const std::lock_guard<std::mutex> lock(redirection);
     collecting = nullptr;
     if (--redirectionCount == 0)
         restore();
@@ -85,7 +83,7 @@ bool CodecMessages::mention(const QString& words) const
 
 void writeError(const std::string& text)
 {
-    const QMutexLocker lock(&redirection);
+    const std::lock_guard<std::mutex> lock(redirection);
     std::size_t written = 0;
     while (written < text.size()) {
         const ssize_t count = write(savedStderr, text.data() + written, text.size() - written);

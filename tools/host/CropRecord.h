@@ -25,8 +25,8 @@ struct CropResult {
     QString shape; ///< the ratio or the size, as asked for
     Choice choice;
     QRect stored; ///< the window in pixels of the picture as it is stored
-    double salience; ///< the share of the map that the window holds, 0 to 1
-    double centreSalience; ///< the same of the window in the middle
+    double salience = 0; ///< the share of the map that the window holds, 0 to 1
+    double centreSalience = 0; ///< the same of the window in the middle
     QSize outputSize; ///< of the picture that is written
     QString outputPath;
     Written written = Written::Nothing;

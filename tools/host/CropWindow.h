@@ -33,7 +33,7 @@ struct Wishes {
 /// A window within a picture.
 struct Choice {
     QRect window; ///< in picture pixels
-    Decider decider;
+    Decider decider = Decider::Centre;
 };
 
 /// The largest window of \a ratio that fits into \a picture.

@@ -69,8 +69,11 @@ void Cropper::plan(CropRecord& record, const CropTask& task) const
         CropResult crop;
         crop.shape = task.shapes.at(i).name;
         crop.outputPath = task.outputs.value(i);
-        if (!crop.outputPath.isEmpty())
+        if (!crop.outputPath.isEmpty()) {
             refuseToOverwriteInput(task.path, crop.outputPath);
+            requireReplaceable(crop.outputPath);
+            formatOf(crop.outputPath);
+        }
         crop.written = planFor(crop.outputPath);
         record.crops.append(crop);
     }

@@ -30,6 +30,17 @@ bool isIncomplete(const CodecMessages& messages)
 
 void prepare(QImageReader& reader) { reader.setDecideFormatFromContent(true); }
 
+// The formats whose headers tell how large the picture is, and whose decoders believe them. There is more
+// that Qt's plugins read; but a decoder that makes room for what an inner header claims cannot be limited.
+const QStringList& readFormats()
+{
+    static const QStringList formats { QStringLiteral("bmp"), QStringLiteral("gif"),
+        QStringLiteral("jpeg"), QStringLiteral("pbm"), QStringLiteral("pgm"), QStringLiteral("png"),
+        QStringLiteral("ppm"), QStringLiteral("tga"), QStringLiteral("tiff"),
+        QStringLiteral("webp"), QStringLiteral("xpm") };
+    return formats;
+}
+
 bool turns(QImageIOHandler::Transformations transformation)
 {
     return transformation.testFlag(QImageIOHandler::TransformationRotate90);
@@ -52,37 +63,51 @@ QImage orientedBy(QImageIOHandler::Transformations transformation, QImage stored
 
 } // namespace
 
+QStringList pictureSuffixes()
+{
+    return readFormats() + QStringList { QStringLiteral("jpg"), QStringLiteral("tif") };
+}
+
 PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
     : name(path)
     , readingRules(rules)
     , device(openPicture(path, rules.mostBytes))
 {
-    {
-        const CodecMessages messages;
-        QImageReader reader(device.get());
-        prepare(reader);
-        formatName = QString::fromLatin1(reader.format());
-        if (!reader.canRead())
-            throw HostError(ExitCode::UnreadableInput, path,
-                QStringLiteral("not a picture in a known format"),
-                QStringLiteral("convert it to PNG or JPEG"));
-        stored = reader.size();
-        transformation = reader.transformation();
-        if (reader.supportsAnimation() && reader.imageCount() > 1)
-            warn(QStringLiteral("animated: only the first frame is used"));
-    }
-    // Some headers do not tell the size.
-    if (!stored.isValid())
-        stored = decode(QSize()).size();
-    const qint64 pixels = qint64 { stored.width() } * stored.height();
-    if (pixels > rules.mostPixels)
-        throw HostError(ExitCode::UnreadableInput, path,
-            QStringLiteral("%1 x %2 pixels are too many").arg(stored.width()).arg(stored.height()),
-            QStringLiteral("allow them with --max-pixels %1").arg(pixels));
+    readHeader();
     device->seek(0);
+    if (formatName == QLatin1String("gif"))
+        stored = gifScreenSize(*device);
+    if (stored.isEmpty())
+        throwDamaged(name);
+    refuseTooLarge(stored);
     isCmyk = isJpeg() && isCmykJpeg(*device);
     if (isCmyk)
         warn(QStringLiteral("CMYK: its colours are converted without its profile"));
+}
+
+void PictureFile::readHeader()
+{
+    const CodecMessages messages;
+    QImageReader reader(device.get());
+    prepare(reader);
+    formatName = QString::fromLatin1(reader.format());
+    if (!readFormats().contains(formatName) || !reader.canRead())
+        throw HostError(ExitCode::UnreadableInput, name,
+            QStringLiteral("not a picture in a known format"),
+            QStringLiteral("convert it to PNG or JPEG"));
+    stored = reader.size();
+    transformation = reader.transformation();
+    if (reader.supportsAnimation() && reader.imageCount() > 1)
+        warn(QStringLiteral("animated: only the first frame is used"));
+}
+
+void PictureFile::refuseTooLarge(const QSize& size) const
+{
+    const qint64 pixels = qint64 { size.width() } * size.height();
+    if (pixels > readingRules.mostPixels)
+        throw HostError(ExitCode::UnreadableInput, name,
+            QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()),
+            QStringLiteral("allow them with --max-pixels %1").arg(pixels));
 }
 
 QSize PictureFile::orientedSize() const
@@ -141,7 +166,8 @@ QImage PictureFile::decode(const QSize& scaledTo)
     if (scaledTo.isValid())
         reader.setScaledSize(scaledTo);
     QImage picture = reader.read();
-    if (picture.isNull())
+    // What a header announces and what is behind it may differ.
+    if (picture.size() != (scaledTo.isValid() ? scaledTo : stored))
         throwDamaged(name);
     if (isIncomplete(messages)) {
         if (readingRules.onBroken == OnBroken::Error)

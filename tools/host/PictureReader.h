@@ -22,9 +22,13 @@ struct ReadingRules {
     OnBroken onBroken = OnBroken::Error; ///< a damaged picture whose rest can be decoded
 };
 
+/// The suffixes that files of the formats that are read go by, in lower case.
+QStringList pictureSuffixes();
+
 /// A picture in a file.
 ///
-/// The content decides the format, not the name; of several frames the first is read; the EXIF
+/// BMP, GIF, JPEG, PBM, PGM, PNG, PPM, TGA, TIFF, WebP and XPM are read, as far as Qt has plugins for
+/// them. The content decides the format, not the name; of several frames the first is read; the EXIF
 /// orientation is applied.
 class PictureFile {
 public:
@@ -62,6 +66,8 @@ public:
     const QStringList& warnings() const { return notes; }
 
 private:
+    void readHeader();
+    void refuseTooLarge(const QSize& size) const;
     QImage decode(const QSize& scaledTo);
     void warn(const QString& note);
 

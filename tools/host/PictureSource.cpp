@@ -5,9 +5,11 @@
 #include <QBuffer>
 #include <QDataStream>
 #include <QFile>
-#include <QFileInfo>
 
-#include <utility>
+#include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
 
 namespace host {
 
@@ -20,12 +22,31 @@ namespace {
         QStringLiteral("allow more with --max-bytes"));
 }
 
-// A pipe is read to its end, because a decoder may begin anew.
-std::unique_ptr<QIODevice> contentOf(QIODevice& pipe, const QString& path, qint64 mostBytes)
+[[noreturn]] void throwNotOpened(const QString& path, const QString& reason)
 {
+    throw HostError(ExitCode::MissingInput, path, reason, QStringLiteral("check its permissions"));
+}
+
+// A pipe is read to its end, because a decoder may begin anew. It may have no writer, or one that
+// stopped: nobody waits for ever.
+std::unique_ptr<QIODevice> contentOfPipe(const QString& path, qint64 mostBytes)
+{
+    constexpr int patience = 10'000; // milliseconds
+    QFile pipe;
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
+    const int descriptor
+        = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (!pipe.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle))
+        throwNotOpened(path, pipe.errorString());
     auto content = std::make_unique<QBuffer>();
     content->open(QIODevice::ReadWrite);
     while (content->size() <= mostBytes) {
+        pollfd waiting { descriptor, POLLIN, 0 };
+        if (poll(&waiting, 1, patience) <= 0)
+            throw HostError(ExitCode::UnreadableInput, path,
+                QStringLiteral("nothing was written to the pipe for %1 seconds")
+                    .arg(patience / 1000),
+                QStringLiteral("check the program that writes to it"));
         const QByteArray part = pipe.read(1 << 20);
         if (part.isEmpty())
             break;
@@ -37,30 +58,48 @@ std::unique_ptr<QIODevice> contentOf(QIODevice& pipe, const QString& path, qint6
     return content;
 }
 
+std::unique_ptr<QIODevice> openFile(const QString& path, qint64 mostBytes)
+{
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(QIODevice::ReadOnly))
+        throwNotOpened(path, file->errorString());
+    if (file->size() > mostBytes)
+        throwTooLarge(path, mostBytes);
+    return file;
+}
+
 } // namespace
 
 std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        throw HostError(ExitCode::MissingInput, path, QStringLiteral("no such file"),
+    struct stat status = {};
+    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+        throw HostError(ExitCode::MissingInput, path,
+            errno == ENOENT ? QStringLiteral("no such file") : qt_error_string(errno),
             QStringLiteral("check the name and the folder"));
-    if (info.isDir())
+    if (S_ISDIR(status.st_mode))
         throw HostError(ExitCode::MissingInput, path, QStringLiteral("is a folder"),
             QStringLiteral("name a picture in it"));
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(QIODevice::ReadOnly))
-        throw HostError(ExitCode::MissingInput, path, file->errorString(),
-            QStringLiteral("check its permissions"));
-    if (file->size() > mostBytes)
-        throwTooLarge(path, mostBytes);
-    std::unique_ptr<QIODevice> device = std::move(file);
-    if (device->isSequential())
-        device = contentOf(*device, path, mostBytes);
+    if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode))
+        throw HostError(ExitCode::MissingInput, path, QStringLiteral("is no file"),
+            QStringLiteral("name a picture file, or a pipe"));
+    std::unique_ptr<QIODevice> device
+        = S_ISFIFO(status.st_mode) ? contentOfPipe(path, mostBytes) : openFile(path, mostBytes);
     if (device->size() == 0)
         throw HostError(ExitCode::UnreadableInput, path, QStringLiteral("the file is empty"),
             QStringLiteral("get a complete copy"));
     return device;
+}
+
+QSize gifScreenSize(QIODevice& device)
+{
+    const QByteArray header = device.read(10); // signature and version, width, height
+    const auto number = [&header](int at) {
+        return header.size() < 10
+            ? 0
+            : static_cast<uchar>(header.at(at)) | static_cast<uchar>(header.at(at + 1)) << 8;
+    };
+    return { number(6), number(8) };
 }
 
 // The frame header says so, behind any number of other segments.

@@ -7,6 +7,7 @@
 #include <QColorSpace>
 #include <QFileInfo>
 #include <QImageWriter>
+#include <QList>
 #include <QPainter>
 
 namespace host {
@@ -15,16 +16,6 @@ namespace {
 
 // Well above the codec's default of 75, so that a crop does not look worse than its source.
 constexpr int jpegQuality = 93;
-
-QByteArray formatOf(const QString& path)
-{
-    QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
-    if (!QImageWriter::supportedImageFormats().contains(format))
-        throw HostError(ExitCode::CannotCreate, path,
-            QStringLiteral("its suffix names no format that can be written"),
-            QStringLiteral("end the name in .png or .jpg"));
-    return format;
-}
 
 QImage withoutTransparency(const QImage& picture)
 {
@@ -47,10 +38,32 @@ QImage withoutTransparency(const QImage& picture)
 
 } // namespace
 
+QByteArray formatOf(const QString& path)
+{
+    // Others would change the size or drop the colours without a word.
+    static const QList<QByteArray> formats { "bmp", "jpeg", "jpg", "png", "ppm", "tif", "tiff",
+        "webp" };
+    const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
+    if (!formats.contains(format) || !QImageWriter::supportedImageFormats().contains(format))
+        throw HostError(ExitCode::CannotCreate, path,
+            QStringLiteral("its suffix names no format that can be written"),
+            QStringLiteral("end the name in .png or .jpg"));
+    return format;
+}
+
+void requireReplaceable(const QString& output)
+{
+    const QFileInfo existing(output);
+    if (existing.exists() && !existing.isFile())
+        throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there and is no file"),
+            QStringLiteral("choose another name"));
+}
+
 PictureWriter::PictureWriter(const QImage& picture, const QString& path)
     : file(path)
 {
     const QByteArray format = formatOf(path);
+    requireReplaceable(path);
     if (!file.open(QIODevice::WriteOnly))
         throw HostError(ExitCode::CannotCreate, path, file.errorString(),
             QStringLiteral("choose a folder that exists and can be written to"));
@@ -64,7 +77,11 @@ PictureWriter::PictureWriter(const QImage& picture, const QString& path)
         if (isJpeg)
             writer.setQuality(jpegQuality);
         if (!writer.write(isJpeg ? withoutTransparency(picture) : picture))
-            throwWriteFailed(path, writer.errorString());
+            throw HostError(ExitCode::CannotCreate, path,
+                QStringLiteral("%1 x %2 pixels cannot be written in this format")
+                    .arg(picture.width())
+                    .arg(picture.height()),
+                QStringLiteral("choose another format or a smaller size"));
     }
     // A disk that fills up shortens what is written, and only then refuses to write.
     const bool isWhole = file.write(content) == content.size() && file.flush();
@@ -78,7 +95,8 @@ bool PictureWriter::differsFromExisting() const
 {
     QFile existing(file.fileName());
     return existing.exists()
-        && (!existing.open(QIODevice::ReadOnly) || existing.readAll() != content);
+        && (existing.size() != content.size() || !existing.open(QIODevice::ReadOnly)
+            || existing.readAll() != content);
 }
 
 void PictureWriter::commit()

@@ -7,6 +7,14 @@
 
 namespace host {
 
+/// The format that the suffix of \a path names: BMP, JPEG, PNG, PPM, TIFF or WebP.
+/// \throws HostError when it names none of them, or there is no plugin for it.
+QByteArray formatOf(const QString& path);
+
+/// Refuses an output that is there and is no regular file: a folder, a pipe or a device.
+/// \throws HostError
+void requireReplaceable(const QString& output);
+
 /// A picture file on its way: appears whole under its name when commit() is called, or not at all.
 class PictureWriter {
 public:

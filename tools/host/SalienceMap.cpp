@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <utility>
 
@@ -22,8 +23,8 @@ struct NamedMethod {
     VXSalienzMethod method;
     const char* name;
 };
-constexpr NamedMethod namedMethods[] = { { Sobel, "sobel" }, { Gauss, "gauss" },
-    { Histogram, "histogram" }, { VeryImportantAreas, "areas" }, { Achanta, "achanta" } };
+constexpr std::array<NamedMethod, 5> namedMethods { { { Sobel, "sobel" }, { Gauss, "gauss" },
+    { Histogram, "histogram" }, { VeryImportantAreas, "areas" }, { Achanta, "achanta" } } };
 
 // Working images are as large as they should be: the mixer scales nothing.
 std::unique_ptr<VXSalienzMixer> mixerFor(

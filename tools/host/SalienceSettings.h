@@ -13,10 +13,10 @@ struct SalienceSettings {
     /// The weight of each method's map in the blend; 0 switches the method off. A map with a negative
     /// weight is subtracted.
     struct Weights {
-        int sobel;
-        int gauss;
-        int histogram;
-        int achanta;
+        int sobel = 0;
+        int gauss = 0;
+        int histogram = 0;
+        int achanta = 0;
     };
 
     /// The settings of the histogram method; see VXHistogramROI.

@@ -11,6 +11,7 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
 namespace vxroi {
 
@@ -40,6 +41,20 @@ ExitCode reportParseError(const CLI::App& app, const CLI::ParseError& error)
     return fail(ExitCode::Usage, line.toStdString() + "; see vxroi --help");
 }
 
+// The arguments, last first, as the parser takes them. It would take "[a,b]" apart as a list; "./[a,b]" is
+// the same file.
+std::vector<std::string> reversedArguments(int argc, char** argv)
+{
+    std::vector<std::string> arguments;
+    for (int i = argc - 1; i > 0; --i) {
+        const std::string argument = argv[i];
+        const bool isBracketed
+            = argument.size() > 1 && argument.front() == '[' && argument.back() == ']';
+        arguments.push_back(isBracketed ? "./" + argument : argument);
+    }
+    return arguments;
+}
+
 } // namespace
 
 ExitCode runCommandLine(int argc, char** argv)
@@ -61,9 +76,9 @@ try {
     addReportCommand(app, report, exitCode);
 
     try {
-        app.parse(argc, argv);
+        app.parse(reversedArguments(argc, argv));
     } catch (const CLI::ParseError& error) {
-        return reportParseError(app, error);
+        exitCode = reportParseError(app, error);
     }
     if (!std::cout.flush())
         throw HostError(ExitCode::WriteFailed, QStringLiteral("standard output"),

@@ -27,10 +27,15 @@ const QString outKey = QStringLiteral("out");
         QStringLiteral("write an object such as {\"path\": \"a.jpg\", \"ratios\": [\"1:1\"]}"));
 }
 
+// A NUL would end the name within the system, and half of a surrogate pair is no character.
+bool mayBeName(const QString& text) { return text.isValidUtf16() && !text.contains(QChar(0)); }
+
 QString stringOf(const QJsonValue& value, const QString& key)
 {
     if (!value.isString() || value.toString().isEmpty())
         refuse(QStringLiteral("\"%1\" is no text").arg(key));
+    if (!mayBeName(value.toString()))
+        refuse(QStringLiteral("\"%1\" holds characters that no name has").arg(key));
     return value.toString();
 }
 
@@ -83,6 +88,18 @@ void fill(Input& input, const QJsonObject& object)
 }
 
 } // namespace
+
+Input inputFromPath(const QByteArray& line, qint64 lineNumber)
+{
+    Input input { QString::fromUtf8(line) };
+    if (line.contains('\0')) {
+        input.path = QStringLiteral("(line %1)").arg(lineNumber);
+        input.failure = HostError(ExitCode::Usage, input.path,
+            QStringLiteral("holds characters that no name has"),
+            QStringLiteral("end paths in a newline, or in NUL with -0"));
+    }
+    return input;
+}
 
 Input inputFromJson(const QByteArray& line, qint64 lineNumber)
 {

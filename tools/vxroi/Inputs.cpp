@@ -5,14 +5,13 @@
 #include "host/HostError.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QSet>
 
 #include <algorithm>
-#include <cstdlib>
+#include <cerrno>
+#include <filesystem>
 
 namespace vxroi {
 
@@ -20,6 +19,32 @@ namespace {
 
 using host::ExitCode;
 using host::HostError;
+
+bool isCalledAsPicture(const std::filesystem::path& path)
+{
+    const QString suffix = QString::fromStdString(path.extension().string()).mid(1);
+    return host::pictureSuffixes().contains(suffix, Qt::CaseInsensitive);
+}
+
+// Folders that cannot be read stand in the list themselves, so that they get a record that says so.
+void addPicturesIn(const std::filesystem::path& folder, bool isRecursive, QStringList& paths)
+{
+    std::error_code error;
+    const std::filesystem::directory_iterator entries(folder, error);
+    if (error)
+        paths.append(QString::fromStdString(folder.string()));
+    for (const std::filesystem::directory_entry& entry : entries) {
+        const std::filesystem::path& path = entry.path();
+        const bool isHidden = path.filename().string().front() == '.';
+        const bool isFolder = entry.is_directory(error);
+        if (isHidden || (isFolder && entry.is_symlink(error)))
+            continue;
+        if (isFolder && isRecursive)
+            addPicturesIn(path, isRecursive, paths);
+        else if (!isFolder && isCalledAsPicture(path))
+            paths.append(QString::fromStdString(path.string()));
+    }
+}
 
 // The absolute paths of what a run writes for \a paths.
 QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
@@ -50,14 +75,8 @@ std::FILE* openList(const QString& path)
 
 QStringList picturesIn(const QString& folder, bool isRecursive)
 {
-    QStringList suffixes;
-    for (const QByteArray& suffix : QImageReader::supportedImageFormats())
-        suffixes.append(QStringLiteral("*.") + QString::fromLatin1(suffix));
-    QDirIterator files(folder, suffixes, QDir::Files,
-        isRecursive ? QDirIterator::Subdirectories : QDirIterator::NoIteratorFlags);
     QStringList paths;
-    while (files.hasNext())
-        paths.append(files.next());
+    addPicturesIn(folder.toStdString(), isRecursive, paths);
     std::sort(paths.begin(), paths.end());
     return paths;
 }
@@ -91,7 +110,8 @@ void ListedInputs::Closer::operator()(std::FILE* file) const
 }
 
 ListedInputs::ListedInputs(const QString& path, bool isNulSeparated, const Shard& part)
-    : list(openList(path))
+    : name(path)
+    , list(openList(path))
     , separator(isNulSeparated ? '\0' : '\n')
     , shard(part)
 {
@@ -104,7 +124,7 @@ std::optional<Input> ListedInputs::next()
             continue;
         const bool isJson = separator == '\n' && entry->startsWith('{');
         const Input input
-            = isJson ? inputFromJson(*entry, entryNumber) : Input { QString::fromUtf8(*entry) };
+            = isJson ? inputFromJson(*entry, entryNumber) : inputFromPath(*entry, entryNumber);
         if (shard.contains(input.path))
             return input;
     }
@@ -113,19 +133,31 @@ std::optional<Input> ListedInputs::next()
 
 std::optional<QByteArray> ListedInputs::nextEntry()
 {
-    char* bytes = nullptr;
-    size_t capacity = 0;
-    const ssize_t length = getdelim(&bytes, &capacity, separator, list.get());
-    const std::unique_ptr<char, decltype(&std::free)> owner(bytes, &std::free);
-    if (length < 0)
+    constexpr int mostBytes = 1 << 20;
+    QByteArray entry;
+    int byte = std::fgetc(list.get());
+    if (byte != EOF)
+        ++entryNumber;
+    const bool hasBegun = byte != EOF;
+    for (; byte != EOF && byte != separator; byte = std::fgetc(list.get())) {
+        entry.append(static_cast<char>(byte));
+        if (entry.size() > mostBytes)
+            throwBadList(QStringLiteral("entry %1 does not end").arg(entryNumber));
+    }
+    // A signal that asks for the end interrupts reading, which is no fault of the list.
+    if (std::ferror(list.get()) != 0 && errno != EINTR)
+        throwBadList(qt_error_string(errno));
+    if (!hasBegun || std::ferror(list.get()) != 0)
         return std::nullopt;
-    ++entryNumber;
-    QByteArray entry(bytes, static_cast<int>(length));
-    if (entry.endsWith(separator))
-        entry.chop(1);
     if (separator == '\n' && entry.endsWith('\r'))
         entry.chop(1);
     return entry;
+}
+
+void ListedInputs::throwBadList(const QString& reason) const
+{
+    throw HostError(ExitCode::UnreadableInput, name, reason,
+        QStringLiteral("give a list of pictures, one on each line, or NUL-terminated with -0"));
 }
 
 } // namespace vxroi

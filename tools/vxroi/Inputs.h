@@ -61,10 +61,12 @@ public:
 
 private:
     std::optional<QByteArray> nextEntry();
+    [[noreturn]] void throwBadList(const QString& reason) const;
 
     struct Closer {
         void operator()(std::FILE* file) const;
     };
+    QString name;
     std::unique_ptr<std::FILE, Closer> list;
     char separator;
     Shard shard;

@@ -1,39 +1,61 @@
 #include "Interruption.h"
 
+#include "host/HostError.h"
+
 #include <atomic>
 #include <csignal>
+#include <unistd.h>
 
 namespace vxroi {
 
 namespace {
 
-constexpr int signals[] = { SIGINT, SIGTERM };
+constexpr int signals[] = { SIGINT, SIGTERM, SIGHUP };
 
 // A signal handler is a plain function, so what it sets lies beside the object.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::atomic<bool> hasArrived { false };
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not wait");
 
-void request(int) { hasArrived = true; }
-
-} // namespace
-
-Interruption::Interruption()
+void endAtOnce(int /*signal*/)
 {
-    hasArrived = false;
+    constexpr char line[] = "vxroi: interrupted\n";
+    // There is nowhere to complain when this fails.
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line, sizeof line - 1);
+    _exit(static_cast<int>(host::ExitCode::Interrupted));
+}
+
+void request(int signal)
+{
+    if (hasArrived.exchange(true))
+        endAtOnce(signal);
+}
+
+void handleBy(void (*handler)(int))
+{
     struct sigaction action = {};
-    action.sa_handler = request;
     // No SA_RESTART: the main thread may be waiting for a list that never ends.
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    action.sa_handler = handler; // NOLINT(cppcoreguidelines-pro-type-union-access): the system's
     for (const int signal : signals)
         sigaction(signal, &action, nullptr);
 }
 
-Interruption::~Interruption()
+} // namespace
+
+void endAtOnceOnSignals()
 {
-    for (const int signal : signals)
-        std::signal(signal, SIG_DFL);
+    handleBy(endAtOnce);
+    for (const int signal : { SIGPIPE, SIGXFSZ })
+        std::signal(signal, SIG_IGN);
 }
+
+Interruption::Interruption()
+{
+    hasArrived = false;
+    handleBy(request);
+}
+
+Interruption::~Interruption() { handleBy(endAtOnce); }
 
 bool Interruption::isRequested() { return hasArrived; }
 

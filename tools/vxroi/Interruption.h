@@ -2,7 +2,12 @@
 
 namespace vxroi {
 
-/// While it lives, SIGTERM and SIGINT only ask the program to end; a second one ends it.
+/// From here on SIGINT, SIGTERM and SIGHUP end the program at once with exit code 130; nothing is left
+/// behind, because files get their names when they are whole. A pipe that is closed and a file that must
+/// not grow are errors of writing, not signals.
+void endAtOnceOnSignals();
+
+/// While it lives, these signals only ask the program to end; a second one ends it at once.
 class Interruption {
 public:
     Interruption();

@@ -115,7 +115,8 @@ void addMapCommand(CLI::App& app, MapArguments& arguments)
     map->add_option("--keep", arguments.keep, "a very important area, in pixels")
         ->type_name("X,Y,W,H")
         ->expected(1)
-        ->take_all();
+        ->take_all()
+        ->allow_extra_args(false);
     map->add_flag("--stretch", arguments.stretch,
         "stretch the levels of maps to reach from black to white, for the eye");
     addIfExistsOption(*map, arguments.ifExists);

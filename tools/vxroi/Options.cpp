@@ -20,29 +20,33 @@ using host::HostError;
 const std::map<std::string, host::IfExists> ifExistsByName { { "fail", host::IfExists::Fail },
     { "skip", host::IfExists::Skip }, { "overwrite", host::IfExists::Overwrite } };
 
+const CLI::Range atLeastOne(qint64 { 1 }, qint64 { 1'000'000'000'000 });
+
 } // namespace
 
 void AnalysisOptions::addTo(CLI::App& command)
 {
-    const auto group = [&command](CLI::Option* option) { option->group("Analysis"); };
+    const auto group = [](CLI::Option* option) { option->group("Analysis"); };
     group(command.add_option("--preset", preset, "which methods count how much: photo or library")
               ->type_name("NAME")
               ->capture_default_str());
     group(command.add_option("--weight", weights, "one method's weight, 0 to switch it off")
               ->type_name("METHOD=N")
               ->expected(1)
-              ->take_all());
+              ->take_all()
+              ->allow_extra_args(false));
     group(command.add_option("--tune", tunings, "one setting of the histogram method")
               ->type_name("SETTING=N")
               ->expected(1)
-              ->take_all());
+              ->take_all()
+              ->allow_extra_args(false));
     group(command.add_option("--max-pixels", maxPixels, "refuse pictures with more pixels")
               ->type_name("N")
-              ->check(CLI::PositiveNumber)
+              ->check(atLeastOne)
               ->capture_default_str());
     group(command.add_option("--max-bytes", maxBytes, "refuse larger files")
               ->type_name("N")
-              ->check(CLI::PositiveNumber)
+              ->check(atLeastOne)
               ->capture_default_str());
     group(command
               .add_option("--on-broken", onBroken,
@@ -75,7 +79,8 @@ void CropOptions::addTo(CLI::App& command)
     command.add_option("--size", sizes, "size of the crop in pixels, such as 1200x630")
         ->type_name("WxH")
         ->expected(1)
-        ->take_all();
+        ->take_all()
+        ->allow_extra_args(false);
     command
         .add_option("-o,--output", output,
             "write crops to this file; {dir} {stem} {ratio} {ext} stand for parts of its name")
@@ -83,7 +88,8 @@ void CropOptions::addTo(CLI::App& command)
     command.add_option("--keep", keep, "an area that the crop should hold, in pixels")
         ->type_name("X,Y,W,H")
         ->expected(1)
-        ->take_all();
+        ->take_all()
+        ->allow_extra_args(false);
     command.add_option("--focus", focus, "centre the crop here, 0 to 1 across and down")
         ->type_name("FX,FY");
     command.add_option("--if-exists", ifExists, "what to do with outputs that are there already")

@@ -24,6 +24,7 @@ void addIfExistsOption(CLI::App& command, std::string& ifExists)
 void requireFreeName(const QString& input, const QString& output, const std::string& ifExists)
 {
     host::refuseToOverwriteInput(input, output);
+    host::requireReplaceable(output);
     if (ifExists == "fail" && QFileInfo::exists(output))
         throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there already"),
             QStringLiteral("choose another name, or --if-exists overwrite"));

@@ -29,7 +29,7 @@ bool mayBeginRecord(const QByteArray& line)
     const auto fits = [&line](const QByteArray& begin) {
         return line.startsWith(begin) || begin.startsWith(line);
     };
-    return fits("{\"crops\":[") || fits("{\"error\":{");
+    return fits("{\"crops\":[{\"centreSalience\":") || fits("{\"error\":{\"code\":");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 
 namespace vxroi {
 
@@ -23,12 +24,16 @@ ReportEntry reportEntryOf(const QString& path, const QVector<host::CropShape>& s
         host::PictureFile picture(path, rules);
         entry.size = picture.orientedSize();
         entry.working = picture.readWorkingImage();
+        entry.map = host::salienceMapOf(entry.working, settings);
+        entry.methodMaps = host::methodMapsOf(entry.working, settings);
     } catch (const host::HostError& error) {
         entry.failure = QString::fromUtf8(error.what());
-        return entry;
+    } catch (const std::bad_alloc&) {
+        entry.failure
+            = QStringLiteral("%1: there is not enough memory for it; show it alone").arg(path);
     }
-    entry.map = host::salienceMapOf(entry.working, settings);
-    entry.methodMaps = host::methodMapsOf(entry.working, settings);
+    if (!entry.failure.isEmpty())
+        return entry;
     for (const host::CropShape& shape : shapes) {
         const host::Choice choice = host::chooseWindow(entry.map, entry.size, shape.ratio);
         const QRect centred = host::centredIn(entry.size, choice.window.size());

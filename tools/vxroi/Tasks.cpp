@@ -7,6 +7,20 @@ namespace vxroi {
 using host::ExitCode;
 using host::HostError;
 
+namespace {
+
+// The path of a file that need not be there yet, by way of no link: two names of one file are one.
+QString canonicalPathOf(const QString& path)
+{
+    const QFileInfo info(QFileInfo(path).absoluteFilePath());
+    const QString existing = info.canonicalFilePath();
+    if (!existing.isEmpty() || info.isRoot())
+        return existing;
+    return canonicalPathOf(info.path()) + QLatin1Char('/') + info.fileName();
+}
+
+} // namespace
+
 TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes)
     : commonShapes(options.shapes())
     , commonWishes(options.wishes())
@@ -45,12 +59,12 @@ void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
     const host::OutputName name = hasOwn ? host::OutputName(input.output) : commonOutput;
     for (const host::CropShape& shape : task.shapes) {
         const QString output = name.nameFor(input.path, shape);
-        const QString absolute = QFileInfo(output).absoluteFilePath();
-        if (usedOutputs.contains(absolute))
+        const QString file = canonicalPathOf(output);
+        if (usedOutputs.contains(file))
             throw HostError(ExitCode::Usage, output, QStringLiteral("named for two outputs"),
                 QStringLiteral("tell them apart with {dir}, {stem} and {ratio}"));
         task.outputs.append(output);
-        usedOutputs.insert(absolute);
+        usedOutputs.insert(file);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "CommandLine.h"
+#include "Interruption.h"
 
 #include <QCoreApplication>
 #include <QTextCodec>
@@ -22,6 +23,7 @@ void keepMemoryForWorkingImages()
 
 int main(int argc, char** argv)
 {
+    vxroi::endAtOnceOnSignals();
     keepMemoryForWorkingImages();
     // File names are UTF-8 in every locale, the plain C locale of build scripts included.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));

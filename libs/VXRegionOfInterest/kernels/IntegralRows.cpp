@@ -29,7 +29,7 @@ std::ptrdiff_t strideFor(int width)
 // other: a processor takes addresses for the same that differ by a multiple of 4 KiB.
 vx::kernels::IntegralRowBuffer::IntegralRowBuffer(int width)
     : stride(strideFor(width))
-    , values(static_cast<std::size_t>(2 * channelCount * stride))
+    , values(static_cast<std::size_t>(stride) * 2 * channelCount)
 {
 }
 
@@ -89,7 +89,7 @@ vx::kernels::IntegralRows::Held* vx::kernels::IntegralRows::find(int y)
 
 std::size_t vx::kernels::IntegralRows::pixelStride() const
 {
-    return static_cast<std::size_t>(words.width()) + 2 * integralMargin;
+    return static_cast<std::size_t>(words.width()) + std::size_t { 2 } * integralMargin;
 }
 
 // Below the image its last row is repeated; nobody asks for those sums.
