@@ -231,6 +231,29 @@ TEST_F(PictureReader, keepsProfileAndResolutionOfATurnedPicture)
     }
 }
 
+TEST_F(PictureReader, findsThatABmpOrAGifIsCutShortThoughItsDecoderDoesNot)
+{
+    const QByteArray bmp = samples::encoded(picture, "bmp");
+    const QByteArray gif = QByteArray("GIF89a")
+        + QByteArray::fromHex("01000100800000"
+                              "000000FFFFFF"
+                              "21F90400000000"
+                              "00"
+                              "2C000000000100010000"
+                              "0202440100"
+                              "3B");
+    for (const QByteArray& whole : { bmp, gif }) {
+        EXPECT_EQ(failureOf(folder.save(whole, QStringLiteral("whole"))), ExitCode::Success);
+        const int behindThePixels = whole == gif ? 1 : 0; // the trailer
+        const QString part
+            = folder.save(whole.left(whole.size() - behindThePixels - 1), QStringLiteral("part"));
+        EXPECT_EQ(failureOf(part), ExitCode::UnreadableInput);
+        host::ReadingRules rules;
+        rules.onBroken = host::OnBroken::Warn;
+        EXPECT_EQ(host::PictureFile(part, rules).warnings().size(), 1);
+    }
+}
+
 TEST_F(PictureReader, takesTheScreenOfAGifForThePictureNotItsFirstFrame)
 {
     // A screen of 3 by 2 pixels with a frame of one pixel.

@@ -80,6 +80,12 @@ PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
     if (stored.isEmpty())
         throwDamaged(name);
     refuseTooLarge(stored);
+    device->seek(0);
+    const bool isCutShort = (formatName == QLatin1String("bmp") && isBmpCutShort(*device))
+        || (formatName == QLatin1String("gif") && isGifCutShort(*device));
+    if (isCutShort)
+        allowDamage(QStringLiteral("damaged or truncated: what is missing is black"));
+    device->seek(0);
     isCmyk = isJpeg() && isCmykJpeg(*device);
     if (isCmyk)
         warn(QStringLiteral("CMYK: its colours are converted without its profile"));
@@ -169,17 +175,21 @@ QImage PictureFile::decode(const QSize& scaledTo)
     // What a header announces and what is behind it may differ.
     if (picture.size() != (scaledTo.isValid() ? scaledTo : stored))
         throwDamaged(name);
-    if (isIncomplete(messages)) {
-        if (readingRules.onBroken == OnBroken::Error)
-            throwDamaged(name);
-        warn(QStringLiteral("damaged or truncated: what is missing is grey"));
-    }
+    if (isIncomplete(messages))
+        allowDamage(QStringLiteral("damaged or truncated: what is missing is grey"));
     if (isCmyk) // its profile does not describe the colours that it is converted to
         picture.setColorSpace(QColorSpace());
     return orientedBy(reader.transformation(), std::move(picture));
 }
 
 bool PictureFile::isJpeg() const { return formatName == QLatin1String("jpeg"); }
+
+void PictureFile::allowDamage(const QString& note)
+{
+    if (readingRules.onBroken == OnBroken::Error)
+        throwDamaged(name);
+    warn(note);
+}
 
 void PictureFile::warn(const QString& note)
 {

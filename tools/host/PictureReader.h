@@ -69,6 +69,7 @@ private:
     void readHeader();
     void refuseTooLarge(const QSize& size) const;
     QImage decode(const QSize& scaledTo);
+    void allowDamage(const QString& note);
     void warn(const QString& note);
 
     QString name;

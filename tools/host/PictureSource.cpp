@@ -7,6 +7,7 @@
 #include <QFile>
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -100,6 +101,64 @@ QSize gifScreenSize(QIODevice& device)
             : static_cast<uchar>(header.at(at)) | static_cast<uchar>(header.at(at + 1)) << 8;
     };
     return { number(6), number(8) };
+}
+
+bool isBmpCutShort(QIODevice& device)
+{
+    QDataStream stream(&device);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    quint32 pixelsAt = 0;
+    quint32 headerSize = 0;
+    qint32 width = 0;
+    qint32 height = 0;
+    quint16 bitsPerPixel = 0;
+    quint32 compression = 0;
+    stream.skipRawData(10);
+    stream >> pixelsAt >> headerSize >> width >> height;
+    stream.skipRawData(2);
+    stream >> bitsPerPixel >> compression;
+    constexpr quint32 coreHeader = 12; // an older header, with other fields
+    const bool isPlain = compression == 0 || compression == 3;
+    if (stream.status() != QDataStream::Ok || headerSize <= coreHeader || !isPlain)
+        return false;
+    const qint64 rowBytes = (qint64 { width } * bitsPerPixel + 31) / 32 * 4;
+    return device.size() < pixelsAt + rowBytes * std::abs(qint64 { height });
+}
+
+bool isGifCutShort(QIODevice& device)
+{
+    QDataStream stream(&device);
+    const auto byte = [&stream] {
+        quint8 value = 0;
+        stream >> value;
+        return value;
+    };
+    const auto skip = [&stream](int count) {
+        if (stream.skipRawData(count) != count)
+            stream.setStatus(QDataStream::ReadPastEnd);
+    };
+    const auto skipColours = [&](quint8 flags) {
+        if ((flags & 0x80) != 0)
+            skip(3 << ((flags & 7) + 1));
+    };
+    const auto skipBlocks = [&] {
+        for (quint8 length = byte(); length != 0; length = byte())
+            skip(length);
+    };
+    skip(10); // signature and size
+    const quint8 flags = byte();
+    skip(2);
+    skipColours(flags);
+    constexpr quint8 extension = 0x21;
+    while (stream.status() == QDataStream::Ok && byte() == extension) {
+        skip(1);
+        skipBlocks();
+    }
+    skip(8); // where the frame lies
+    skipColours(byte());
+    skip(1);
+    skipBlocks();
+    return stream.status() != QDataStream::Ok;
 }
 
 // The frame header says so, behind any number of other segments.

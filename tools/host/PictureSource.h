@@ -18,6 +18,14 @@ std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes);
 /// \param device at the beginning of the GIF; it is read from.
 QSize gifScreenSize(QIODevice& device);
 
+/// Whether a BMP without compression has fewer bytes than its header says that its pixels take.
+/// \param device at the beginning of the BMP; it is read from.
+bool isBmpCutShort(QIODevice& device);
+
+/// Whether a GIF ends before its first frame does.
+/// \param device at the beginning of the GIF; it is read from.
+bool isGifCutShort(QIODevice& device);
+
 /// Whether a JPEG has four channels.
 /// \param device at the beginning of the JPEG; it is read from.
 bool isCmykJpeg(QIODevice& device);
