@@ -34,9 +34,9 @@ std::unique_ptr<QIODevice> contentOfPipe(const QString& path, qint64 mostBytes)
 {
     constexpr int patience = 10'000; // milliseconds
     QFile pipe;
+    const QByteArray encoded = QFile::encodeName(path);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
-    const int descriptor
-        = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    const int descriptor = open(encoded.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (!pipe.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle))
         throwNotOpened(path, pipe.errorString());
     auto content = std::make_unique<QBuffer>();

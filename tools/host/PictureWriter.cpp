@@ -43,7 +43,7 @@ QByteArray formatOf(const QString& path)
     // Others would change the size or drop the colours without a word.
     static const QList<QByteArray> formats { "bmp", "jpeg", "jpg", "png", "ppm", "tif", "tiff",
         "webp" };
-    const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
+    QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
     if (!formats.contains(format) || !QImageWriter::supportedImageFormats().contains(format))
         throw HostError(ExitCode::CannotCreate, path,
             QStringLiteral("its suffix names no format that can be written"),

@@ -17,7 +17,7 @@ using Weights = SalienceSettings::Weights;
 using HistogramTuning = SalienceSettings::HistogramTuning;
 
 struct Preset {
-    const char* name;
+    const char* name = nullptr;
     Weights weights;
 };
 
