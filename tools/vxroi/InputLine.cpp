@@ -14,11 +14,11 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-const QString pathKey = QStringLiteral("path");
-const QString keepKey = QStringLiteral("keep");
-const QString focusKey = QStringLiteral("focus");
-const QString ratiosKey = QStringLiteral("ratios");
-const QString outKey = QStringLiteral("out");
+constexpr QLatin1String pathKey("path", 4);
+constexpr QLatin1String keepKey("keep", 4);
+constexpr QLatin1String focusKey("focus", 5);
+constexpr QLatin1String ratiosKey("ratios", 6);
+constexpr QLatin1String outKey("out", 3);
 
 // What is wrong with a line, for the record of its input.
 [[noreturn]] void refuse(const QString& reason)
@@ -72,7 +72,8 @@ void fill(Input& input, const QJsonObject& object)
     requireKnownKeys(object);
     host::Wishes wishes;
     if (object.contains(keepKey)) {
-        for (const QJsonValue& area : arrayOf(object.value(keepKey), keepKey))
+        const QJsonArray areas = arrayOf(object.value(keepKey), keepKey);
+        for (const QJsonValue& area : areas)
             wishes.keep.append(parseArea(withCommas(arrayOf(area, keepKey), keepKey)));
     }
     if (object.contains(focusKey))
@@ -80,7 +81,8 @@ void fill(Input& input, const QJsonObject& object)
     if (object.contains(keepKey) || object.contains(focusKey))
         input.wishes = wishes;
     if (object.contains(ratiosKey)) {
-        for (const QJsonValue& ratio : arrayOf(object.value(ratiosKey), ratiosKey))
+        const QJsonArray ratios = arrayOf(object.value(ratiosKey), ratiosKey);
+        for (const QJsonValue& ratio : ratios)
             input.shapes += host::parseRatios(stringOf(ratio, ratiosKey));
     }
     if (object.contains(outKey))

@@ -65,7 +65,7 @@ std::FILE* openList(const QString& path)
     if (path == QLatin1String("-"))
         return stdin;
     std::FILE* const file = std::fopen(QFile::encodeName(path).constData(), "re");
-    if (!file)
+    if (file == nullptr)
         throw HostError(ExitCode::MissingInput, path, QStringLiteral("cannot be opened"),
             QStringLiteral("name a list of pictures, or - for standard input"));
     return file;
@@ -106,7 +106,7 @@ std::optional<Input> FolderInputs::next()
 void ListedInputs::Closer::operator()(std::FILE* file) const
 {
     if (file != stdin)
-        std::fclose(file);
+        static_cast<void>(std::fclose(file)); // it was only read
 }
 
 ListedInputs::ListedInputs(const QString& path, bool isNulSeparated, const Shard& part)

@@ -54,7 +54,7 @@ public:
     /// \param path the list; "-" is standard input.
     /// \param isNulSeparated entries end in a NUL and are paths, whatever they look like.
     /// \throws HostError when the list cannot be opened.
-    ListedInputs(const QString& path, bool isNulSeparated, const Shard& shard);
+    ListedInputs(const QString& path, bool isNulSeparated, const Shard& part);
 
     std::optional<Input> next() override;
     qint64 count() const override { return -1; }

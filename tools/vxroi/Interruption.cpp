@@ -2,15 +2,17 @@
 
 #include "host/HostError.h"
 
+#include <array>
 #include <atomic>
 #include <csignal>
+#include <string_view>
 #include <unistd.h>
 
 namespace vxroi {
 
 namespace {
 
-constexpr int signals[] = { SIGINT, SIGTERM, SIGHUP };
+constexpr std::array<int, 3> signals { SIGINT, SIGTERM, SIGHUP };
 
 // A signal handler is a plain function, so what it sets lies beside the object.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
@@ -19,9 +21,9 @@ static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not
 
 void endAtOnce(int /*signal*/)
 {
-    constexpr char line[] = "vxroi: interrupted\n";
+    constexpr std::string_view line = "vxroi: interrupted\n";
     // There is nowhere to complain when this fails.
-    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line, sizeof line - 1);
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line.data(), line.size());
     _exit(static_cast<int>(host::ExitCode::Interrupted));
 }
 
@@ -46,7 +48,7 @@ void endAtOnceOnSignals()
 {
     handleBy(endAtOnce);
     for (const int signal : { SIGPIPE, SIGXFSZ })
-        std::signal(signal, SIG_IGN);
+        static_cast<void>(std::signal(signal, SIG_IGN));
 }
 
 Interruption::Interruption()

@@ -8,7 +8,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-#include <map>
+#include <array>
 
 namespace vxroi {
 
@@ -17,10 +17,14 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-const std::map<std::string, host::IfExists> ifExistsByName { { "fail", host::IfExists::Fail },
-    { "skip", host::IfExists::Skip }, { "overwrite", host::IfExists::Overwrite } };
+host::IfExists ifExistsCalled(const std::string& name)
+{
+    if (name == "skip")
+        return host::IfExists::Skip;
+    return name == "overwrite" ? host::IfExists::Overwrite : host::IfExists::Fail;
+}
 
-const CLI::Range atLeastOne(qint64 { 1 }, qint64 { 1'000'000'000'000 });
+CLI::Range atLeastOne() { return { qint64 { 1 }, qint64 { 1'000'000'000'000 } }; }
 
 } // namespace
 
@@ -42,11 +46,11 @@ void AnalysisOptions::addTo(CLI::App& command)
               ->allow_extra_args(false));
     group(command.add_option("--max-pixels", maxPixels, "refuse pictures with more pixels")
               ->type_name("N")
-              ->check(atLeastOne)
+              ->check(atLeastOne())
               ->capture_default_str());
     group(command.add_option("--max-bytes", maxBytes, "refuse larger files")
               ->type_name("N")
-              ->check(atLeastOne)
+              ->check(atLeastOne())
               ->capture_default_str());
     group(command
               .add_option("--on-broken", onBroken,
@@ -123,7 +127,7 @@ host::Wishes CropOptions::wishes() const
 host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
 {
     host::CropRules rules { analysis.salience(), analysis.reading() };
-    rules.ifExists = ifExistsByName.at(ifExists);
+    rules.ifExists = ifExistsCalled(ifExists);
     rules.upscales = upscale;
     rules.isDryRun = dryRun;
     rules.makesFolders = host::OutputName(QString::fromStdString(output)).hasPlaces();
@@ -147,11 +151,11 @@ QRect parseArea(const QString& text)
 QPointF parsePoint(const QString& text)
 {
     const QStringList parts = text.split(QLatin1Char(','));
-    bool areNumbers[2] = { false, false };
+    std::array<bool, 2> areNumbers {};
     const QPointF point(
-        parts.value(0).toDouble(&areNumbers[0]), parts.value(1).toDouble(&areNumbers[1]));
+        parts.value(0).toDouble(&areNumbers.at(0)), parts.value(1).toDouble(&areNumbers.at(1)));
     const bool isInside = point.x() >= 0 && point.x() <= 1 && point.y() >= 0 && point.y() <= 1;
-    if (parts.size() != 2 || !areNumbers[0] || !areNumbers[1] || !isInside)
+    if (parts.size() != 2 || !areNumbers.at(0) || !areNumbers.at(1) || !isInside)
         throw HostError(ExitCode::Usage, QStringLiteral("--focus %1").arg(text),
             QStringLiteral("not a point"),
             QStringLiteral("write two numbers from 0 to 1, such as 0.5,0.33"));

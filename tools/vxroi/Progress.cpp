@@ -3,6 +3,7 @@
 #include "host/CodecMessages.h"
 
 #include <algorithm>
+#include <cmath>
 #include <unistd.h>
 
 namespace vxroi {
@@ -16,7 +17,7 @@ const char* const clearLine = "\r\x1b[K";
 
 QString minutesAndSeconds(double seconds)
 {
-    const auto whole = static_cast<qint64>(seconds + 0.5);
+    const auto whole = static_cast<qint64>(std::llround(seconds));
     return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
 }
 

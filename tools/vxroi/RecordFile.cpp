@@ -14,8 +14,8 @@ using host::HostError;
 
 namespace {
 
-const QString pathKey = QStringLiteral("path");
-const QString statusKey = QStringLiteral("status");
+constexpr QLatin1String pathKey("path", 4);
+constexpr QLatin1String statusKey("status", 6);
 
 bool isRecord(const QByteArray& line)
 {
@@ -29,7 +29,7 @@ bool mayBeginRecord(const QByteArray& line)
     const auto fits = [&line](const QByteArray& begin) {
         return line.startsWith(begin) || begin.startsWith(line);
     };
-    return fits("{\"crops\":[{\"centreSalience\":") || fits("{\"error\":{\"code\":");
+    return fits(R"({"crops":[{"centreSalience":)") || fits(R"({"error":{"code":)");
 }
 
 } // namespace

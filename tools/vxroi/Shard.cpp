@@ -4,6 +4,8 @@
 
 #include <QRegularExpression>
 
+#include <array>
+
 namespace vxroi {
 
 namespace {
@@ -22,18 +24,18 @@ struct ArrayJob {
     const char* lastIndex; ///< where the scheduler tells no count
 };
 
-constexpr ArrayJob arrayJobs[] = {
+constexpr std::array<ArrayJob, 4> arrayJobs { {
     { "SLURM_ARRAY_TASK_ID", "SLURM_ARRAY_TASK_MIN", 0, "SLURM_ARRAY_TASK_STEP",
         "SLURM_ARRAY_TASK_COUNT", nullptr },
     { "SGE_TASK_ID", "SGE_TASK_FIRST", 1, "SGE_TASK_STEPSIZE", nullptr, "SGE_TASK_LAST" },
     { "AWS_BATCH_JOB_ARRAY_INDEX", nullptr, 0, nullptr, "AWS_BATCH_JOB_ARRAY_SIZE", nullptr },
     { "CI_NODE_INDEX", nullptr, 1, nullptr, "CI_NODE_TOTAL", nullptr },
-};
+} };
 
 int valueOf(const char* variable, int valueIfUnset)
 {
     bool isNumber = false;
-    const int value = variable ? qEnvironmentVariableIntValue(variable, &isNumber) : 0;
+    const int value = variable != nullptr ? qEnvironmentVariableIntValue(variable, &isNumber) : 0;
     return isNumber ? value : valueIfUnset;
 }
 
@@ -50,8 +52,8 @@ Shard shardOf(const ArrayJob& job)
     const qint64 index = valueOf(job.index, 0);
     if (step < 1)
         return { 0, 0 };
-    const qint64 count
-        = job.count ? valueOf(job.count, 0) : (valueOf(job.lastIndex, 0) - first) / step + 1;
+    const qint64 count = job.count != nullptr ? valueOf(job.count, 0)
+                                              : (valueOf(job.lastIndex, 0) - first) / step + 1;
     return { static_cast<int>((index - first) / step + 1), static_cast<int>(count) };
 }
 

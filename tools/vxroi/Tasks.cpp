@@ -13,7 +13,7 @@ namespace {
 QString canonicalPathOf(const QString& path)
 {
     const QFileInfo info(QFileInfo(path).absoluteFilePath());
-    const QString existing = info.canonicalFilePath();
+    QString existing = info.canonicalFilePath();
     if (!existing.isEmpty() || info.isRoot())
         return existing;
     return canonicalPathOf(info.path()) + QLatin1Char('/') + info.fileName();
