@@ -318,8 +318,8 @@ TEST_F(VxroiBatch, refusesToResumeRecordsOfOtherPicturesAndForeignFiles)
     const QByteArray whole = contentOf(QStringLiteral("records"));
     EXPECT_EQ(batch(QStringLiteral("in/deeper --ratio 1:1 --resume records")).exitCode, 64);
     EXPECT_EQ(contentOf(QStringLiteral("records")), whole);
-    for (const char* const content : { "a diary", "a diary\n", "{\"a\": 1}", "{\"a\": 1}\n",
-             "{\"error\":{\"message\":\"mine\"}}" }) {
+    for (const char* const content :
+        { "a diary", "a diary\n", R"({"a": 1})", "{}\n", R"({"error":{"message":"mine"}})" }) {
         folder.save(QByteArray(content), QStringLiteral("mine"));
         EXPECT_EQ(batch(QStringLiteral("in --ratio 1:1 --resume mine")).exitCode, 64) << content;
         EXPECT_EQ(contentOf(QStringLiteral("mine")), QByteArray(content));
@@ -356,7 +356,9 @@ TEST_F(VxroiBatch, showsABarOnATerminal)
     if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
         GTEST_SKIP() << "this system hands out no terminals";
     const char* const name = ptsname(terminal);
-    const int other = open(name, O_RDWR | O_NOCTTY); // so that reading does not end early
+    // Held open, so that reading does not end early.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
+    const int other = open(name, O_RDWR | O_NOCTTY);
     if (other < 0)
         GTEST_SKIP() << "this system hands out no terminals";
 
@@ -408,7 +410,7 @@ TEST_F(VxroiBatch, completesAfterBeingKilledFiftyTimes)
             const int done = QFile::exists(folder.path(QStringLiteral("records")))
                 ? contentOf(QStringLiteral("records")).count('\n')
                 : 0;
-            killedHalfway += done > 0 && done < 42;
+            killedHalfway += done > 0 && done < 42 ? 1 : 0;
         }
         EXPECT_EQ(shell(QStringLiteral("\"$VXROI\" ") + resume).exitCode, 1) << "one failed";
         EXPECT_EQ(contentOf(QStringLiteral("records")), expected);
