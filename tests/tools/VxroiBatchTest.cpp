@@ -263,12 +263,12 @@ TEST_F(VxroiBatch, takesItsShardFromTheArrayJob)
         return shell(QLatin1String(variables)
             + QStringLiteral(" \"$VXROI\" batch -q in -r --ratio 1:1 --shard auto"));
     };
+    const char* const everySecondFrom4 = "SLURM_ARRAY_TASK_ID=6 SLURM_ARRAY_TASK_MIN=4 "
+                                         "SLURM_ARRAY_TASK_STEP=2 SLURM_ARRAY_TASK_COUNT=3";
     const QByteArray second = batch(QStringLiteral("in -r --ratio 1:1 --shard 2/3")).out;
     EXPECT_FALSE(second.isEmpty());
     for (const char* const variables :
-        { "SLURM_ARRAY_TASK_ID=1 SLURM_ARRAY_TASK_MIN=0 SLURM_ARRAY_TASK_COUNT=3",
-            "SLURM_ARRAY_TASK_ID=6 SLURM_ARRAY_TASK_MIN=4 SLURM_ARRAY_TASK_STEP=2 "
-            "SLURM_ARRAY_TASK_COUNT=3",
+        { "SLURM_ARRAY_TASK_ID=1 SLURM_ARRAY_TASK_MIN=0 SLURM_ARRAY_TASK_COUNT=3", everySecondFrom4,
             "SGE_TASK_ID=2 SGE_TASK_FIRST=1 SGE_TASK_LAST=3 SGE_TASK_STEPSIZE=1",
             "AWS_BATCH_JOB_ARRAY_INDEX=1 AWS_BATCH_JOB_ARRAY_SIZE=3",
             "SGE_TASK_ID=undefined CI_NODE_INDEX=2 CI_NODE_TOTAL=3" })
