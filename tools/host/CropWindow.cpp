@@ -101,6 +101,15 @@ QString nameOf(Decider decider)
     return QStringLiteral("centre");
 }
 
+QString geometryOf(const QRect& window)
+{
+    return QStringLiteral("%1x%2+%3+%4")
+        .arg(window.width())
+        .arg(window.height())
+        .arg(window.x())
+        .arg(window.y());
+}
+
 QSize largestWindow(const QSize& picture, const AspectRatio& ratio)
 {
     const bool hasRoomSideways = picture.width() * ratio.height > picture.height() * ratio.width;

@@ -24,6 +24,9 @@ enum class Decider {
 /// The name of \a decider in records: "whole", "focus", "keep", "salience", "centre".
 QString nameOf(Decider decider);
 
+/// \a window as other programs take it: "800x600+10+20", its size and its upper left corner.
+QString geometryOf(const QRect& window);
+
 /// What the user asks of a window, besides its size.
 struct Wishes {
     QVector<QRect> keep; ///< areas that should be in it, in picture pixels

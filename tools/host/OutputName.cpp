@@ -46,6 +46,15 @@ QString OutputName::nameFor(const QString& input, const CropShape& shape) const
     return name + text.midRef(done);
 }
 
+QString canonicalPathOf(const QString& path)
+{
+    const QFileInfo info(QFileInfo(path).absoluteFilePath());
+    QString existing = info.canonicalFilePath();
+    if (!existing.isEmpty() || info.isRoot())
+        return existing;
+    return canonicalPathOf(info.path()) + QLatin1Char('/') + info.fileName();
+}
+
 bool OutputName::hasPlaces() const { return text.contains(places()); }
 
 } // namespace host

@@ -23,4 +23,7 @@ private:
     QString text;
 };
 
+/// The path of a file that need not be there yet, by way of no link: two names of one file are one.
+QString canonicalPathOf(const QString& path);
+
 } // namespace host

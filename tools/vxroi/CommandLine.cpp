@@ -41,8 +41,8 @@ ExitCode reportParseError(const CLI::App& app, const CLI::ParseError& error)
     return fail(ExitCode::Usage, line.toStdString() + "; see vxroi --help");
 }
 
-// The arguments, last first, as the parser takes them. It would take "[a,b]" apart as a list; "./[a,b]" is
-// the same file.
+// The arguments, last first, as the parser takes them. It would take "[a,b]" apart as a list;
+// "./[a,b]" is the same file.
 std::vector<std::string> reversedArguments(int argc, char** argv)
 {
     std::vector<std::string> arguments;

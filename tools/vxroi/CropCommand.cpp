@@ -15,15 +15,6 @@ using host::CropRecord;
 using host::CropResult;
 using host::ExitCode;
 
-QString geometryOf(const QRect& window)
-{
-    return QStringLiteral("%1x%2+%3+%4")
-        .arg(window.width())
-        .arg(window.height())
-        .arg(window.x())
-        .arg(window.y());
-}
-
 // Where a picture that fills a box of the window's shape must lie in it to show the window.
 QString objectPositionOf(const QRect& window, const QSize& picture)
 {
@@ -44,7 +35,7 @@ void print(const CropRecord& record, const CropArguments& arguments, bool isOnly
     for (const CropResult& crop : record.crops) {
         const QRect& window = crop.choice.window;
         const QString line = arguments.emit == "css" ? objectPositionOf(window, record.oriented)
-                                                     : geometryOf(window);
+                                                     : host::geometryOf(window);
         if (!isOnlyLine)
             std::cout << host::onOneLine(record.path).toStdString() << '\t'
                       << crop.shape.toStdString() << '\t';

@@ -1,6 +1,7 @@
 #include "OutputFiles.h"
 
 #include "host/HostError.h"
+#include "host/OutputName.h"
 
 #include <CLI/CLI.hpp>
 
@@ -39,11 +40,11 @@ OutputFiles::OutputFiles(QString inputPath, std::string ifExistsWish)
 void OutputFiles::add(const QImage& image, const QString& path)
 {
     requireFreeName(input, path, ifExists);
-    const QString absolutePath = QFileInfo(path).absoluteFilePath();
-    if (paths.contains(absolutePath))
+    const QString file = host::canonicalPathOf(path);
+    if (paths.contains(file))
         throw HostError(ExitCode::Usage, path, QStringLiteral("named for two outputs"),
             QStringLiteral("give them different names"));
-    paths.insert(absolutePath);
+    paths.insert(file);
     files.emplace_back(image, path);
 }
 

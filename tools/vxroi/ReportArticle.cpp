@@ -106,13 +106,8 @@ QString numbersOf(const ReportEntry& entry)
     for (const ReportCrop& crop : entry.crops)
         rows += QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td>"
                                "<td>%6</td></tr>\n")
-                    .arg(crop.shape,
-                        QStringLiteral("%1x%2+%3+%4")
-                            .arg(crop.window.width())
-                            .arg(crop.window.height())
-                            .arg(crop.window.x())
-                            .arg(crop.window.y()),
-                        crop.decidedBy, percent(crop.salience), percent(crop.centreSalience),
+                    .arg(crop.shape, host::geometryOf(crop.window), crop.decidedBy,
+                        percent(crop.salience), percent(crop.centreSalience),
                         percent(crop.offset(entry.size)));
     return QStringLiteral("<div class=\"numbers\"><table>\n<tr><th>shape</th><th>window</th>"
                           "<th>decided by</th><th>keeps</th><th>centre keeps</th>"

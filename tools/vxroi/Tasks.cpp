@@ -1,32 +1,16 @@
 #include "Tasks.h"
 
-#include <QFileInfo>
-
 namespace vxroi {
 
 using host::ExitCode;
 using host::HostError;
 
-namespace {
-
-// The path of a file that need not be there yet, by way of no link: two names of one file are one.
-QString canonicalPathOf(const QString& path)
-{
-    const QFileInfo info(QFileInfo(path).absoluteFilePath());
-    QString existing = info.canonicalFilePath();
-    if (!existing.isEmpty() || info.isRoot())
-        return existing;
-    return canonicalPathOf(info.path()) + QLatin1Char('/') + info.fileName();
-}
-
-} // namespace
-
 TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes)
     : commonShapes(options.shapes())
     , commonWishes(options.wishes())
-    , commonOutput(QString::fromStdString(options.output))
-    , commonPattern(QString::fromStdString(options.output))
 {
+    if (!options.output.empty())
+        commonOutput = host::OutputName(QString::fromStdString(options.output));
     if (needsShapes && commonShapes.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
             QStringLiteral("no shape is named"),
@@ -54,12 +38,12 @@ TaskPlan::Planned TaskPlan::plan(const Input& input)
 void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
 {
     const bool hasOwn = !input.output.isEmpty();
-    if (!hasOwn && commonPattern.isEmpty())
+    if (!hasOwn && !commonOutput)
         return;
-    const host::OutputName name = hasOwn ? host::OutputName(input.output) : commonOutput;
+    const host::OutputName name = hasOwn ? host::OutputName(input.output) : *commonOutput;
     for (const host::CropShape& shape : task.shapes) {
         const QString output = name.nameFor(input.path, shape);
-        const QString file = canonicalPathOf(output);
+        const QString file = host::canonicalPathOf(output);
         if (usedOutputs.contains(file))
             throw HostError(ExitCode::Usage, output, QStringLiteral("named for two outputs"),
                 QStringLiteral("tell them apart with {dir}, {stem} and {ratio}"));

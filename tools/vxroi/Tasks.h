@@ -42,8 +42,7 @@ private:
 
     QVector<host::CropShape> commonShapes;
     host::Wishes commonWishes;
-    host::OutputName commonOutput;
-    QString commonPattern;
+    std::optional<host::OutputName> commonOutput;
     QSet<QString> usedOutputs;
 };
 
