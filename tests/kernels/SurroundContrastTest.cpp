@@ -38,6 +38,13 @@ TEST(SurroundContrast, fastEqualsPlainForLargerImagesAndPaddedRows)
     EXPECT_TRUE(fastEqualsPlain(padded.image()));
 }
 
+// Whole-number contrasts lie where a level begins, and rounding decides on which side.
+TEST(SurroundContrast, fastEqualsPlainWhereRoundingDecides)
+{
+    for (const int side : { 1, 2, 3, 4, 15, 16 })
+        EXPECT_TRUE(fastEqualsPlain(support::chessboard(640, 480, side))) << side;
+}
+
 TEST(SurroundContrast, leavesANullTargetAlone)
 {
     QImage target;

@@ -56,6 +56,16 @@ std::vector<QImage> variedImages(int width, int height, unsigned seed)
     return { noise(width, height, seed), flat, gradient, halves, fewLevels };
 }
 
+QImage chessboard(int width, int height, int side)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, (x / side + y / side) % 2 == 0 ? 0xFFFFFFFF : 0xFF000000);
+    }
+    return image;
+}
+
 QImage redPixel(int red) { return imageOfReds(1, { red }); }
 
 PaddedImage::PaddedImage(const QImage& image)

@@ -18,6 +18,9 @@ QImage imageOfReds(int width, const std::vector<int>& reds);
 /// different colour, and few levels, so that equal values are many.
 std::vector<QImage> variedImages(int width, int height, unsigned seed);
 
+/// An ARGB32 image of black and white fields that are \a side pixels wide and high.
+QImage chessboard(int width, int height, int side);
+
 /// An image with one pixel, whose red value is \a red.
 QImage redPixel(int red);
 

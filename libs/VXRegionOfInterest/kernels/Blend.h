@@ -1,6 +1,6 @@
 #pragma once
 
-#include "UninitializedArray.h"
+#include "AlignedArray.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -15,7 +15,7 @@ namespace vx::kernels {
 struct RedPlane {
     int width;
     int height;
-    UninitializedArray<quint8> values;
+    AlignedArray<quint8> values;
 };
 
 /// Reads the red values of \a words, an image of 32 bits per pixel.

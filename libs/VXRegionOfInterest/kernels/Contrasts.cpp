@@ -1,106 +1,132 @@
+#include "ExactArithmetic.h"
+
 #include "Contrasts.h"
 
+#include "LumaChroma.h"
 #include "PixelWords.h"
+#include "SurroundSpan.h"
 
-#include <algorithm>
-#include <array>
+#include <utility>
 
 namespace {
 
-constexpr int channelCount = 3;
-constexpr int rowsAtOnce = 4;
+using namespace vx::kernels;
+
+std::array<double, 3> channelsOf(QRgb pixel)
+{
+    const LumaChroma colour = lumaChromaOf(pixel);
+    return { colour.luma, colour.redDifference, colour.blueDifference };
+}
 
 } // namespace
 
-vx::kernels::ChannelRowBuffer::ChannelRowBuffer(int width)
-    : values(static_cast<std::size_t>(channelCount * width))
-    , stride(width)
+vx::kernels::IntegralRow::IntegralRow(const QImage& image)
+    : words(image)
 {
+    sums.fill(std::vector<double>(static_cast<std::size_t>(image.width()) + 1, 0.0));
 }
 
-vx::kernels::ChannelRow vx::kernels::ChannelRowBuffer::row() { return { values.data(), stride }; }
+void vx::kernels::IntegralRow::moveTo(int y)
+{
+    while (current < y) {
+        ++current;
+        const QRgb* const pixels = wordRow(words, current);
+        std::array<double, 3> rowSums {};
+        for (int x = 0; x < words.width(); ++x) {
+            const std::array<double, 3> colour = channelsOf(pixels[x]);
+            for (std::size_t channel = 0; channel < colour.size(); ++channel) {
+                rowSums[channel] += colour[channel];
+                sums[channel][static_cast<std::size_t>(x) + 1] += rowSums[channel];
+            }
+        }
+    }
+}
+
+double vx::kernels::IntegralRow::sum(std::size_t channel, int x) const
+{
+    return sums[channel][static_cast<std::size_t>(x + 1)];
+}
 
 vx::kernels::Contrasts::Contrasts(const QImage& image, const RowLoops& rowLoops)
     : words(image)
     , loops(rowLoops)
-    , width(static_cast<std::size_t>(image.width()))
-    , values(uninitializedArray<double>(width * static_cast<std::size_t>(image.height())))
-    , alongRow(image.width())
-    , weightedSum(image.width())
-    , surroundWidths(width)
-    , widthReciprocals(width)
-    , upper(image, rowLoops)
-    , lower(image, rowLoops)
+    , width(image.width())
+    , height(image.height())
+    , values(uninitializedArray<double>(
+          static_cast<std::size_t>(width) * static_cast<std::size_t>(height)))
+    , above(image)
+    , bottom(image)
+    , smoothedRows { smoothedAlong(-1), smoothedAlong(-1), smoothedAlong(0) }
 {
-    for (std::size_t x = 0; x < width; ++x) {
-        const std::size_t reach = std::min(x, width - x);
-        surroundWidths[x] = static_cast<double>(std::min(x + reach, width - 1) - (x - reach) + 1);
-        widthReciprocals[x] = 1 / surroundWidths[x];
-    }
-    sweep();
+    for (int y = 0; y < height; ++y)
+        compute(y);
 }
 
 const double* vx::kernels::Contrasts::row(int y) const
 {
-    return &values[static_cast<std::size_t>(y) * width];
+    return values.get() + static_cast<std::ptrdiff_t>(y) * width;
 }
 
-const vx::kernels::Range& vx::kernels::Contrasts::range() const { return valueRange; }
-
-void vx::kernels::Contrasts::sweep()
+void vx::kernels::Contrasts::writeLevels(QImage& target) const
 {
-    const SurroundColumns columns { surroundWidths.data(), widthReciprocals.data() };
-    const SmoothingState state { alongRow.row(), weightedSum.row() };
-    loops.beginSmoothing(wordRow(words, 0), words.width(), state);
-    int y = 0;
-    while (y < words.height()) {
-        std::array<ContrastRow, rowsAtOnce> rows { contrastRow(y) };
-        const int count = areHeldTogether(y) ? rowsAtOnce : 1;
-        for (int i = 1; i < count; ++i)
-            rows[static_cast<std::size_t>(i)] = contrastRow(y + i);
-        loops.contrastRows(words.width(), columns, state, rows.data(), count, valueRange);
-        y += count;
+    Range extremes { 1073741824, 0 };
+    for (int y = 0; y < height; ++y)
+        loops.widenRange(row(y), width, extremes);
+    const int range = static_cast<int>(extremes.greatest - extremes.least);
+    if (range == 0) {
+        target.fill(opaqueBlack);
+        return;
     }
+    const auto nothing = filledArray(static_cast<std::size_t>(width), 0.0);
+    for (int y = 0; y < height; ++y)
+        loops.writeLevels(row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range,
+            writableWordRow(target, y));
 }
 
-bool vx::kernels::Contrasts::isUpper(int y) const { return 2 * y <= words.height(); }
-
-// The row of the integral image that the surrounds end with in the upper half; the one above their
-// first in the lower half.
-int vx::kernels::Contrasts::movingRow(int y) const
+// Rows outside the image are zeros, which add nothing to what is smoothed down the columns.
+vx::kernels::ChannelRow vx::kernels::Contrasts::smoothedAlong(int y) const
 {
-    return isUpper(y) ? std::min(2 * y, words.height() - 1) : 2 * y - words.height() - 1;
-}
-
-// Whether four rows from y on are in the same half, and their moving rows, of which that of y has been
-// asked for, are held together. The first and the last row of the image go alone.
-bool vx::kernels::Contrasts::areHeldTogether(int y)
-{
-    const int last = y + rowsAtOnce - 1;
-    const bool areInOneHalf = last < words.height() - 1 && isUpper(last) == isUpper(y);
-    return y > 0 && areInOneHalf && (isUpper(y) ? upper : lower).holds(movingRow(last));
-}
-
-double* vx::kernels::Contrasts::writableRow(int y)
-{
-    return &values[static_cast<std::size_t>(y) * width];
-}
-
-vx::kernels::ContrastRow vx::kernels::Contrasts::contrastRow(int y)
-{
-    const int height = words.height();
-    const bool isLast = y == height - 1;
-    ContrastRow row {};
-    row.next = isLast ? nullptr : wordRow(words, y + 1);
-    row.weights = 4.0 - (y == 0 ? 1 : 0) - (isLast ? 1 : 0);
-    row.contrasts = writableRow(y);
-    if (isUpper(y)) {
-        row.bottom = upper.at(movingRow(y));
-        row.surroundRows = movingRow(y) + 1;
-    } else {
-        row.bottom = upper.at(height - 1);
-        row.above = lower.at(movingRow(y));
-        row.surroundRows = height - 1 - movingRow(y);
+    ChannelRow smoothed;
+    smoothed.fill(std::vector<double>(static_cast<std::size_t>(width), 0.0));
+    if (y < 0 || y >= height)
+        return smoothed;
+    const QRgb* const pixels = wordRow(words, y);
+    for (int x = 0; x < width; ++x) {
+        const std::array<double, 3> before = x > 0 ? channelsOf(pixels[x - 1]) : std::array<double, 3> {};
+        const std::array<double, 3> here = channelsOf(pixels[x]);
+        const std::array<double, 3> after
+            = x + 1 < width ? channelsOf(pixels[x + 1]) : std::array<double, 3> {};
+        for (std::size_t channel = 0; channel < smoothed.size(); ++channel)
+            smoothed[channel][static_cast<std::size_t>(x)]
+                = (before[channel] + 2 * here[channel] + after[channel]) / smoothingWeights(x, width);
     }
-    return row;
+    return smoothed;
+}
+
+void vx::kernels::Contrasts::compute(int y)
+{
+    const SurroundSpan rows = surroundSpan(y, height);
+    above.moveTo(rows.first - 1);
+    bottom.moveTo(rows.last);
+    smoothedRows = { std::move(smoothedRows[1]), std::move(smoothedRows[2]), smoothedAlong(y + 1) };
+    double* const contrasts = values.get() + static_cast<std::ptrdiff_t>(y) * width;
+    for (int x = 0; x < width; ++x)
+        contrasts[x]
+            = squaredDistance(0, x, y) + squaredDistance(1, x, y) + squaredDistance(2, x, y);
+}
+
+// The zeros outside the image add and subtract nothing, so that all four corners may be taken.
+double vx::kernels::Contrasts::squaredDistance(std::size_t channel, int x, int y) const
+{
+    const SurroundSpan columns = surroundSpan(x, width);
+    const SurroundSpan rows = surroundSpan(y, height);
+    const double sum = bottom.sum(channel, columns.last) + above.sum(channel, columns.first - 1)
+        - above.sum(channel, columns.last) - bottom.sum(channel, columns.first - 1);
+    const auto i = static_cast<std::size_t>(x);
+    const double smoothed = (smoothedRows[0][channel][i] + 2 * smoothedRows[1][channel][i]
+                                + smoothedRows[2][channel][i])
+        / smoothingWeights(y, height);
+    const double area = static_cast<double>(columns.count()) * rows.count();
+    const double distance = sum / area - smoothed;
+    return distance * distance;
 }

@@ -1,62 +1,65 @@
 #pragma once
 
-#include "IntegralRows.h"
-#include "UninitializedArray.h"
+#include "AlignedArray.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
 
+#include <array>
 #include <vector>
 
 namespace vx::kernels {
 
-/// A row of luma and chroma, of zeros at first.
-class ChannelRowBuffer {
-public:
-    explicit ChannelRowBuffer(int width);
+/// A row of luma and the two colour differences, in the order of LumaChroma.
+using ChannelRow = std::array<std::vector<double>, 3>;
 
-    ChannelRow row();
+/// A row of the integral images of an image's luma and chroma.
+class IntegralRow {
+public:
+    /// The zeros above the first row. \pre \a image has 32 bits per pixel and outlives this.
+    explicit IntegralRow(const QImage& image);
+
+    /// Moves on to row \a y, which is this row or one below it.
+    void moveTo(int y);
+
+    /// The sum of the rows so far up to column \a x, which may be -1.
+    double sum(std::size_t channel, int x) const;
 
 private:
-    std::vector<double> values;
-    int stride;
+    const QImage& words;
+    int current = -1;
+    ChannelRow sums; ///< the sum up to column x is at x + 1
 };
 
-/// The contrast of each pixel of an image of 32 bits per pixel to its surround: the squared distance
-/// that surroundContrast() stretches to levels.
+/// The contrast of each pixel of an image to its surround, see surroundContrast(), in the order of
+/// operations that tells the last bit of it.
 ///
 /// In the upper half of the image every surround begins with row 0, in the lower half every surround
-/// ends with the last row. So two sweeps with one moving row of the integral image each are enough,
-/// and nothing but the contrasts is as large as the image.
+/// ends with the last row. So two moving rows of the integral images are enough, and nothing but the
+/// contrasts is as large as the image.
 class Contrasts {
 public:
-    /// Computes them all. \pre \a image is not null.
-    Contrasts(const QImage& image, const RowLoops& rowLoops);
+    /// Computes them all. \pre \a image has 32 bits per pixel and is not null.
+    Contrasts(const QImage& image, const RowLoops& loops);
 
     const double* row(int y) const;
 
-    /// The smallest and the greatest contrast.
-    const Range& range() const;
+    /// Fills \a target with the levels of the contrasts.
+    void writeLevels(QImage& target) const;
 
 private:
-    void sweep();
-    bool isUpper(int y) const;
-    int movingRow(int y) const;
-    bool areHeldTogether(int y);
-    double* writableRow(int y);
-    ContrastRow contrastRow(int y);
+    ChannelRow smoothedAlong(int y) const;
+    void compute(int y);
+    double squaredDistance(std::size_t channel, int x, int y) const;
 
     const QImage& words;
     const RowLoops& loops;
-    const std::size_t width;
-    UninitializedArray<double> values;
-    ChannelRowBuffer alongRow;
-    ChannelRowBuffer weightedSum;
-    std::vector<double> surroundWidths;
-    std::vector<double> widthReciprocals;
-    IntegralRows upper;
-    IntegralRows lower;
-    Range valueRange { 1073741824, 0 };
+    const int width;
+    const int height;
+    AlignedArray<double> values;
+    IntegralRow above; ///< the row before surrounds begin
+    IntegralRow bottom; ///< the row that surrounds end with
+    std::array<ChannelRow, 3> smoothedRows; ///< along themselves: the row before, this one, the next
 };
 
 } // namespace vx::kernels

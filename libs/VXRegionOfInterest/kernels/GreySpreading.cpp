@@ -75,7 +75,7 @@ private:
     std::ptrdiff_t positions;
     std::ptrdiff_t reach;
     std::ptrdiff_t byteCount;
-    UninitializedArray<quint8> covered;
+    AlignedArray<quint8> covered;
 };
 
 } // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "UninitializedArray.h"
+#include "AlignedArray.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -32,7 +32,7 @@ private:
     const RowLoops& loops;
     int width;
     int height;
-    UninitializedArray<quint8> keys; ///< red values; in the end their maxima over columns
+    AlignedArray<quint8> keys; ///< red values; in the end their maxima over columns
 };
 
 } // namespace vx::kernels

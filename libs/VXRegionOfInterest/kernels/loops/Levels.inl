@@ -1,5 +1,36 @@
 // Sums and products that become grey levels.
 
+// A whole number n divided by another, d, truncates like (n + 0.5) · (1 / d): that is at least 0.5 /
+// d away from every whole number, and rounded by far less, since both are below 2³¹.
+VX_ALWAYS_INLINE int stretch(double above, double reciprocal)
+{
+    return static_cast<int>((above * 255 + 0.5) * reciprocal);
+}
+
+bool writeLevels(const double* contrasts, int count, const Tolerance& tolerance, double least,
+    int range, QRgb* __restrict pixels)
+{
+    const Tolerance own = tolerance;
+    const double reciprocal = 1.0 / range;
+    const auto truncated = [=](int i, double direction) {
+        const double distance
+            = (contrasts[i] * own.slope + own.offset) * own.ofColumns[i] + own.floor;
+        return static_cast<int>(contrasts[i] - least + direction * distance);
+    };
+    int differences = 0;
+    for (int i = 0; i < count; ++i) {
+        const int above = truncated(i, -1);
+        differences |= above ^ truncated(i, 1);
+        pixels[i] = opaqueGrey(stretch(above, reciprocal));
+    }
+    // Few rows get here, and most of them with levels that do not differ.
+    for (int i = 0; differences != 0 && i < count; ++i) {
+        if (stretch(truncated(i, -1), reciprocal) != stretch(truncated(i, 1), reciprocal))
+            return false;
+    }
+    return true;
+}
+
 void writeProducts(const double* values, int count, double factor, QRgb* __restrict pixels)
 {
     for (int i = 0; i < count; ++i)
@@ -46,7 +77,7 @@ void addWeighted(const quint8* values, int count, quint32 weight, quint32* __res
 }
 
 // Sums are brought to the sign of the divisor, so that the quotients that count are not negative; for
-// the product with the reciprocal see writeLevels(). Doubles hold all of it: a sum of -2³¹ turns
+// the product with the reciprocal see stretch(). Doubles hold all of it: a sum of -2³¹ turns
 // positive here, as it does in its quotient by any divisor but -1. There the quotient wraps, and the
 // sums turn their sign as integers.
 void divideSums(const quint32* sums, int count, int divisor, QRgb* __restrict pixels)

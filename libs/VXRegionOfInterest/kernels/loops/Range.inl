@@ -1,46 +1,30 @@
 // The range of numbers.
 
-// One in each lane.
-struct Ranges {
-    Doubles least;
-    Doubles greatest;
-};
-
-// What fills no vector goes to the range itself.
-VX_ALWAYS_INLINE void widenRanges(
-    const double* numbers, std::ptrdiff_t count, Ranges& ranges, Range& range)
-{
-    std::ptrdiff_t i = 0;
-    for (; i + lanes <= count; i += lanes) {
-        Doubles next;
-        __builtin_memcpy(&next, numbers + i, sizeof next);
-        ranges.least = next < ranges.least ? next : ranges.least;
-        ranges.greatest = next > ranges.greatest ? next : ranges.greatest;
-    }
-    for (; i < count; ++i) {
-        range.least = numbers[i] < range.least ? numbers[i] : range.least;
-        range.greatest = numbers[i] > range.greatest ? numbers[i] : range.greatest;
-    }
-}
-
-VX_ALWAYS_INLINE void beginRanges(const Range& range, Ranges& ranges)
-{
-    ranges = { Doubles {} + range.least, Doubles {} + range.greatest };
-}
-
-VX_ALWAYS_INLINE void endRanges(const Ranges& ranges, Range& range)
-{
-    for (int lane = 0; lane < lanes; ++lane) {
-        range.least = ranges.least[lane] < range.least ? ranges.least[lane] : range.least;
-        range.greatest
-            = ranges.greatest[lane] > range.greatest ? ranges.greatest[lane] : range.greatest;
-    }
-}
+// So many at once that no comparison waits for the one before it.
+constexpr int rangesAtOnce = 32;
 
 void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
 {
-    Ranges ranges;
-    beginRanges(range, ranges);
-    widenRanges(numbers, count, ranges, range);
-    endRanges(ranges, range);
+    double least[rangesAtOnce];
+    double greatest[rangesAtOnce];
+    for (int i = 0; i < rangesAtOnce; ++i) {
+        least[i] = range.least;
+        greatest[i] = range.greatest;
+    }
+    std::ptrdiff_t first = 0;
+    for (; first + rangesAtOnce <= count; first += rangesAtOnce) {
+        for (int i = 0; i < rangesAtOnce; ++i) {
+            const double number = numbers[first + i];
+            least[i] = number < least[i] ? number : least[i];
+            greatest[i] = number > greatest[i] ? number : greatest[i];
+        }
+    }
+    for (; first < count; ++first) {
+        least[0] = numbers[first] < least[0] ? numbers[first] : least[0];
+        greatest[0] = numbers[first] > greatest[0] ? numbers[first] : greatest[0];
+    }
+    for (int i = 0; i < rangesAtOnce; ++i) {
+        range.least = least[i] < range.least ? least[i] : range.least;
+        range.greatest = greatest[i] > range.greatest ? greatest[i] : range.greatest;
+    }
 }

@@ -22,8 +22,6 @@ namespace {
 
 using namespace vx::kernels;
 
-constexpr int channelCount = 3;
-
 VX_ALWAYS_INLINE double redOf(QRgb pixel) { return static_cast<int>(pixel >> 16U & 0xFFU); }
 VX_ALWAYS_INLINE double greenOf(QRgb pixel) { return static_cast<int>(pixel >> 8U & 0xFFU); }
 VX_ALWAYS_INLINE double blueOf(QRgb pixel) { return static_cast<int>(pixel & 0xFFU); }
@@ -35,10 +33,9 @@ VX_ALWAYS_INLINE QRgb opaqueGrey(int level)
     return 0xFF000000U | byte << 16U | byte << 8U | byte;
 }
 
-// See LumaChroma.h; for doubles and for vectors of them.
-template <typename Number>
-VX_ALWAYS_INLINE void toLumaChroma(const Number& red, const Number& green, const Number& blue,
-    Number& luma, Number& redDifference, Number& blueDifference)
+// See LumaChroma.h.
+VX_ALWAYS_INLINE void toLumaChroma(double red, double green, double blue, double& luma,
+    double& redDifference, double& blueDifference)
 {
     luma = 0.299 * red + 0.587 * green + 0.114 * blue;
     redDifference = (red - luma) * 0.713 + 128.0;
@@ -49,14 +46,12 @@ VX_ALWAYS_INLINE void toLumaChroma(const Number& red, const Number& green, const
 #include "Vectors.inl"
 
 #include "Range.inl"
-#include "Smoothing.inl"
 
 #include "Chroma.inl"
-#include "Contrast.inl"
 #include "Edges.inl"
-#include "Integral.inl"
 #include "Levels.inl"
 #include "Maximum.inl"
+#include "Surrounds.inl"
 
 } // namespace
 
@@ -65,9 +60,9 @@ namespace vx::kernels::loops {
 extern const RowLoops VXROI_LOOPS;
 const RowLoops VXROI_LOOPS = {
     VX_NAME_OF(VXROI_LOOPS),
-    integrateEightRows,
-    beginSmoothing,
-    contrastRows,
+    smoothAlong,
+    moveSurrounds,
+    estimateContrasts,
     writeLevels,
     writeProducts,
     readReds,

@@ -12,43 +12,62 @@
 
 namespace vx::kernels {
 
-/// Three channels of a row, in the order of LumaChroma: channel c begins at values + c · stride.
-struct ChannelRow {
-    double* values;
-    std::ptrdiff_t stride;
+/// How many numbers the loops for surrounds touch at most beyond a row, and before it. They are read,
+/// and overwritten by the rows that follow, but do not count.
+constexpr int rowMargin = 16;
+
+/// Channels of a row's pixels as whole numbers: red times 2¹⁶ plus blue, and green times 2⁸.
+struct PackedRow {
+    quint32* redBlue;
+    quint32* green;
 };
 
-/// A row of the integral images of the three channels, even and odd columns apart: column x of
-/// channel c is values[(2c + x % 2) · stride + x / 2]. Column -1, which is an odd one, is zero.
-struct IntegralRow {
-    double* values;
-    std::ptrdiff_t stride;
+/// The same, even and odd columns apart. Beside the row both are zero.
+struct PackedColumns {
+    PackedRow even;
+    PackedRow odd;
 };
 
-/// How many words integrateEightRows() reads at most before and after a row of pixels, and how many
-/// values it touches before and after each column half of an integral row.
-constexpr int integralMargin = 16;
-
-/// What smoothing down the columns keeps of the rows so far.
-struct SmoothingState {
-    ChannelRow alongRow; ///< the latest row, smoothed along itself
-    ChannelRow weightedSum; ///< the row above it, plus 2 times that row
+/// What one half of a row's surrounds has of each channel, in runs of 16 columns or fewer, as many as a
+/// vector has: each of a run holds its own and what is before it in the run.
+struct SurroundSums {
+    quint32* red;
+    quint32* green;
+    quint32* blue;
+    std::ptrdiff_t count;
 };
 
-/// How many columns the surround of each pixel of a row has, as doubles.
-struct SurroundColumns {
-    const double* widths;
-    const double* reciprocals; ///< 1 / widths
+/// What the surrounds of a row's pixels have. Those of the left half begin with column 0, and each ends
+/// two columns later than the one before. Those of the right half end with the last column and each
+/// begins two columns later; their sums are of the columns before them.
+struct Surrounds {
+    PackedColumns moved; ///< the latest rows that came or went
+    SurroundSums left; ///< one more than columns, so that the last has all of the row
+    SurroundSums right;
 };
 
-/// A row whose contrasts are asked for. The smoothing state has taken it in as its latest row.
-struct ContrastRow {
-    const QRgb* next; ///< the row below it, which the state takes in; null for the last row
-    double weights; ///< the sum of the weights that smoothing down the columns has here
-    IntegralRow bottom; ///< the row of the integral image that the surrounds end with
-    IntegralRow above; ///< the one before they begin; null values where they begin with row 0
-    double surroundRows; ///< how many rows they have
-    double* contrasts; ///< receives the contrasts
+/// Rows that have been smoothed along themselves, with weights 1, 2, 1; outside the image zeros.
+struct SmoothedRows {
+    PackedRow above;
+    PackedRow here;
+    PackedRow below;
+};
+
+/// What the sums of surrounds, and of smoothing, are to be multiplied by.
+struct SurroundScale {
+    const double* ofColumns; ///< 1 / how many columns a surround has
+    const double* ofColumnWeights; ///< 1 / the sum of weights along the row
+    double ofRow; ///< the same for rows
+    double ofRowWeights;
+};
+
+/// How far estimates in a row may be from what they stand for: by (slope · estimate + offset) ·
+/// ofColumns[x] + floor.
+struct Tolerance {
+    const double* ofColumns;
+    double slope;
+    double offset;
+    double floor;
 };
 
 /// The smallest and the greatest of numbers.
@@ -76,22 +95,23 @@ struct RedMeasure {
 struct RowLoops {
     const char* name; ///< the kind of processor: "plain", "avx2" or "avx512"
 
-    /// Adds eight rows of pixels to an integral image. Every second row of it is kept, from the second
-    /// on; the last of the four in \a kept comes with the row before these.
-    void (*integrateEightRows)(const QRgb* const* rows, int width, const IntegralRow* kept);
+    /// Adds up a row's pixels with weights 1, 2, 1 along it.
+    void (*smoothAlong)(const QRgb* pixels, int width, const PackedRow& smoothed);
 
-    /// Takes the first row of an image into a smoothing state.
-    void (*beginSmoothing)(const QRgb* firstRow, int width, const SmoothingState& state);
+    /// Adds two rows of pixels to surrounds, or takes them away.
+    void (*moveSurrounds)(
+        const QRgb* a, const QRgb* b, int width, bool adds, const Surrounds& surrounds);
 
-    /// Writes the squared distances of pixels, smoothed, to the means of their surrounds, for \a count
-    /// rows, and widens \a range to them. \pre \a count is 1, or 4 for rows with weights of 4 that
-    /// all have their surrounds in the same half of the image.
-    void (*contrastRows)(int width, const SurroundColumns& surrounds, const SmoothingState& state,
-        const ContrastRow* rows, int count, Range& range);
+    /// Writes how far pixels, smoothed, are from the means of their surrounds, squared, and widens \a
+    /// range to that.
+    void (*estimateContrasts)(int width, const Surrounds& surrounds, const SmoothedRows& smoothed,
+        const SurroundScale& scale, double* contrasts, Range& range);
 
     /// Stretches contrasts: what they have over \a least, truncated, times 255, divided by \a
     /// range, truncated, as opaque grey. \pre no level exceeds 255, and \a range is above 0.
-    void (*writeLevels)(const double* contrasts, int count, double least, int range, QRgb* pixels);
+    /// \return whether the levels are the same all over the tolerance.
+    bool (*writeLevels)(const double* contrasts, int count, const Tolerance& tolerance, double least,
+        int range, QRgb* pixels);
 
     /// Writes the products of \a values and \a factor, truncated, as opaque grey. \pre all lie
     /// between 0 and 255.

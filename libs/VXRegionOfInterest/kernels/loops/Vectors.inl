@@ -1,84 +1,66 @@
-// Vectors of numbers, as compilers that know GNU C offer them: arithmetic in every lane at once.
+// Vectors of words, as compilers that know GNU C offer them: arithmetic in every lane at once.
 
-template <int count> struct VectorOf {
-    using Doubles __attribute__((vector_size(8 * count))) = double;
-    using Words __attribute__((vector_size(4 * count))) = quint32;
-    using Ints __attribute__((vector_size(4 * count))) = qint32;
-    using Masks __attribute__((vector_size(8 * count))) = qint64;
-};
-template <int count> using DoublesOf = typename VectorOf<count>::Doubles;
-template <int count> using WordsOf = typename VectorOf<count>::Words;
-template <int count> using IntsOf = typename VectorOf<count>::Ints;
-template <int count> using MasksOf = typename VectorOf<count>::Masks;
-
-// As many doubles as this processor has in a register.
+// As many as this processor has in a register.
 #if defined(__AVX512F__)
+constexpr int lanes = 16;
+#elif defined(__AVX2__)
 constexpr int lanes = 8;
-#elif defined(__AVX__)
-constexpr int lanes = 4;
 #else
-constexpr int lanes = 2;
+constexpr int lanes = 4;
 #endif
-using Doubles = DoublesOf<lanes>;
+using Words __attribute__((vector_size(4 * lanes))) = quint32;
 
 // The lanes of two vectors that a list tells, which is one of three for vectors of as many lanes.
 #define VX_LIST(...) __VA_ARGS__
 #if defined(__AVX512F__)
-#define VX_SHUFFLED(a, b, ofTwo, ofFour, ofEight) __builtin_shufflevector(a, b, VX_LIST ofEight)
-#elif defined(__AVX__)
-#define VX_SHUFFLED(a, b, ofTwo, ofFour, ofEight) __builtin_shufflevector(a, b, VX_LIST ofFour)
+#define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen)                                              \
+    __builtin_shufflevector(a, b, VX_LIST ofSixteen)
+#elif defined(__AVX2__)
+#define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen)                                              \
+    __builtin_shufflevector(a, b, VX_LIST ofEight)
 #else
-#define VX_SHUFFLED(a, b, ofTwo, ofFour, ofEight) __builtin_shufflevector(a, b, VX_LIST ofTwo)
+#define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen) __builtin_shufflevector(a, b, VX_LIST ofFour)
 #endif
 
-VX_ALWAYS_INLINE void toDoubles(const WordsOf<2>& words, DoublesOf<2>& doubles)
+VX_ALWAYS_INLINE void load(const quint32* numbers, Words& words)
 {
-    doubles = __builtin_convertvector(reinterpret_cast<IntsOf<2>>(words), DoublesOf<2>);
+    __builtin_memcpy(&words, numbers, sizeof words);
 }
 
-// GCC 12 makes several instructions of the general way where there is one.
-VX_ALWAYS_INLINE void toDoubles(const WordsOf<4>& words, DoublesOf<4>& doubles)
+VX_ALWAYS_INLINE void store(const Words& words, quint32* numbers)
 {
-#ifdef __AVX__
-    doubles = _mm256_cvtepi32_pd(reinterpret_cast<__m128i>(words));
-#else
-    doubles = __builtin_convertvector(reinterpret_cast<IntsOf<4>>(words), DoublesOf<4>);
+    __builtin_memcpy(numbers, &words, sizeof words);
+}
+
+// Every second one of two vectors' lanes, from the first on.
+VX_ALWAYS_INLINE void takeEven(const Words& a, const Words& b, Words& even)
+{
+    even = VX_SHUFFLED(a, b, (0, 2, 4, 6), (0, 2, 4, 6, 8, 10, 12, 14),
+        (0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30));
+}
+
+// The others.
+VX_ALWAYS_INLINE void takeOdd(const Words& a, const Words& b, Words& odd)
+{
+    odd = VX_SHUFFLED(a, b, (1, 3, 5, 7), (1, 3, 5, 7, 9, 11, 13, 15),
+        (1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31));
+}
+
+// Makes of each lane the sum of all up to it: adding what is one lane before, then two, then four,
+// doubles how many each has got.
+VX_ALWAYS_INLINE void sumUp(Words& words)
+{
+    const Words none {};
+    words += VX_SHUFFLED(none, words, (3, 4, 5, 6), (7, 8, 9, 10, 11, 12, 13, 14),
+        (15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30));
+    words += VX_SHUFFLED(none, words, (2, 3, 4, 5), (6, 7, 8, 9, 10, 11, 12, 13),
+        (14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29));
+#ifdef __AVX2__
+    words += VX_SHUFFLED(none, words, (), (4, 5, 6, 7, 8, 9, 10, 11),
+        (12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27));
 #endif
-}
-
 #ifdef __AVX512F__
-VX_ALWAYS_INLINE void toDoubles(const WordsOf<8>& words, DoublesOf<8>& doubles)
-{
-    constexpr __mmask8 everyLane = 0xFF;
-    doubles = _mm512_maskz_cvtepi32_pd(everyLane, reinterpret_cast<__m256i>(words));
-}
+    words += VX_SHUFFLED(none, words, (), (),
+        (8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23));
 #endif
-
-// Luma and chroma of so many pixels.
-template <int count> struct Channels {
-    DoublesOf<count> of[channelCount];
-};
-
-template <int count>
-VX_ALWAYS_INLINE void convert(const WordsOf<count>& pixels, Channels<count>& channels)
-{
-    DoublesOf<count> red;
-    DoublesOf<count> green;
-    DoublesOf<count> blue;
-    toDoubles(pixels >> 16U & 0xFFU, red);
-    toDoubles(pixels >> 8U & 0xFFU, green);
-    toDoubles(pixels & 0xFFU, blue);
-    toLumaChroma(red, green, blue, channels.of[0], channels.of[1], channels.of[2]);
-}
-
-// What lies one column to the left: the last lane of the columns before, and all but the last.
-VX_ALWAYS_INLINE void shiftLeft(const Doubles& before, const Doubles& here, Doubles& shifted)
-{
-    shifted = VX_SHUFFLED(before, here, (1, 2), (3, 4, 5, 6), (7, 8, 9, 10, 11, 12, 13, 14));
-}
-
-// What lies one column to the right.
-VX_ALWAYS_INLINE void shiftRight(const Doubles& here, const Doubles& after, Doubles& shifted)
-{
-    shifted = VX_SHUFFLED(here, after, (1, 2), (1, 2, 3, 4), (1, 2, 3, 4, 5, 6, 7, 8));
 }

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "AlignedArray.h"
+#include "loops/RowLoops.h"
+
+#include <QImage>
+
+#include <array>
+
+namespace vx::kernels {
+
+/// A row of packed channels, of zeros at first.
+class PackedRowBuffer {
+public:
+    explicit PackedRowBuffer(int width);
+
+    PackedRow row() const;
+
+private:
+    AlignedArray<quint32> redBlue;
+    AlignedArray<quint32> green;
+};
+
+/// Sums of surrounds, of zeros at first.
+class SurroundSumsBuffer {
+public:
+    explicit SurroundSumsBuffer(int columns);
+
+    SurroundSums sums() const;
+
+private:
+    int count;
+    AlignedArray<quint32> red;
+    AlignedArray<quint32> green;
+    AlignedArray<quint32> blue;
+};
+
+/// Estimates of the numbers that Contrasts holds, for a fraction of the time.
+///
+/// Sums of pixels are whole numbers, and so exact in any order, where those of luma and chroma are
+/// rounded at every step and have an order. Means of luma and chroma are what becomes of the means of
+/// red, green and blue, but for that rounding. It is bounded, and the levels that contrasts are
+/// stretched to are few: nearly always all of them are certain.
+class ContrastEstimates {
+public:
+    /// Makes them all. \pre \a image has 32 bits per pixel and is not null.
+    ContrastEstimates(const QImage& image, const RowLoops& rowLoops);
+
+    const double* row(int y) const;
+
+    /// How far the estimates in row \a y may be from what Contrasts has there.
+    Tolerance tolerance(int y) const;
+
+    /// Fills \a target with the levels of the contrasts.
+    /// \return false if a level is not certain; then \a target holds nothing of use.
+    bool writeLevels(QImage& target) const;
+
+private:
+    static constexpr std::size_t smoothedCount = 3;
+
+    void makeScales();
+    void estimate();
+    void moveRows(int first, int last, bool adds);
+    Surrounds surrounds() const;
+    void smoothRow(int y);
+    PackedRow smoothedRow(int y) const;
+    double toleranceOf(double estimate) const;
+
+    const QImage& words;
+    const RowLoops& loops;
+    const int width;
+    const int height;
+    AlignedArray<double> values;
+    AlignedArray<double> widthReciprocals;
+    AlignedArray<double> weightReciprocals;
+    AlignedArray<double> columnTolerances;
+    AlignedArray<QRgb> noPixels;
+    PackedRowBuffer noRow;
+    std::array<PackedRowBuffer, smoothedCount> smoothed;
+    PackedRowBuffer movedEven;
+    PackedRowBuffer movedOdd;
+    SurroundSumsBuffer left;
+    SurroundSumsBuffer right;
+    Range valueRange { 1073741824, 0 };
+};
+
+} // namespace vx::kernels

@@ -1,0 +1,182 @@
+// What surrounds are made of, in whole numbers, so that sums may be formed in any order.
+
+constexpr quint32 redBlueMask = 0x00FF00FFU;
+constexpr quint32 greenMask = 0x0000FF00U;
+
+// Weights 1, 2, 1; outside the row there is nothing to add.
+void smoothAlong(const QRgb* pixels, int width, const PackedRow& smoothed)
+{
+    quint32* __restrict const redBlue = smoothed.redBlue;
+    quint32* __restrict const green = smoothed.green;
+    const auto smoothEnd = [=](int x, QRgb neighbour) {
+        redBlue[x] = 2 * (pixels[x] & redBlueMask) + (neighbour & redBlueMask);
+        green[x] = 2 * (pixels[x] & greenMask) + (neighbour & greenMask);
+    };
+    smoothEnd(0, width > 1 ? pixels[1] : 0);
+    for (int x = 1; x < width - 1; ++x) {
+        redBlue[x] = (pixels[x - 1] & redBlueMask) + 2 * (pixels[x] & redBlueMask)
+            + (pixels[x + 1] & redBlueMask);
+        green[x] = (pixels[x - 1] & greenMask) + 2 * (pixels[x] & greenMask)
+            + (pixels[x + 1] & greenMask);
+    }
+    if (width > 1)
+        smoothEnd(width - 1, pixels[width - 2]);
+}
+
+// The sums of pixels of two rows, even and odd columns apart.
+void addTwoRows(const QRgb* a, const QRgb* b, int width, const PackedColumns& sums)
+{
+    int x = 0;
+    for (; x + 2 * lanes <= width; x += 2 * lanes) {
+        Words ofA[2];
+        Words ofB[2];
+        Words part;
+        for (int i = 0; i < 2; ++i) {
+            load(a + x + i * lanes, ofA[i]);
+            load(b + x + i * lanes, ofB[i]);
+        }
+        const Words redBlue[2] = { (ofA[0] & redBlueMask) + (ofB[0] & redBlueMask),
+            (ofA[1] & redBlueMask) + (ofB[1] & redBlueMask) };
+        const Words green[2] = { (ofA[0] & greenMask) + (ofB[0] & greenMask),
+            (ofA[1] & greenMask) + (ofB[1] & greenMask) };
+        takeEven(redBlue[0], redBlue[1], part);
+        store(part, sums.even.redBlue + x / 2);
+        takeOdd(redBlue[0], redBlue[1], part);
+        store(part, sums.odd.redBlue + x / 2);
+        takeEven(green[0], green[1], part);
+        store(part, sums.even.green + x / 2);
+        takeOdd(green[0], green[1], part);
+        store(part, sums.odd.green + x / 2);
+    }
+    for (; x < width; ++x) {
+        const PackedRow& columns = x % 2 == 0 ? sums.even : sums.odd;
+        columns.redBlue[x / 2] = (a[x] & redBlueMask) + (b[x] & redBlueMask);
+        columns.green[x / 2] = (a[x] & greenMask) + (b[x] & greenMask);
+    }
+}
+
+template <bool adds> VX_ALWAYS_INLINE void moveSums(quint32* sums, const Words& by)
+{
+    Words words;
+    load(sums, words);
+    words = adds ? words + by : words - by;
+    store(words, sums);
+}
+
+// Two bytes of four pixels each, times the lanes: no sum of reds or blues outgrows its 16 bits.
+template <bool adds>
+VX_ALWAYS_INLINE void movePairs(const PackedRow& a, const PackedRow& b, const SurroundSums& sums)
+{
+    for (int i = 0; i < sums.count; i += lanes) {
+        Words pairs;
+        Words others;
+        load(a.redBlue + i, pairs);
+        load(b.redBlue + i, others);
+        pairs += others;
+        sumUp(pairs);
+        moveSums<adds>(sums.red + i, pairs >> 16U);
+        moveSums<adds>(sums.blue + i, pairs & 0xFFFFU);
+        load(a.green + i, pairs);
+        load(b.green + i, others);
+        pairs += others;
+        sumUp(pairs);
+        moveSums<adds>(sums.green + i, pairs >> 8U);
+    }
+}
+
+VX_ALWAYS_INLINE PackedRow columnsBefore(const PackedRow& columns)
+{
+    return { columns.redBlue - 1, columns.green - 1 };
+}
+
+// Pairs of the left half are columns 2i - 1 and 2i. Those of the right half are two columns earlier
+// than the ones that the surround begins with: columns 2i - 2 and 2i - 1 of an even width.
+template <bool adds> VX_ALWAYS_INLINE void moveHalves(int width, const Surrounds& surrounds)
+{
+    const PackedRow& even = surrounds.moved.even;
+    const PackedRow oddBefore = columnsBefore(surrounds.moved.odd);
+    movePairs<adds>(oddBefore, even, surrounds.left);
+    movePairs<adds>(oddBefore, width % 2 == 0 ? columnsBefore(even) : even, surrounds.right);
+}
+
+void moveSurrounds(
+    const QRgb* a, const QRgb* b, int width, bool adds, const Surrounds& surrounds)
+{
+    addTwoRows(a, b, width, surrounds.moved);
+    if (adds)
+        moveHalves<true>(width, surrounds);
+    else
+        moveHalves<false>(width, surrounds);
+}
+
+// Nobody asks for the order of operations here, so they may be fused.
+VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
+{
+#ifdef __FMA__
+    return __builtin_fma(a, b, c);
+#else
+    return a * b + c;
+#endif
+}
+
+// The sums of all vectors before.
+struct SumsBefore {
+    double red;
+    double green;
+    double blue;
+};
+
+VX_ALWAYS_INLINE double numberOf(quint32 word) { return static_cast<qint32>(word); }
+
+VX_ALWAYS_INLINE quint32 smoothDown(const SmoothedRows& rows, quint32* PackedRow::*of, std::ptrdiff_t x)
+{
+    return (rows.above.*of)[x] + 2 * (rows.here.*of)[x] + (rows.below.*of)[x];
+}
+
+// A mean minus a smoothed value is taken of the channels and becomes luma and chroma then: the
+// constants that chroma is moved by do not count in a difference. \a sign is that of the sums: those
+// of the right half are what a surround has not got of all columns.
+template <int sign>
+VX_ALWAYS_INLINE void estimateHalf(const SurroundSums& sums, std::ptrdiff_t firstColumn,
+    const SmoothedRows& smoothed, const SurroundScale& scale, SumsBefore& before,
+    double* __restrict contrasts)
+{
+    constexpr double redScale = 0.713 * 0.713;
+    constexpr double blueScale = 0.564 * 0.564;
+    for (std::ptrdiff_t first = 0; first < sums.count; first += lanes) {
+        for (std::ptrdiff_t i = first; i < first + lanes; ++i) {
+            const std::ptrdiff_t x = firstColumn + i;
+            const double perSum = scale.ofColumns[x] * scale.ofRow;
+            const double perWeight = scale.ofColumnWeights[x] * scale.ofRowWeights;
+            const quint32 redBlue = smoothDown(smoothed, &PackedRow::redBlue, x);
+            const quint32 greenTimes256 = smoothDown(smoothed, &PackedRow::green, x);
+            const double red = multiplyAdd(-numberOf(redBlue >> 16U), perWeight,
+                (before.red + sign * numberOf(sums.red[i])) * perSum);
+            const double green = multiplyAdd(-numberOf(greenTimes256), perWeight * (1.0 / 256),
+                (before.green + sign * numberOf(sums.green[i])) * perSum);
+            const double blue = multiplyAdd(-numberOf(redBlue & 0xFFFFU), perWeight,
+                (before.blue + sign * numberOf(sums.blue[i])) * perSum);
+            const double luma
+                = multiplyAdd(0.114, blue, multiplyAdd(0.587, green, 0.299 * red));
+            const double redDifference = red - luma;
+            const double blueDifference = blue - luma;
+            contrasts[x] = multiplyAdd(blueScale * blueDifference, blueDifference,
+                multiplyAdd(redScale * redDifference, redDifference, luma * luma));
+        }
+        const std::ptrdiff_t last = first + lanes - 1;
+        before.red += sign * numberOf(sums.red[last]);
+        before.green += sign * numberOf(sums.green[last]);
+        before.blue += sign * numberOf(sums.blue[last]);
+    }
+}
+
+// What the last vectors of a half have too many is written over by the right half, or by the row
+// below.
+void estimateContrasts(int width, const Surrounds& surrounds, const SmoothedRows& smoothed,
+    const SurroundScale& scale, double* contrasts, Range& range)
+{
+    SumsBefore before {};
+    estimateHalf<1>(surrounds.left, 0, smoothed, scale, before, contrasts);
+    estimateHalf<-1>(surrounds.right, (width + 1) / 2, smoothed, scale, before, contrasts);
+    widenRange(contrasts, width, range);
+}

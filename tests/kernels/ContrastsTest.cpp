@@ -1,0 +1,135 @@
+#include "kernels/ContrastEstimates.h"
+#include "kernels/Contrasts.h"
+#include "kernels/LumaChroma.h"
+#include "kernels/PixelWords.h"
+#include "kernels/Planes.h"
+#include "support/TestImages.h"
+#include "support/Variants.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace kernels = vx::kernels;
+
+namespace {
+
+// A picture's channels as whole planes, with the arithmetic of Planes.h.
+struct Channel {
+    Channel(const QImage& image, double kernels::LumaChroma::*member)
+        : width(image.width())
+        , height(image.height())
+    {
+        for (int y = 0; y < height; ++y) {
+            integral.append(kernels::Plane());
+            for (int x = 0; x < width; ++x) {
+                plane.append(kernels::lumaChromaOf(kernels::wordRow(image, y)[x]).*member);
+                integral.last().append(0);
+            }
+        }
+        smoothed = plane;
+        kernels::smoothSeparably(plane, width, height, { 1, 2, 1 }, smoothed);
+        kernels::integrate(plane, width, height, integral);
+    }
+
+    // The squared distance of a pixel to the mean of its surround.
+    double contrast(int x, int y) const
+    {
+        const int reachX = std::min(x, width - x);
+        const int reachY = std::min(y, height - y);
+        const int left = x - reachX;
+        const int top = y - reachY;
+        const int right = std::min(x + reachX, width - 1);
+        const int bottom = std::min(y + reachY, height - 1);
+        const double area = (right - left + 1) * (bottom - top + 1);
+        const double mean = kernels::rectangleSum(integral, left, top, right, bottom) / area;
+        const double distance = mean - smoothed.at(y * width + x);
+        return distance * distance;
+    }
+
+    int width;
+    int height;
+    kernels::Plane plane;
+    kernels::Plane smoothed;
+    kernels::IntegralImage integral;
+};
+
+testing::AssertionResult estimatesAreWithinTolerance(const QImage& image)
+{
+    const kernels::Contrasts contrasts(image, kernels::fastestRowLoops());
+    for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
+        const kernels::ContrastEstimates estimates(image, *loops);
+        for (int y = 0; y < image.height(); ++y) {
+            const kernels::Tolerance tolerance = estimates.tolerance(y);
+            for (int x = 0; x < image.width(); ++x) {
+                const double estimate = estimates.row(y)[x];
+                const double distance
+                    = (tolerance.slope * estimate + tolerance.offset) * tolerance.ofColumns[x]
+                    + tolerance.floor;
+                if (!(std::abs(estimate - contrasts.row(y)[x]) <= distance))
+                    return testing::AssertionFailure()
+                        << loops->name << ": " << estimate << " is further than " << distance
+                        << " from " << contrasts.row(y)[x] << " at " << x << ", " << y;
+            }
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
+} // namespace
+
+TEST(Contrasts, areThePlainOnesToTheBit)
+{
+    for (const QSize& size : { QSize(1, 1), QSize(2, 9), QSize(7, 1), QSize(9, 2), QSize(8, 3),
+             QSize(37, 23), QSize(170, 12), QSize(301, 10), QSize(24, 41), QSize(5, 40) }) {
+        const QImage image = support::noise(size.width(), size.height(), 5);
+        const Channel luma(image, &kernels::LumaChroma::luma);
+        const Channel red(image, &kernels::LumaChroma::redDifference);
+        const Channel blue(image, &kernels::LumaChroma::blueDifference);
+        const kernels::Contrasts contrasts(image, kernels::fastestRowLoops());
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                const double expected
+                    = luma.contrast(x, y) + red.contrast(x, y) + blue.contrast(x, y);
+                ASSERT_EQ(contrasts.row(y)[x], expected) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST(ContrastEstimates, areWithinToleranceForEverySize)
+{
+    for (int height = 1; height <= 12; ++height) {
+        for (int width = 1; width <= 70; ++width) {
+            for (const QImage& image : support::variedImages(width, height, 3))
+                ASSERT_TRUE(estimatesAreWithinTolerance(image)) << width << " x " << height;
+        }
+    }
+}
+
+TEST(ContrastEstimates, areWithinToleranceForLargerImages)
+{
+    for (const QSize& size : { QSize(640, 480), QSize(479, 641), QSize(1, 3000), QSize(3000, 1) }) {
+        for (const QImage& image : support::variedImages(size.width(), size.height(), 4))
+            ASSERT_TRUE(estimatesAreWithinTolerance(image)) << size.width();
+        ASSERT_TRUE(estimatesAreWithinTolerance(support::chessboard(size.width(), size.height(), 15)));
+    }
+}
+
+TEST(ContrastEstimates, levelsAreMostlyCertain)
+{
+    for (const QImage& image : support::variedImages(640, 480, 5)) {
+        QImage levels(image.size(), QImage::Format_ARGB32);
+        EXPECT_TRUE(kernels::ContrastEstimates(image, kernels::fastestRowLoops()).writeLevels(levels));
+    }
+}
+
+TEST(ContrastEstimates, levelsOfAChessboardAreNot)
+{
+    const QImage image = support::chessboard(640, 480, 15);
+    for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
+        QImage levels(image.size(), QImage::Format_ARGB32);
+        EXPECT_FALSE(kernels::ContrastEstimates(image, *loops).writeLevels(levels)) << loops->name;
+    }
+}
