@@ -96,7 +96,7 @@ struct RowLoops {
     const char* name; ///< the kind of processor: "plain", "avx2" or "avx512"
 
     /// Adds up a row's pixels with weights 1, 2, 1 along it.
-    void (*smoothAlong)(const QRgb* pixels, int width, const PackedRow& smoothed);
+    void (*smoothAlong)(const QRgb* pixels, int width, const PackedRow& target);
 
     /// Adds two rows of pixels to surrounds, or takes them away.
     void (*moveSurrounds)(

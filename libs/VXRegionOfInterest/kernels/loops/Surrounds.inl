@@ -3,24 +3,36 @@
 constexpr quint32 redBlueMask = 0x00FF00FFU;
 constexpr quint32 greenMask = 0x0000FF00U;
 
-// Weights 1, 2, 1; outside the row there is nothing to add.
-void smoothAlong(const QRgb* pixels, int width, const PackedRow& smoothed)
+VX_ALWAYS_INLINE quint32 smoothed(quint32 before, quint32 here, quint32 after, quint32 mask)
 {
-    quint32* __restrict const redBlue = smoothed.redBlue;
-    quint32* __restrict const green = smoothed.green;
-    const auto smoothEnd = [=](int x, QRgb neighbour) {
-        redBlue[x] = 2 * (pixels[x] & redBlueMask) + (neighbour & redBlueMask);
-        green[x] = 2 * (pixels[x] & greenMask) + (neighbour & greenMask);
-    };
-    smoothEnd(0, width > 1 ? pixels[1] : 0);
-    for (int x = 1; x < width - 1; ++x) {
-        redBlue[x] = (pixels[x - 1] & redBlueMask) + 2 * (pixels[x] & redBlueMask)
-            + (pixels[x + 1] & redBlueMask);
-        green[x] = (pixels[x - 1] & greenMask) + 2 * (pixels[x] & greenMask)
-            + (pixels[x + 1] & greenMask);
+    return (before & mask) + 2 * (here & mask) + (after & mask);
+}
+
+// Weights 1, 2, 1; outside the row there is nothing to add.
+VX_ALWAYS_INLINE void smoothEdge(
+    const QRgb* pixels, int width, int first, int end, const PackedRow& target)
+{
+    for (int x = first; x < end; ++x) {
+        const QRgb before = x > 0 ? pixels[x - 1] : 0;
+        const QRgb after = x + 1 < width ? pixels[x + 1] : 0;
+        target.redBlue[x] = smoothed(before, pixels[x], after, redBlueMask);
+        target.green[x] = smoothed(before, pixels[x], after, greenMask);
     }
-    if (width > 1)
-        smoothEnd(width - 1, pixels[width - 2]);
+}
+
+// Between the edges, vectors are stored where cache lines begin.
+void smoothAlong(const QRgb* pixels, int width, const PackedRow& target)
+{
+    quint32* __restrict const redBlue = target.redBlue;
+    quint32* __restrict const green = target.green;
+    const int first = lanes < width ? lanes : width;
+    const int end = width - 1 > first ? width - 1 : first;
+    smoothEdge(pixels, width, 0, first, target);
+    for (int x = first; x < end; ++x) {
+        redBlue[x] = smoothed(pixels[x - 1], pixels[x], pixels[x + 1], redBlueMask);
+        green[x] = smoothed(pixels[x - 1], pixels[x], pixels[x + 1], greenMask);
+    }
+    smoothEdge(pixels, width, end, width, target);
 }
 
 // The sums of pixels of two rows, even and odd columns apart.
