@@ -22,6 +22,7 @@
 #include "kernels/GaussianBlur.h"
 #include "kernels/LumaChroma.h"
 #include "kernels/MaxFilter.h"
+#include "kernels/PixelWords.h"
 #include "kernels/RedSums.h"
 #include "kernels/SurroundContrast.h"
 #include "support/Memory.h"
@@ -217,16 +218,22 @@ void registerVariants()
         const ImageSubject filter { name + ": maximum filter, grey",
             [loops](const QImage& image) { return vx::kernels::maxFilter(image, 45, 150, *loops); },
             [](const QImage& image) { return reference::maxFilter(image, 45, 150); } };
-        const ImageSubject chroma { name + ": chroma",
-            [loops](const QImage& image) { return vx::kernels::chromaOf(image, *loops); },
+        const ImageSubject chroma { name + ": bins of chroma",
+            [loops](const QImage& image) {
+                QImage bins = mapFor(image);
+                for (int y = 0; y < image.height(); ++y)
+                    loops->findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256, 256,
+                        vx::kernels::writableWordRow(bins, y));
+                return bins;
+            },
             [](const QImage& image) {
-                QImage target = mapFor(image);
+                QImage bins = mapFor(image);
                 for (int y = 0; y < image.height(); ++y) {
                     for (int x = 0; x < image.width(); ++x)
-                        target.setPixel(
-                            x, y, vx::kernels::packedLumaChromaOf(image.pixel(x, y)) & 0xFF00FFFFU);
+                        bins.setPixel(
+                            x, y, vx::kernels::packedLumaChromaOf(image.pixel(x, y)) & 0x0000FFFFU);
                 }
-                return target;
+                return bins;
             } };
         for (const QSize& size : { QSize(320, 240), workingSize, QSize(1920, 1280) }) {
             registerPair(contrast, Kind::Photo, size);

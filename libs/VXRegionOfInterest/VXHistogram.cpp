@@ -3,20 +3,8 @@
 #include "kernels/ChromaBins.h"
 #include "kernels/PixelWords.h"
 
-#include <vector>
-
-// A table of values, one row behind the other, and what is known of its rows.
-struct VXHistogram::Table {
-    Table(int rows, int columns)
-        : values(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns))
-        , emptyRows(static_cast<std::size_t>(rows))
-        , bins { values.data(), emptyRows.data(), rows, columns }
-    {
-    }
-
-    std::vector<double> values;
-    std::vector<quint8> emptyRows;
-    vx::kernels::Bins bins;
+struct VXHistogram::Table : vx::kernels::BinTable {
+    using BinTable::BinTable;
 };
 
 VXHistogram::VXHistogram() = default;
@@ -28,13 +16,13 @@ VXHistogram::VXHistogram(const QImage& image, int rows, int columns)
     bins1 = rows;
     bins2 = columns;
     table = std::make_shared<Table>(rows, columns);
-    vx::kernels::countChroma(vx::kernels::toPixelWords(image), table->bins);
+    vx::kernels::countChroma(vx::kernels::toPixelWords(image), table->bins());
 }
 
 void VXHistogram::normalizeHistogram()
 {
     if (table)
-        vx::kernels::normalizeBins(table->bins);
+        vx::kernels::normalizeBins(table->bins());
 }
 
 double VXHistogram::compareHistogram(VXHistogram* other)
@@ -42,11 +30,11 @@ double VXHistogram::compareHistogram(VXHistogram* other)
     if (other == nullptr || !table)
         return 0.0;
     const vx::kernels::Bins nothing {};
-    return vx::kernels::chiSquareDistance(table->bins, other->table ? other->table->bins : nothing);
+    return vx::kernels::chiSquareDistance(table->bins(), other->table ? other->table->bins() : nothing);
 }
 
 double VXHistogram::getHistogramValue(int column, int row)
 {
     const bool exists = column >= 0 && column < bins2 && row >= 0 && row < bins1;
-    return exists ? table->bins.row(row)[column] : 0.0;
+    return exists ? table->bins().row(row)[column] : 0.0;
 }

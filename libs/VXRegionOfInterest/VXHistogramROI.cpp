@@ -1,8 +1,8 @@
 #include "VXHistogramROI.h"
 
 #include "VXDisjointSet.h"
-#include "VXHistogram.h"
 #include "VXSegmentEdge.h"
+#include "kernels/BlockHistograms.h"
 #include "kernels/LumaChroma.h"
 #include "kernels/PixelWords.h"
 
@@ -23,63 +23,43 @@ constexpr int mostUsefulBins = 257;
 struct Grid {
     int rows = 0;
     int columns = 0;
-    QSize blockSize; // in pixels
 
-    QRect blockAt(int column, int row) const
-    {
-        return QRect(QPoint(column * blockSize.width(), row * blockSize.height()), blockSize);
-    }
     int indexOf(const QPoint& block) const { return block.y() * columns + block.x(); }
     bool contains(const QPoint& block) const { return QRect(0, 0, columns, rows).contains(block); }
 };
 
-// How many bins a histogram has.
-struct BinCounts {
-    int rows;
-    int columns;
-};
-
-using Histograms = std::vector<VXHistogram>;
+using Histograms = std::vector<vx::kernels::BinTable>;
 using Edges = std::vector<VXSegmentEdge>;
-
-Histograms histogramsOfRow(const QImage& chroma, const Grid& grid, int row, const BinCounts& bins)
-{
-    Histograms histograms;
-    for (int column = 0; column < grid.columns; ++column) {
-        const QImage block = vx::kernels::viewOf(chroma, grid.blockAt(column, row));
-        histograms.emplace_back(block, bins.rows, bins.columns);
-        histograms.back().normalizeHistogram();
-    }
-    return histograms;
-}
 
 // The edges from the blocks of one row: every pair of neighbours once, seen from its left or, one
 // above the other, from its upper block.
-void appendEdges(std::vector<Histograms>& histograms, const Grid& grid, int row, Edges& edges)
+void appendEdges(
+    const std::vector<Histograms>& histograms, const Grid& grid, int row, Edges& edges)
 {
-    const auto at = [&](const QPoint& block) -> VXHistogram& {
-        return histograms[static_cast<std::size_t>(block.y())][static_cast<std::size_t>(block.x())];
+    const auto at = [&](const QPoint& block) {
+        const Histograms& ofRow = histograms[static_cast<std::size_t>(block.y())];
+        return ofRow[static_cast<std::size_t>(block.x())].bins();
     };
     for (int column = 0; column < grid.columns; ++column) {
         const QPoint own(column, row);
         for (const QPoint& step : { QPoint(1, -1), QPoint(1, 0), QPoint(1, 1), QPoint(0, 1) }) {
             const QPoint other = own + step;
             if (grid.contains(other))
-                edges.emplace_back(
-                    grid.indexOf(own), grid.indexOf(other), at(own).compareHistogram(&at(other)));
+                edges.emplace_back(grid.indexOf(own), grid.indexOf(other),
+                    vx::kernels::chiSquareDistance(at(own), at(other)));
         }
     }
 }
 
-Edges edgesBetweenBlocks(const QImage& chroma, const Grid& grid, const BinCounts& bins)
+Edges edgesBetweenBlocks(vx::kernels::BlockHistograms& blocks, const Grid& grid)
 {
     Edges edges;
     std::vector<Histograms> histograms(static_cast<std::size_t>(grid.rows));
-    histograms[0] = histogramsOfRow(chroma, grid, 0, bins);
+    histograms[0] = blocks.ofRow(0);
     for (int row = 0; row < grid.rows; ++row) {
         const auto index = static_cast<std::size_t>(row);
         if (row + 1 < grid.rows)
-            histograms[index + 1] = histogramsOfRow(chroma, grid, row + 1, bins);
+            histograms[index + 1] = blocks.ofRow(row + 1);
         appendEdges(histograms, grid, row, edges);
         // Blocks have edges to the rows beside theirs, so the row above is needed no more. Together
         // the histograms can be large.
@@ -138,16 +118,17 @@ QImage VXHistogramROI::evaluate(const QImage& image)
     if (!isInRange || map.width() < horizontalBlocks || map.height() < verticalBlocks)
         return map;
 
-    const Grid grid { verticalBlocks, horizontalBlocks,
-        QSize(map.width() / horizontalBlocks, map.height() / verticalBlocks) };
-    // What convertToYcbcr() gives without its luma, which no histogram counts.
-    const QImage chroma = vx::kernels::chromaOf(vx::kernels::toPixelWords(image));
-    const BinCounts bins { std::min(bin1, mostUsefulBins), std::min(bin2, mostUsefulBins) };
-    Edges edges = edgesBetweenBlocks(chroma, grid, bins);
+    const Grid grid { verticalBlocks, horizontalBlocks };
+    const QSize block(map.width() / horizontalBlocks, map.height() / verticalBlocks);
+    const QImage words = vx::kernels::toPixelWords(image);
+    vx::kernels::BlockHistograms blocks(words,
+        { block, horizontalBlocks, std::min(bin1, mostUsefulBins),
+            std::min(bin2, mostUsefulBins) });
+    Edges edges = edgesBetweenBlocks(blocks, grid);
     dropUndefined(edges);
     std::stable_sort(edges.begin(), edges.end());
     VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);
-    paintLargeRegions(regions, grid.blockSize, map);
+    paintLargeRegions(regions, block, map);
     return map;
 }
 

@@ -26,36 +26,22 @@ std::array<int, 256> binOfByte(int binCount)
 // As many bins as tables of counts can have without leaving the cache next to the processor.
 constexpr int fewBins = 2048;
 
-// Neighbours fall into the same bin often, and a count that has just been stored is slow to come back,
-// so each of four pixels has a table of its own.
 void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
 {
-    const auto binCount
-        = static_cast<std::size_t>(bins.rows) * static_cast<std::size_t>(bins.columns);
-    const auto width = static_cast<std::size_t>(words.width());
-    std::vector<qint32> counts(4 * binCount);
-    const std::array<qint32*, 4> tables { counts.data(), counts.data() + binCount,
-        counts.data() + 2 * binCount, counts.data() + 3 * binCount };
-    std::vector<quint32> indices(width);
+    BinCounts counts(bins.rows, bins.columns);
+    std::vector<quint32> indices(static_cast<std::size_t>(words.width()));
     for (int y = 0; y < words.height(); ++y) {
         loops.findBins(wordRow(words, y), words.width(), bins.rows, bins.columns, indices.data());
-        std::size_t x = 0;
-        for (; x + 4 <= width; x += 4) {
-            ++tables[0][indices[x]];
-            ++tables[1][indices[x + 1]];
-            ++tables[2][indices[x + 2]];
-            ++tables[3][indices[x + 3]];
-        }
-        for (; x < width; ++x)
-            ++tables[0][indices[x]];
+        counts.add(indices.data(), words.width());
     }
-    loops.sumTables(tables.data(), bins.rows, bins.columns, bins.values, bins.emptyRows);
+    counts.moveInto(bins, loops);
 }
 
 void countManyBins(const QImage& words, const Bins& bins)
 {
     const std::array<int, 256> rowOfByte = binOfByte(bins.rows);
     const std::array<int, 256> columnOfByte = binOfByte(bins.columns);
+    std::fill(bins.row(0), bins.row(bins.rows), 0.0);
     std::fill_n(bins.emptyRows, bins.rows, quint8 { 1 });
     for (int y = 0; y < words.height(); ++y) {
         const QRgb* const pixels = wordRow(words, y);
@@ -70,7 +56,54 @@ void countManyBins(const QImage& words, const Bins& bins)
     }
 }
 
+std::size_t binCount(int rows, int columns)
+{
+    return static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns);
+}
+
 } // namespace
+
+vx::kernels::BinTable::BinTable(int rowCount, int columnCount)
+    : values(uninitializedArray<double>(binCount(rowCount, columnCount)))
+    , emptyRows(uninitializedArray<quint8>(static_cast<std::size_t>(rowCount)))
+    , rows(rowCount)
+    , columns(columnCount)
+{
+}
+
+vx::kernels::Bins vx::kernels::BinTable::bins() const
+{
+    return { values.get(), emptyRows.get(), rows, columns };
+}
+
+// A cache line apart from a power of two, the tables' counts of one bin do not pass for each other: a
+// processor takes addresses for the same that differ by a multiple of 4 KiB.
+vx::kernels::BinCounts::BinCounts(int rows, int columns)
+    : stride(binCount(rows, columns) + 16)
+    , counts(filledArray<qint32>(tableCount * stride, 0))
+    , tables { counts.get(), counts.get() + stride, counts.get() + 2 * stride,
+        counts.get() + 3 * stride }
+{
+}
+
+void vx::kernels::BinCounts::add(const quint32* indices, int count)
+{
+    int i = 0;
+    for (; i + 4 <= count; i += 4) {
+        ++tables[0][indices[i]];
+        ++tables[1][indices[i + 1]];
+        ++tables[2][indices[i + 2]];
+        ++tables[3][indices[i + 3]];
+    }
+    for (; i < count; ++i)
+        ++tables[0][indices[i]];
+}
+
+void vx::kernels::BinCounts::moveInto(const Bins& bins, const RowLoops& loops)
+{
+    loops.sumTables(tables.data(), bins.rows, bins.columns, bins.values, bins.emptyRows);
+    std::fill_n(counts.get(), tableCount * stride, 0);
+}
 
 void vx::kernels::countChroma(const QImage& words, const Bins& bins, const RowLoops& loops)
 {

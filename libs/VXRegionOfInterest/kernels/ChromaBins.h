@@ -1,9 +1,11 @@
 #pragma once
 
+#include "AlignedArray.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
 
+#include <array>
 #include <cstddef>
 
 namespace vx::kernels {
@@ -16,6 +18,43 @@ struct Bins {
     int columns;
 
     double* row(int index) const { return values + static_cast<std::ptrdiff_t>(index) * columns; }
+};
+
+/// Bins of their own, which are to be counted into first.
+class BinTable {
+public:
+    BinTable(int rowCount, int columnCount);
+
+    Bins bins() const;
+
+private:
+    AlignedArray<double> values;
+    AlignedArray<quint8> emptyRows;
+    int rows;
+    int columns;
+};
+
+/// Counts indices of bins.
+///
+/// Neighbours fall into the same bin often, and a count that has just been stored is slow to come back,
+/// so each of four pixels has a table of its own.
+class BinCounts {
+public:
+    /// For so many \a rows and \a columns.
+    BinCounts(int rows, int columns);
+
+    /// Counts \a count indices: row · columns + column, of bins that exist.
+    void add(const quint32* indices, int count);
+
+    /// Writes the counts, finds the empty rows, and begins from 0 again. \pre as many rows and columns.
+    void moveInto(const Bins& bins, const RowLoops& loops);
+
+private:
+    static constexpr std::size_t tableCount = 4;
+
+    std::size_t stride;
+    AlignedArray<qint32> counts;
+    std::array<qint32*, tableCount> tables;
 };
 
 /// Counts the pixels of \a words, an image of 32 bits per pixel, from 0 on, and finds the empty rows.

@@ -38,8 +38,4 @@ inline QRgb packedLumaChromaOf(QRgb pixel)
 void packLumaChroma(const QImage& words, const QSize& size, QImage& target,
     const RowLoops& loops = fastestRowLoops());
 
-/// The chroma of \a words, an image of 32 bits per pixel, packed as packedLumaChromaOf() does, with 0 in
-/// place of luma.
-QImage chromaOf(const QImage& words, const RowLoops& loops = fastestRowLoops());
-
 } // namespace vx::kernels

@@ -21,23 +21,27 @@ void packLumaChroma(const QRgb* pixels, int count, QRgb* __restrict target)
 // Divided by 64 first, the millionths are below 2²², so that single precision is enough for the rest
 // of the division, by 15625: the quotient of n + 0.5 is at least 0.5 / 15625 away from every whole
 // number, and rounded by less.
-VX_ALWAYS_INLINE QRgb chromaByte(int difference, int factor)
+VX_ALWAYS_INLINE quint32 chromaOf(int difference, int factor)
 {
     const int millionths = difference * factor + 128000000;
     const auto parts = static_cast<float>(millionths >> 6);
-    return static_cast<QRgb>(static_cast<int>((parts + 0.5F) * (1.0F / 15625.0F)));
+    return static_cast<quint32>(static_cast<int>((parts + 0.5F) * (1.0F / 15625.0F)));
 }
 
-void packChroma(const QRgb* pixels, int count, QRgb* __restrict target)
+void findChromaBins(
+    const QRgb* pixels, int count, int rows, int columns, quint32* __restrict indices)
 {
+    const auto rowCount = static_cast<quint32>(rows);
+    const auto columnCount = static_cast<quint32>(columns);
     for (int i = 0; i < count; ++i) {
         const int red = static_cast<int>(pixels[i] >> 16U & 0xFFU);
         const int green = static_cast<int>(pixels[i] >> 8U & 0xFFU);
         const int blue = static_cast<int>(pixels[i] & 0xFFU);
         const int blueDifference = 886 * blue - 299 * red - 587 * green;
         const int redDifference = 701 * red - 587 * green - 114 * blue;
-        target[i]
-            = 0xFF000000U | chromaByte(blueDifference, 564) << 8U | chromaByte(redDifference, 713);
+        const quint32 row = chromaOf(blueDifference, 564) * rowCount >> 8U;
+        const quint32 column = chromaOf(redDifference, 713) * columnCount >> 8U;
+        indices[i] = row * columnCount + column;
     }
 }
 

@@ -139,12 +139,12 @@ struct RowLoops {
     /// Packs luma and chroma as packedLumaChromaOf() does.
     void (*packLumaChroma)(const QRgb* pixels, int count, QRgb* target);
 
-    /// Packs the two chroma bytes as packedLumaChromaOf() does, and 0 in place of luma.
-    void (*packChroma)(const QRgb* pixels, int count, QRgb* target);
-
     /// The index of each pixel's bin in a table of so many rows and columns, see countChroma(). \pre
     /// the table has at most 2²³ bins.
     void (*findBins)(const QRgb* pixels, int count, int rows, int columns, quint32* indices);
+
+    /// The same for pixels that packLumaChroma() has not packed yet. \pre both numbers are at most 257.
+    void (*findChromaBins)(const QRgb* pixels, int count, int rows, int columns, quint32* indices);
 
     /// Adds up four tables of counts, and says of each row whether it holds nothing but zeros.
     void (*sumTables)(
