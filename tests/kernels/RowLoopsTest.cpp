@@ -46,22 +46,19 @@ TEST(RowLoops, thereIsOneForEveryKindOfProcessorUpToThisOne)
 TEST(RowLoops, smallSumsAreDividedLikeIntegers)
 {
     const int most = kernels::mostOfSmallSums;
-    std::vector<int> divisors { most / 2, most - 1, most, most + 1, 1 << 30 };
+    std::vector<int> divisors { most - 1, most, most + 1, 1 << 30 };
     for (int divisor = 1; divisor < most / 250; ++divisor)
         divisors.push_back(divisor);
+    std::vector<qint16> sums;
+    for (int sum = -most; sum <= most; ++sum)
+        sums.push_back(static_cast<qint16>(sum));
+    std::vector<QRgb> actual(sums.size());
     for (const int divisor : divisors) {
-        std::vector<quint32> sums { static_cast<quint32>(-most), static_cast<quint32>(-1), 0,
-            static_cast<quint32>(most) };
-        for (qint64 level = 1; level <= 256 && level * divisor <= most; ++level) {
-            sums.push_back(static_cast<quint32>(level * divisor - 1));
-            sums.push_back(static_cast<quint32>(level * divisor));
-        }
         std::vector<QRgb> expected;
-        for (const quint32 sum : sums) {
-            const int level = std::clamp(static_cast<qint32>(sum) / divisor, 0, 255);
+        for (const qint16 sum : sums) {
+            const int level = std::clamp(sum / divisor, 0, 255);
             expected.push_back(qRgb(level, level, level));
         }
-        std::vector<QRgb> actual(sums.size());
         for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
             loops->divideSmallSums(
                 sums.data(), static_cast<int>(sums.size()), divisor, actual.data());

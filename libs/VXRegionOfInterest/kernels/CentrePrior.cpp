@@ -4,6 +4,7 @@
 
 #include "PixelWords.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -36,8 +37,11 @@ void vx::kernels::centrePrior(QImage& target, const RowLoops& loops)
 {
     const std::vector<double> columnBump = bumpAlong(target.width());
     const std::vector<double> rowBump = bumpAlong(target.height());
-    for (int y = 0; y < target.height(); ++y) {
+    const int height = target.height();
+    for (int y = 0; y <= height / 2 && y < height; ++y) {
         const double rowPeak = rowBump[static_cast<std::size_t>(y)] * peak;
         loops.writeProducts(columnBump.data(), target.width(), rowPeak, writableWordRow(target, y));
     }
+    for (int y = height / 2 + 1; y < height; ++y)
+        std::copy_n(wordRow(target, height - y), target.width(), writableWordRow(target, y));
 }

@@ -83,8 +83,9 @@ void vx::kernels::respondToKernel(const QImage& words, const Kernel3x3& kernel, 
 void vx::kernels::combineResponses(
     const QImage& horizontal, const QImage& vertical, QImage& target, const RowLoops& loops)
 {
-    // The magnitude of black responses is black as well.
-    if (isOpaqueBlack(horizontal) && isOpaqueBlack(vertical)
+    // The magnitude of black responses is black as well. Those of a black image are one image.
+    const bool areOneImage = horizontal.constBits() == vertical.constBits();
+    if (isOpaqueBlack(horizontal) && (areOneImage || isOpaqueBlack(vertical))
         && horizontal.format() == target.format()) {
         target = horizontal;
         return;

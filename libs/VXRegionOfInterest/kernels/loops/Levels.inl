@@ -2,9 +2,24 @@
 
 // A whole number n divided by another, d, truncates like (n + 0.5) · (1 / d): that is at least 0.5 /
 // d away from every whole number, and rounded by far less, since both are below 2³¹.
-VX_ALWAYS_INLINE int stretch(double above, double reciprocal)
+VX_ALWAYS_INLINE int stretch(int above, double reciprocal)
 {
-    return static_cast<int>((above * 255 + 0.5) * reciprocal);
+    return static_cast<int>(multiplyAdd(above, 255, 0.5) * reciprocal);
+}
+
+// The lowest and the highest whole number that a contrast may have over the least one.
+struct Bounds {
+    int lowest;
+    int highest;
+};
+
+VX_ALWAYS_INLINE Bounds boundsOf(double contrast, double least, const Tolerance& tolerance, int i)
+{
+    const double distance
+        = multiplyAdd(multiplyAdd(contrast, tolerance.slope, tolerance.offset),
+            tolerance.ofColumns[i], tolerance.floor);
+    const double above = contrast - least;
+    return { static_cast<int>(above - distance), static_cast<int>(above + distance) };
 }
 
 bool writeLevels(const double* contrasts, int count, const Tolerance& tolerance, double least,
@@ -12,20 +27,16 @@ bool writeLevels(const double* contrasts, int count, const Tolerance& tolerance,
 {
     const Tolerance own = tolerance;
     const double reciprocal = 1.0 / range;
-    const auto truncated = [=](int i, double direction) {
-        const double distance
-            = (contrasts[i] * own.slope + own.offset) * own.ofColumns[i] + own.floor;
-        return static_cast<int>(contrasts[i] - least + direction * distance);
-    };
     int differences = 0;
     for (int i = 0; i < count; ++i) {
-        const int above = truncated(i, -1);
-        differences |= above ^ truncated(i, 1);
-        pixels[i] = opaqueGrey(stretch(above, reciprocal));
+        const Bounds bounds = boundsOf(contrasts[i], least, own, i);
+        differences |= bounds.lowest ^ bounds.highest;
+        pixels[i] = opaqueGrey(stretch(bounds.lowest, reciprocal));
     }
     // Few rows get here, and most of them with levels that do not differ.
     for (int i = 0; differences != 0 && i < count; ++i) {
-        if (stretch(truncated(i, -1), reciprocal) != stretch(truncated(i, 1), reciprocal))
+        const Bounds bounds = boundsOf(contrasts[i], least, own, i);
+        if (stretch(bounds.lowest, reciprocal) != stretch(bounds.highest, reciprocal))
             return false;
     }
     return true;
@@ -94,14 +105,19 @@ void divideSums(const quint32* sums, int count, int divisor, QRgb* __restrict pi
     }
 }
 
-// In single precision (n + 0.5) / d is rounded by less than 2²² · 2⁻²³ / d, and so by less than it is
+void addSmallWeighted(const quint8* values, int count, qint16 weight, qint16* __restrict sums)
+{
+    for (int i = 0; i < count; ++i)
+        sums[i] = static_cast<qint16>(sums[i] + values[i] * weight);
+}
+
+// In single precision (n + 0.5) / d is rounded by less than 2¹⁶ · 2⁻²³ / d, and so by less than it is
 // away from every whole number.
-void divideSmallSums(const quint32* sums, int count, int divisor, QRgb* __restrict pixels)
+void divideSmallSums(const qint16* sums, int count, int divisor, QRgb* __restrict pixels)
 {
     const float reciprocal = 1.0F / static_cast<float>(divisor);
     for (int i = 0; i < count; ++i) {
-        const auto sum = static_cast<float>(static_cast<qint32>(sums[i]));
-        const int quotient = static_cast<int>((sum + 0.5F) * reciprocal);
+        const int quotient = static_cast<int>((static_cast<float>(sums[i]) + 0.5F) * reciprocal);
         const int atLeastBlack = quotient > 0 ? quotient : 0;
         pixels[i] = opaqueGrey(atLeastBlack < 255 ? atLeastBlack : 255);
     }

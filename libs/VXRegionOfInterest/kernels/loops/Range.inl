@@ -3,6 +3,9 @@
 // So many at once that no comparison waits for the one before it.
 constexpr int rangesAtOnce = 32;
 
+VX_ALWAYS_INLINE double lesser(double a, double b) { return a < b ? a : b; }
+VX_ALWAYS_INLINE double greater(double a, double b) { return a > b ? a : b; }
+
 void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
 {
     double least[rangesAtOnce];
@@ -14,17 +17,19 @@ void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
     std::ptrdiff_t first = 0;
     for (; first + rangesAtOnce <= count; first += rangesAtOnce) {
         for (int i = 0; i < rangesAtOnce; ++i) {
-            const double number = numbers[first + i];
-            least[i] = number < least[i] ? number : least[i];
-            greatest[i] = number > greatest[i] ? number : greatest[i];
+            least[i] = lesser(numbers[first + i], least[i]);
+            greatest[i] = greater(numbers[first + i], greatest[i]);
         }
     }
     for (; first < count; ++first) {
-        least[0] = numbers[first] < least[0] ? numbers[first] : least[0];
-        greatest[0] = numbers[first] > greatest[0] ? numbers[first] : greatest[0];
+        least[0] = lesser(numbers[first], least[0]);
+        greatest[0] = greater(numbers[first], greatest[0]);
     }
-    for (int i = 0; i < rangesAtOnce; ++i) {
-        range.least = least[i] < range.least ? least[i] : range.least;
-        range.greatest = greatest[i] > range.greatest ? greatest[i] : range.greatest;
+    for (int half = rangesAtOnce / 2; half > 0; half /= 2) {
+        for (int i = 0; i < half; ++i) {
+            least[i] = lesser(least[i + half], least[i]);
+            greatest[i] = greater(greatest[i + half], greatest[i]);
+        }
     }
+    range = { least[0], greatest[0] };
 }

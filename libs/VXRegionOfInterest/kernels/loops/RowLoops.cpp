@@ -42,6 +42,16 @@ VX_ALWAYS_INLINE void toLumaChroma(double red, double green, double blue, double
     blueDifference = (blue - luma) * 0.564 + 128.0;
 }
 
+// a · b + c, where it does not matter whether the product is rounded.
+VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
+{
+#ifdef __FMA__
+    return __builtin_fma(a, b, c);
+#else
+    return a * b + c;
+#endif
+}
+
 // These first, because others stand on them.
 #include "Vectors.inl"
 
@@ -70,6 +80,7 @@ const RowLoops VXROI_LOOPS = {
     measureReds,
     addWeighted,
     divideSums,
+    addSmallWeighted,
     divideSmallSums,
     packLumaChroma,
     findBins,

@@ -81,8 +81,8 @@ struct ShortChannels {
     qint16* of[3]; // NOLINT(*-avoid-c-arrays): loops take no functions from std::array
 };
 
-/// How large the sums may be that are divided as small ones.
-constexpr int mostOfSmallSums = 1 << 21;
+/// How far from 0 sums may be that are kept in 16 bits.
+constexpr int mostOfSmallSums = 32767;
 
 /// What the red values of a row say of it.
 struct RedMeasure {
@@ -133,8 +133,11 @@ struct RowLoops {
     /// grey. \pre the divisor is not 0.
     void (*divideSums)(const quint32* sums, int count, int divisor, QRgb* pixels);
 
-    /// The same, faster. \pre the sums lie between ±\ref mostOfSmallSums, the divisor is above 0.
-    void (*divideSmallSums)(const quint32* sums, int count, int divisor, QRgb* pixels);
+    /// As addWeighted(), faster. \pre no sum gets beyond ±\ref mostOfSmallSums.
+    void (*addSmallWeighted)(const quint8* values, int count, qint16 weight, qint16* sums);
+
+    /// As divideSums(), faster. \pre the divisor is above 0.
+    void (*divideSmallSums)(const qint16* sums, int count, int divisor, QRgb* pixels);
 
     /// Packs luma and chroma as packedLumaChromaOf() does.
     void (*packLumaChroma)(const QRgb* pixels, int count, QRgb* target);

@@ -121,16 +121,6 @@ void moveSurrounds(
         moveHalves<false>(width, surrounds);
 }
 
-// Nobody asks for the order of operations here, so they may be fused.
-VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
-{
-#ifdef __FMA__
-    return __builtin_fma(a, b, c);
-#else
-    return a * b + c;
-#endif
-}
-
 // The sums of all vectors before.
 struct SumsBefore {
     double red;
