@@ -8,74 +8,118 @@ namespace {
 
 using namespace vx::kernels;
 
-// Columns that are worked on side by side.
-constexpr int stripColumns = 128;
-
-// The maxima of bytes over windows that reach an arm to either side. They come from maxima over 1, 2,
-// 4, 8 ... positions, each made of the one before; two of the last that fits cover a window. So the
+// The maxima of a row's bytes over windows that reach an arm to either side. They come from maxima over
+// 1, 2, 4, 8 ... bytes, each made of the one before; two of the last that fits cover a window. So the
 // cost hardly depends on the arm, and all of it is maxima of bytes side by side.
-class SlidingByteMaximum {
+class MaximaAlongRow {
 public:
-    // For `length` positions of `lanes` bytes each; the lanes are independent of each other.
-    SlidingByteMaximum(int length, int lanes, int arm, const RowLoops& rowLoops)
+    MaximaAlongRow(int rowWidth, int arm, const RowLoops& rowLoops)
         : loops(rowLoops)
-        , lanesPerPosition(lanes)
-        , positions(length)
-        , reach(std::min(arm, length - 1))
-        , byteCount((positions + 2 * reach) * lanesPerPosition)
+        , width(rowWidth)
+        , reach(std::min(arm, rowWidth - 1))
+        , byteCount(width + 2 * reach)
         , covered(uninitializedArray<quint8>(static_cast<std::size_t>(byteCount)))
+        , maxima(uninitializedArray<quint8>(static_cast<std::size_t>(width)))
     {
     }
 
-    // Where the bytes are to be written; beyond both ends there are zeros.
-    quint8* bytes()
+    // Those of a row of keys; valid until the next call. Beyond both ends there are zeros.
+    const quint8* of(const quint8* keys)
     {
-        const auto margin = reach * lanesPerPosition;
-        std::fill_n(covered.get(), margin, quint8 { 0 });
-        std::fill_n(covered.get() + byteCount - margin, margin, quint8 { 0 });
-        return covered.get() + margin;
-    }
-
-    void writeMaxima(quint8* maxima)
-    {
-        if (reach == positions - 1) {
-            writeMaximaOfAll(maxima);
-            return;
-        }
+        std::fill_n(covered.get(), reach, quint8 { 0 });
+        std::copy_n(keys, width, covered.get() + reach);
+        std::fill_n(covered.get() + reach + width, reach, quint8 { 0 });
+        if (reach == width - 1)
+            return ofAll();
         const std::ptrdiff_t window = 2 * reach + 1;
         std::ptrdiff_t count = byteCount;
         std::ptrdiff_t span = 1;
         for (; 2 * span <= window; span *= 2) {
-            count -= span * lanesPerPosition;
-            write(span, count, covered.get());
+            count -= span;
+            loops.writeMaxima(covered.get(), covered.get() + span, count, covered.get());
         }
-        write(window - span, positions * lanesPerPosition, maxima);
+        loops.writeMaxima(covered.get(), covered.get() + window - span, width, maxima.get());
+        return maxima.get();
     }
 
 private:
-    // Every window reaches over all positions: folds them in half until one is left.
-    void writeMaximaOfAll(quint8* maxima)
+    // Every window reaches over all bytes: folds them in half until one is left.
+    const quint8* ofAll()
     {
-        quint8* const all = covered.get() + reach * lanesPerPosition;
-        for (std::ptrdiff_t count = positions; count > 1; count = (count + 1) / 2) {
-            const std::ptrdiff_t half = (count + 1) / 2 * lanesPerPosition;
-            loops.writeMaxima(all, all + count / 2 * lanesPerPosition, half, all);
-        }
-        for (std::ptrdiff_t i = 0; i < positions; ++i)
-            std::copy_n(all, lanesPerPosition, maxima + i * lanesPerPosition);
-    }
-
-    void write(std::ptrdiff_t offset, std::ptrdiff_t count, quint8* maxima) const
-    {
-        loops.writeMaxima(covered.get(), covered.get() + offset * lanesPerPosition, count, maxima);
+        quint8* const all = covered.get() + reach;
+        for (std::ptrdiff_t count = width; count > 1; count = (count + 1) / 2)
+            loops.writeMaxima(all, all + count / 2, (count + 1) / 2, all);
+        std::fill_n(maxima.get(), width, *all);
+        return maxima.get();
     }
 
     const RowLoops& loops;
-    std::ptrdiff_t lanesPerPosition;
-    std::ptrdiff_t positions;
+    std::ptrdiff_t width;
     std::ptrdiff_t reach;
     std::ptrdiff_t byteCount;
     AlignedArray<quint8> covered;
+    AlignedArray<quint8> maxima;
+};
+
+// The maxima of rows over windows that reach an arm up and down, at a cost that does not depend on the
+// arm: blocks of one window's rows, and for each window the maximum of a block from some row of it on and
+// of the next block up to some row of it (van Herk 1992, Gil and Werman 1993). Blocks begin at the rows
+// that windows begin at, the first of them above the image.
+class MaximaOfRows {
+public:
+    MaximaOfRows(const quint8* rowKeys, const QSize& size, int arm, const RowLoops& rowLoops)
+        : loops(rowLoops)
+        , keys(rowKeys)
+        , width(size.width())
+        , height(size.height())
+        , reach(std::min(arm, size.height() - 1))
+        , window(2 * reach + 1)
+        , toEnd(uninitializedArray<quint8>(
+              static_cast<std::size_t>(std::min(window, height) * width)))
+        , fromBegin(uninitializedArray<quint8>(static_cast<std::size_t>(width)))
+        , maxima(uninitializedArray<quint8>(static_cast<std::size_t>(width)))
+    {
+    }
+
+    // Row y, which is the one after the last, or 0; valid until the next call.
+    const quint8* next(int y)
+    {
+        if (y % window == 0)
+            beginBlock(y - reach);
+        else if (y + reach < height)
+            loops.writeMaxima(fromBegin.get(), row(y + reach), width, fromBegin.get());
+        loops.writeMaxima(rowToEnd(y - reach), fromBegin.get(), width, maxima.get());
+        return maxima.get();
+    }
+
+private:
+    const quint8* row(std::ptrdiff_t y) const { return keys + y * width; }
+
+    quint8* rowToEnd(std::ptrdiff_t y) const
+    {
+        return toEnd.get() + (std::max<std::ptrdiff_t>(y, 0) - firstInBlock) * width;
+    }
+
+    void beginBlock(std::ptrdiff_t first)
+    {
+        const std::ptrdiff_t last = std::min(first + window, height) - 1;
+        firstInBlock = std::max<std::ptrdiff_t>(first, 0);
+        std::copy_n(row(last), width, rowToEnd(last));
+        for (std::ptrdiff_t y = last - 1; y >= firstInBlock; --y)
+            loops.writeMaxima(row(y), rowToEnd(y + 1), width, rowToEnd(y));
+        std::fill_n(fromBegin.get(), width, quint8 { 0 });
+    }
+
+    const RowLoops& loops;
+    const quint8* keys;
+    std::ptrdiff_t width;
+    std::ptrdiff_t height;
+    std::ptrdiff_t reach;
+    std::ptrdiff_t window;
+    std::ptrdiff_t firstInBlock = 0;
+    AlignedArray<quint8> toEnd; ///< of the block's rows inside the image, each from it on
+    AlignedArray<quint8> fromBegin; ///< of the next block's rows so far
+    AlignedArray<quint8> maxima;
 };
 
 } // namespace
@@ -100,33 +144,13 @@ bool vx::kernels::GreySpreading::readKeys(int threshold)
     return true;
 }
 
-void vx::kernels::GreySpreading::writeInto(QImage& result, int arm)
+void vx::kernels::GreySpreading::writeInto(QImage& result, int arm) const
 {
-    const auto rowMaxima = uninitializedArray<quint8>(pixelCount());
-    SlidingByteMaximum row(width, 1, arm, loops);
-    for (int y = 0; y < height; ++y) {
-        std::copy_n(keys.get() + offsetOf(y), width, row.bytes());
-        row.writeMaxima(rowMaxima.get() + offsetOf(y));
-    }
-    turnIntoColumnMaxima(arm);
+    MaximaAlongRow alongRow(width, arm, loops);
+    MaximaOfRows ofRows(keys.get(), source.size(), arm, loops);
     for (int y = 0; y < height; ++y)
-        loops.spreadRow(rowMaxima.get() + offsetOf(y), keys.get() + offsetOf(y), width,
+        loops.spreadRow(alongRow.of(keys.get() + offsetOf(y)), ofRows.next(y), width,
             wordRow(source, y), writableWordRow(result, y));
-}
-
-void vx::kernels::GreySpreading::turnIntoColumnMaxima(int arm)
-{
-    SlidingByteMaximum strip(height, stripColumns, arm, loops);
-    const auto maxima = uninitializedArray<quint8>(static_cast<std::size_t>(height) * stripColumns);
-    for (int x = 0; x < width; x += stripColumns) {
-        const int columns = std::min(stripColumns, width - x);
-        quint8* const bytes = strip.bytes();
-        for (std::ptrdiff_t y = 0; y < height; ++y)
-            std::copy_n(keys.get() + offsetOf(y) + x, columns, bytes + y * stripColumns);
-        strip.writeMaxima(maxima.get());
-        for (std::ptrdiff_t y = 0; y < height; ++y)
-            std::copy_n(maxima.get() + y * stripColumns, columns, keys.get() + offsetOf(y) + x);
-    }
 }
 
 std::size_t vx::kernels::GreySpreading::pixelCount() const

@@ -20,11 +20,10 @@ public:
     bool readKeys(int threshold);
 
     /// Writes the spread source into \a result, an image of its size and format. \pre readKeys() has
-    /// returned true; it may be called once.
-    void writeInto(QImage& result, int arm);
+    /// returned true.
+    void writeInto(QImage& result, int arm) const;
 
 private:
-    void turnIntoColumnMaxima(int arm);
     std::size_t pixelCount() const;
     std::ptrdiff_t offsetOf(std::ptrdiff_t y) const;
 
@@ -32,7 +31,7 @@ private:
     const RowLoops& loops;
     int width;
     int height;
-    AlignedArray<quint8> keys; ///< red values; in the end their maxima over columns
+    AlignedArray<quint8> keys; ///< red values
 };
 
 } // namespace vx::kernels
