@@ -25,6 +25,7 @@
 #include "kernels/PixelWords.h"
 #include "kernels/RedSums.h"
 #include "kernels/SurroundContrast.h"
+#include "support/GreyPlanes.h"
 #include "support/Memory.h"
 #include "support/PlainHistogramROI.h"
 #include "support/Random.h"
@@ -206,14 +207,14 @@ void registerVariants()
         const std::string name = std::string("loops for ") + loops->name;
         const ImageSubject contrast { name + ": surround contrast",
             [loops](const QImage& image) {
-                QImage target = mapFor(image);
-                vx::kernels::surroundContrast(image, target, *loops);
-                return target;
+                return support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
+                    vx::kernels::surroundContrast(image, levels, *loops);
+                });
             },
             [](const QImage& image) {
-                QImage target = mapFor(image);
-                reference::surroundContrast(image, target);
-                return target;
+                return support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
+                    reference::surroundContrast(image, levels);
+                });
             } };
         const ImageSubject filter { name + ": maximum filter, grey",
             [loops](const QImage& image) { return vx::kernels::maxFilter(image, 45, 150, *loops); },

@@ -8,6 +8,7 @@
 #include "kernels/GaussianBlur.h"
 #include "kernels/MaxFilter.h"
 #include "kernels/SurroundContrast.h"
+#include "support/GreyPlanes.h"
 #include "support/PlainHistogramROI.h"
 
 namespace reference = vx::kernels::reference;
@@ -33,8 +34,9 @@ QImage benchmarks::literalEdges(const QImage& image)
 
 QImage benchmarks::literalContrast(const QImage& image)
 {
-    QImage contrast = mapFor(image);
-    reference::surroundContrast(image, contrast);
+    const QImage contrast = support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
+        reference::surroundContrast(image, levels);
+    });
     return reference::maxFilter(contrast, 45, 150);
 }
 

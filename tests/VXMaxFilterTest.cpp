@@ -1,6 +1,7 @@
 #include <VXRegionOfInterest/VXMaxFilter.h>
 
 #include "kernels/MaxFilter.h"
+#include "support/GreyPlanes.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/Random.h"
@@ -290,5 +291,26 @@ TEST(VXMaxFilter, keepsThePropertiesOfItsSource)
         EXPECT_EQ(filtered.offset(), QPoint(5, 6));
         EXPECT_EQ(filtered.text(QStringLiteral("Title")), QStringLiteral("Six"));
         EXPECT_EQ(filtered.colorSpace(), image.colorSpace());
+    }
+}
+
+TEST(VXMaxFilter, levelsSpreadLikeTheImageTheyStandFor)
+{
+    support::Random random(5);
+    for (int round = 0; round < 300; ++round) {
+        const QSize size(1 + random.below(150), 1 + random.below(60));
+        vx::kernels::BytePlane levels = vx::kernels::uninitializedPlane(size);
+        std::generate_n(levels.values.get(), vx::kernels::byteCount(size),
+            [&] { return static_cast<quint8>(random.below(5) == 0 ? random.below(256) : 0); });
+        const QImage image = support::greyImage(size, [&](vx::kernels::BytePlane& copy) {
+            std::copy_n(
+                levels.values.get(), vx::kernels::byteCount(size), copy.values.get());
+        });
+        const int arm = random.below(80) - 1;
+        const int threshold = random.below(300) - 20;
+        const QImage plain = vx::kernels::reference::maxFilter(image, arm, threshold);
+        ASSERT_TRUE(support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
+            return vx::kernels::maxFilter(levels, arm, threshold, loops);
+        })) << "arm " << arm << ", threshold " << threshold;
     }
 }

@@ -2,6 +2,7 @@
 
 #include "kernels/MaxFilter.h"
 #include "kernels/SurroundContrast.h"
+#include "support/GreyPlanes.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/Random.h"
@@ -23,8 +24,9 @@ QImage plainSalience(const QImage& source)
 {
     const QImage words
         = source.depth() == 32 ? source : source.convertToFormat(QImage::Format_ARGB32);
-    QImage contrast(source.size(), QImage::Format_ARGB32);
-    vx::kernels::reference::surroundContrast(words, contrast);
+    const QImage contrast = support::greyImage(words.size(), [&](vx::kernels::BytePlane& levels) {
+        vx::kernels::reference::surroundContrast(words, levels);
+    });
     return vx::kernels::reference::maxFilter(contrast, 45, 150);
 }
 
@@ -85,11 +87,11 @@ TEST(VXSalienzAchanta, surroundsOfFourColumnsSpanWhatTheyShould)
         contrast.at(x) = (means.at(x) - smoothed.at(x)) * (means.at(x) - smoothed.at(x));
     const auto [least, greatest] = std::minmax_element(contrast.begin(), contrast.end());
 
-    QImage levels(4, 1, QImage::Format_ARGB32);
+    vx::kernels::BytePlane levels = vx::kernels::uninitializedPlane(row.size());
     vx::kernels::surroundContrast(row, levels);
     for (int x = 0; x < 4; ++x) {
         const double above = contrast.at(static_cast<std::size_t>(x)) - *least;
-        EXPECT_NEAR(qRed(levels.pixel(x, 0)), above * 255 / (*greatest - *least), 1) << x;
+        EXPECT_NEAR(levels.row(0)[x], above * 255 / (*greatest - *least), 1) << x;
     }
 }
 

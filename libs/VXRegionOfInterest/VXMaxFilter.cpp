@@ -15,3 +15,9 @@ QImage VXMaxFilter::evaluate(const QImage& source)
     const int arm = size / 2;
     return vx::kernels::maxFilter(source, arm, threshold);
 }
+
+QImage VXMaxFilter::spread(const vx::kernels::BytePlane& levels) const
+{
+    const int arm = size / 2;
+    return vx::kernels::maxFilter(levels, arm, threshold);
+}

@@ -2,6 +2,10 @@
 
 #include "VXAbstractROI.h"
 
+namespace vx::kernels {
+struct BytePlane;
+} // namespace vx::kernels
+
 /// A maximum filter with a cross-shaped neighbourhood: bright pixels spread along row and column.
 ///
 /// Each pixel of the result is the one of greatest red among itself and every pixel above the
@@ -41,6 +45,11 @@ public:
     QImage evaluate(const QImage& source) override;
 
 private:
+    friend class VXSalienzAchanta;
+
+    // What evaluate() makes of the opaque grey image that has these levels.
+    QImage spread(const vx::kernels::BytePlane& levels) const;
+
     int size;
     int threshold;
 };

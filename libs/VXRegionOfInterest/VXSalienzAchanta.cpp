@@ -34,9 +34,9 @@ VXSalienzAchanta::~VXSalienzAchanta() = default;
 QImage VXSalienzAchanta::evaluate(const QImage& source)
 {
     const QImage words = vx::kernels::toPixelWords(source);
-    QImage contrast = createTargetImage(source);
+    vx::kernels::BytePlane contrast = vx::kernels::uninitializedPlane(words.size());
     vx::kernels::surroundContrast(words, contrast);
-    return maxFilter.evaluate(contrast);
+    return maxFilter.spread(contrast);
 }
 
 QList<double> VXSalienzAchanta::createZeroedList(int count) const

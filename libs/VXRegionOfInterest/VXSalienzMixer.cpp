@@ -17,7 +17,7 @@ constexpr int histogramWeight = -10; // the map is subtracted
 constexpr int veryImportantAreasWeight = 20;
 constexpr int achantaWeight = 10;
 
-QImage blended(const std::vector<vx::kernels::RedPlane>& maps, const QList<int>& weights)
+QImage blended(const std::vector<vx::kernels::BytePlane>& maps, const QList<int>& weights)
 {
     QImage target(maps.front().width, maps.front().height, QImage::Format_ARGB32);
     vx::kernels::blend(maps, weights, target);
@@ -115,7 +115,7 @@ QImage VXSalienzMixer::analyze(const QImage& image)
     // The same as mixing what gatherResults() returns, but no map is kept longer than it takes to read
     // its red values: to touch fresh memory costs more than the arithmetic on it.
     QImage firstMap;
-    std::vector<vx::kernels::RedPlane> maps;
+    std::vector<vx::kernels::BytePlane> maps;
     forEachMap(image, [&](const QImage& map) {
         firstMap = maps.empty() ? map : QImage();
         maps.push_back(vx::kernels::redPlaneOf(map));
@@ -163,7 +163,7 @@ QImage VXSalienzMixer::mix(const QList<QImage>& maps, const QList<int>& weights)
     if (maps.isEmpty())
         return QImage();
 
-    std::vector<vx::kernels::RedPlane> planes;
+    std::vector<vx::kernels::BytePlane> planes;
     for (const QImage& map : maps)
         planes.push_back(vx::kernels::redPlaneOf(vx::kernels::toPixelWords(map)));
     return blended(planes, weights);

@@ -20,7 +20,7 @@ testing::AssertionResult fastEqualsPlain(const QList<QImage>& maps, const QList<
 {
     return support::everyVariantGives(
         plainBlend(maps, weights), [&](const vx::kernels::RowLoops& loops) {
-            std::vector<vx::kernels::RedPlane> planes;
+            std::vector<vx::kernels::BytePlane> planes;
             for (const QImage& map : maps)
                 planes.push_back(vx::kernels::redPlaneOf(map, loops));
             QImage target(maps.first().size(), QImage::Format_ARGB32);
@@ -98,7 +98,7 @@ TEST(Blend, mapsOfOtherSizesEndWhereTheyEnd)
 
 TEST(Blend, nullTargetIsLeftAlone)
 {
-    std::vector<vx::kernels::RedPlane> maps;
+    std::vector<vx::kernels::BytePlane> maps;
     maps.push_back(vx::kernels::redPlaneOf(support::noise(4, 4, 1)));
     QImage target;
     vx::kernels::blend(maps, { 1 }, target);

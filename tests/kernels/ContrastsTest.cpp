@@ -120,7 +120,7 @@ TEST(ContrastEstimates, areWithinToleranceForLargerImages)
 TEST(ContrastEstimates, levelsAreMostlyCertain)
 {
     for (const QImage& image : support::variedImages(640, 480, 5)) {
-        QImage levels(image.size(), QImage::Format_ARGB32);
+        kernels::BytePlane levels = kernels::uninitializedPlane(image.size());
         EXPECT_TRUE(kernels::ContrastEstimates(image, kernels::fastestRowLoops()).writeLevels(levels));
     }
 }
@@ -129,7 +129,7 @@ TEST(ContrastEstimates, levelsOfAChessboardAreNot)
 {
     const QImage image = support::chessboard(640, 480, 15);
     for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
-        QImage levels(image.size(), QImage::Format_ARGB32);
+        kernels::BytePlane levels = kernels::uninitializedPlane(image.size());
         EXPECT_FALSE(kernels::ContrastEstimates(image, *loops).writeLevels(levels)) << loops->name;
     }
 }

@@ -1,5 +1,6 @@
 #include "kernels/SurroundContrast.h"
 
+#include "support/GreyPlanes.h"
 #include "support/ImageAssert.h"
 #include "support/TestImages.h"
 #include "support/Variants.h"
@@ -8,12 +9,13 @@ namespace {
 
 testing::AssertionResult fastEqualsPlain(const QImage& image)
 {
-    QImage plain(image.size(), QImage::Format_ARGB32);
-    vx::kernels::reference::surroundContrast(image, plain);
+    const QImage plain = support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
+        vx::kernels::reference::surroundContrast(image, levels);
+    });
     return support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
-        QImage target(image.size(), QImage::Format_ARGB32);
-        vx::kernels::surroundContrast(image, target, loops);
-        return target;
+        return support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
+            vx::kernels::surroundContrast(image, levels, loops);
+        });
     });
 }
 
@@ -45,9 +47,9 @@ TEST(SurroundContrast, fastEqualsPlainWhereRoundingDecides)
         EXPECT_TRUE(fastEqualsPlain(support::chessboard(640, 480, side))) << side;
 }
 
-TEST(SurroundContrast, leavesANullTargetAlone)
+TEST(SurroundContrast, leavesTheLevelsOfANullImageAlone)
 {
-    QImage target;
-    vx::kernels::surroundContrast(QImage(), target);
-    EXPECT_TRUE(target.isNull());
+    vx::kernels::BytePlane levels = vx::kernels::uninitializedPlane(QSize(0, 0));
+    vx::kernels::surroundContrast(QImage(), levels);
+    EXPECT_EQ(levels.width, 0);
 }

@@ -29,7 +29,7 @@ bool areSumsSmall(const QList<int>& weights)
 // add(values, count, weight, sums) and divide(sums, count, divisor, pixels) are loops for sums of such
 // numbers.
 template <typename Sum, typename Add, typename Divide>
-void blendRows(const std::vector<RedPlane>& maps, const QList<int>& weights, QImage& target,
+void blendRows(const std::vector<BytePlane>& maps, const QList<int>& weights, QImage& target,
     const Add& add, const Divide& divide)
 {
     const qint32 divisor = divisorOf(weights);
@@ -37,11 +37,10 @@ void blendRows(const std::vector<RedPlane>& maps, const QList<int>& weights, QIm
     for (int y = 0; y < target.height(); ++y) {
         std::fill(sums.begin(), sums.end(), Sum { 0 });
         int index = 0;
-        for (const RedPlane& map : maps) {
+        for (const BytePlane& map : maps) {
             const auto weight = static_cast<Sum>(weights.value(index++));
             if (y < map.height)
-                add(map.values.get() + static_cast<std::ptrdiff_t>(y) * map.width,
-                    std::min(map.width, target.width()), weight, sums.data());
+                add(map.row(y), std::min(map.width, target.width()), weight, sums.data());
         }
         divide(sums.data(), target.width(), divisor, writableWordRow(target, y));
     }
@@ -49,18 +48,15 @@ void blendRows(const std::vector<RedPlane>& maps, const QList<int>& weights, QIm
 
 } // namespace
 
-vx::kernels::RedPlane vx::kernels::redPlaneOf(const QImage& words, const RowLoops& loops)
+vx::kernels::BytePlane vx::kernels::redPlaneOf(const QImage& words, const RowLoops& loops)
 {
-    const auto width = static_cast<std::size_t>(words.width());
-    const std::size_t pixels = width * static_cast<std::size_t>(words.height());
-    RedPlane plane { words.width(), words.height(), uninitializedArray<quint8>(pixels) };
+    BytePlane plane = uninitializedPlane(words.size());
     for (int y = 0; y < words.height(); ++y)
-        loops.readReds(wordRow(words, y), words.width(),
-            plane.values.get() + static_cast<std::size_t>(y) * width);
+        loops.readReds(wordRow(words, y), words.width(), plane.row(y));
     return plane;
 }
 
-void vx::kernels::blend(const std::vector<RedPlane>& maps, const QList<int>& weights,
+void vx::kernels::blend(const std::vector<BytePlane>& maps, const QList<int>& weights,
     QImage& target, const RowLoops& loops)
 {
     if (divisorOf(weights) > 0 && areSumsSmall(weights))

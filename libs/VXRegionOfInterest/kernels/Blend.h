@@ -1,25 +1,17 @@
 #pragma once
 
-#include "AlignedArray.h"
+#include "BytePlane.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
 #include <QList>
 
-#include <memory>
 #include <vector>
 
 namespace vx::kernels {
 
-/// The red values of a map, row by row: all that a blend needs of it, in a quarter of its memory.
-struct RedPlane {
-    int width;
-    int height;
-    AlignedArray<quint8> values;
-};
-
 /// Reads the red values of \a words, an image of 32 bits per pixel.
-RedPlane redPlaneOf(const QImage& words, const RowLoops& loops = fastestRowLoops());
+BytePlane redPlaneOf(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 /// Blends \a maps by \a weights, paired by position, into \a target, an image of 32 bits per pixel and
 /// any size.
@@ -28,7 +20,7 @@ RedPlane redPlaneOf(const QImage& words, const RowLoops& loops = fastestRowLoops
 /// weights (of 1 when that sum is 0), truncated toward zero, clamped to 0 to 255, written as opaque
 /// grey. Sums, divisor and quotient are signed 32-bit and wrap, so INT_MIN / -1 is INT_MIN. A map is
 /// black beyond its own edges, and a missing weight is 0; the divisor counts surplus weights.
-void blend(const std::vector<RedPlane>& maps, const QList<int>& weights, QImage& target,
+void blend(const std::vector<BytePlane>& maps, const QList<int>& weights, QImage& target,
     const RowLoops& loops = fastestRowLoops());
 
 namespace reference {

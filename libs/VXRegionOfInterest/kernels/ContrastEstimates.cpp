@@ -121,7 +121,7 @@ double vx::kernels::ContrastEstimates::toleranceOf(double estimate) const
     return ofLength * (2 * std::sqrt(estimate) + ofLength) + squareRounding;
 }
 
-bool vx::kernels::ContrastEstimates::writeLevels(QImage& target) const
+bool vx::kernels::ContrastEstimates::writeLevels(BytePlane& levels) const
 {
     const double ofLeast = toleranceOf(valueRange.least);
     const double ofRange = ofLeast + toleranceOf(valueRange.greatest);
@@ -130,14 +130,14 @@ bool vx::kernels::ContrastEstimates::writeLevels(QImage& target) const
     if (range != static_cast<int>(difference + ofRange))
         return false;
     if (range == 0) {
-        target.fill(opaqueBlack);
+        std::fill_n(levels.values.get(), byteCount(words.size()), quint8 { 0 });
         return true;
     }
     for (int y = 0; y < height; ++y) {
         Tolerance inRow = tolerance(y);
         inRow.floor += ofLeast;
         if (!loops.writeLevels(
-                row(y), width, inRow, valueRange.least, range, writableWordRow(target, y)))
+                row(y), width, inRow, valueRange.least, range, levels.row(y)))
             return false;
     }
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AlignedArray.h"
+#include "BytePlane.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -51,9 +52,9 @@ public:
     /// How far the estimates in row \a y may be from what Contrasts has there.
     Tolerance tolerance(int y) const;
 
-    /// Fills \a target with the levels of the contrasts.
-    /// \return false if a level is not certain; then \a target holds nothing of use.
-    bool writeLevels(QImage& target) const;
+    /// Fills \a levels with the levels of the contrasts.
+    /// \return false if a level is not certain; then \a levels holds nothing of use.
+    bool writeLevels(BytePlane& levels) const;
 
 private:
     static constexpr std::size_t smoothedCount = 3;

@@ -6,6 +6,7 @@
 #include "PixelWords.h"
 #include "SurroundSpan.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -67,20 +68,20 @@ const double* vx::kernels::Contrasts::row(int y) const
     return values.get() + static_cast<std::ptrdiff_t>(y) * width;
 }
 
-void vx::kernels::Contrasts::writeLevels(QImage& target) const
+void vx::kernels::Contrasts::writeLevels(BytePlane& levels) const
 {
     Range extremes { 1073741824, 0 };
     for (int y = 0; y < height; ++y)
         loops.widenRange(row(y), width, extremes);
     const int range = static_cast<int>(extremes.greatest - extremes.least);
     if (range == 0) {
-        target.fill(opaqueBlack);
+        std::fill_n(levels.values.get(), byteCount(words.size()), quint8 { 0 });
         return;
     }
     const auto nothing = filledArray(static_cast<std::size_t>(width), 0.0);
     for (int y = 0; y < height; ++y)
         loops.writeLevels(row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range,
-            writableWordRow(target, y));
+            levels.row(y));
 }
 
 // Rows outside the image are zeros, which add nothing to what is smoothed down the columns.

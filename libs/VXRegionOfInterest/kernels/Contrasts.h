@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AlignedArray.h"
+#include "BytePlane.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -44,8 +45,8 @@ public:
 
     const double* row(int y) const;
 
-    /// Fills \a target with the levels of the contrasts.
-    void writeLevels(QImage& target) const;
+    /// Fills \a levels with the levels of the contrasts.
+    void writeLevels(BytePlane& levels) const;
 
 private:
     ChannelRow smoothedAlong(int y) const;

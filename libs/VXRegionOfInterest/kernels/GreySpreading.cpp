@@ -1,7 +1,5 @@
 #include "GreySpreading.h"
 
-#include "PixelWords.h"
-
 #include <algorithm>
 
 namespace {
@@ -67,12 +65,12 @@ private:
 // that windows begin at, the first of them above the image.
 class MaximaOfRows {
 public:
-    MaximaOfRows(const quint8* rowKeys, const QSize& size, int arm, const RowLoops& rowLoops)
+    MaximaOfRows(const BytePlane& plane, int arm, const RowLoops& rowLoops)
         : loops(rowLoops)
-        , keys(rowKeys)
-        , width(size.width())
-        , height(size.height())
-        , reach(std::min(arm, size.height() - 1))
+        , keys(plane)
+        , width(plane.width)
+        , height(plane.height)
+        , reach(std::min(arm, plane.height - 1))
         , window(2 * reach + 1)
         , toEnd(uninitializedArray<quint8>(
               static_cast<std::size_t>(std::min(window, height) * width)))
@@ -93,7 +91,7 @@ public:
     }
 
 private:
-    const quint8* row(std::ptrdiff_t y) const { return keys + y * width; }
+    const quint8* row(std::ptrdiff_t y) const { return keys.row(static_cast<int>(y)); }
 
     quint8* rowToEnd(std::ptrdiff_t y) const
     {
@@ -111,7 +109,7 @@ private:
     }
 
     const RowLoops& loops;
-    const quint8* keys;
+    const BytePlane& keys;
     std::ptrdiff_t width;
     std::ptrdiff_t height;
     std::ptrdiff_t reach;
@@ -124,38 +122,11 @@ private:
 
 } // namespace
 
-vx::kernels::GreySpreading::GreySpreading(const QImage& sourceImage, const RowLoops& rowLoops)
-    : source(sourceImage)
-    , loops(rowLoops)
-    , width(source.width())
-    , height(source.height())
-    , keys(uninitializedArray<quint8>(pixelCount()))
+void vx::kernels::spreadKeys(const BytePlane& keys, int arm, const RowLoops& loops,
+    const std::function<void(int, const quint8*, const quint8*)>& receive)
 {
+    MaximaAlongRow alongRow(keys.width, arm, loops);
+    MaximaOfRows ofRows(keys, arm, loops);
+    for (int y = 0; y < keys.height; ++y)
+        receive(y, alongRow.of(keys.row(y)), ofRows.next(y));
 }
-
-bool vx::kernels::GreySpreading::readKeys(int threshold)
-{
-    const QRgb alwaysSet = bitsAlwaysSet(source);
-    for (int y = 0; y < height; ++y) {
-        if (!loops.readKeys(
-                wordRow(source, y), width, threshold, alwaysSet, keys.get() + offsetOf(y)))
-            return false;
-    }
-    return true;
-}
-
-void vx::kernels::GreySpreading::writeInto(QImage& result, int arm) const
-{
-    MaximaAlongRow alongRow(width, arm, loops);
-    MaximaOfRows ofRows(keys.get(), source.size(), arm, loops);
-    for (int y = 0; y < height; ++y)
-        loops.spreadRow(alongRow.of(keys.get() + offsetOf(y)), ofRows.next(y), width,
-            wordRow(source, y), writableWordRow(result, y));
-}
-
-std::size_t vx::kernels::GreySpreading::pixelCount() const
-{
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-}
-
-std::ptrdiff_t vx::kernels::GreySpreading::offsetOf(std::ptrdiff_t y) const { return y * width; }

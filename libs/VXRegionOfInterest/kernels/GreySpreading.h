@@ -1,37 +1,17 @@
 #pragma once
 
-#include "AlignedArray.h"
+#include "BytePlane.h"
 #include "loops/RowLoops.h"
 
-#include <QImage>
-
-#include <memory>
+#include <functional>
 
 namespace vx::kernels {
 
-/// Spreads the pixels of an ARGB32 or RGB32 image where those that spread are opaque grey: their red
-/// value is the whole pixel.
-class GreySpreading {
-public:
-    GreySpreading(const QImage& sourceImage, const RowLoops& rowLoops);
-
-    /// Reads the red values above the threshold.
-    /// \return whether all of those pixels are opaque grey.
-    bool readKeys(int threshold);
-
-    /// Writes the spread source into \a result, an image of its size and format. \pre readKeys() has
-    /// returned true.
-    void writeInto(QImage& result, int arm) const;
-
-private:
-    std::size_t pixelCount() const;
-    std::ptrdiff_t offsetOf(std::ptrdiff_t y) const;
-
-    const QImage& source;
-    const RowLoops& loops;
-    int width;
-    int height;
-    AlignedArray<quint8> keys; ///< red values
-};
+/// Spreads keys along rows and columns: calls \a receive for every row, from the first on, with the
+/// greatest keys that reach its pixels, those along the row and those along the columns.
+/// \param keys what spreads; 0 does not. Not empty.
+/// \param arm how far they reach to either side, in pixels; not negative.
+void spreadKeys(const BytePlane& keys, int arm, const RowLoops& loops,
+    const std::function<void(int y, const quint8* alongRow, const quint8* alongColumns)>& receive);
 
 } // namespace vx::kernels

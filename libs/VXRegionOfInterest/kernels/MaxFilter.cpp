@@ -36,6 +36,19 @@ void spreadThroughPixels(const QImage& source, int arm, int threshold, QImage& r
     }
 }
 
+// The red values above the threshold. \return whether those pixels are opaque grey: then their red value
+// is the whole pixel.
+bool readKeys(const QImage& source, int threshold, const RowLoops& loops, BytePlane& keys)
+{
+    const QRgb alwaysSet = bitsAlwaysSet(source);
+    for (int y = 0; y < source.height(); ++y) {
+        if (!loops.readKeys(
+                wordRow(source, y), source.width(), threshold, alwaysSet, keys.row(y)))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, const RowLoops& loops)
@@ -54,13 +67,34 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
     // Where all pixels are alike, none is below another.
     if (isOneWord(source))
         return source;
-    GreySpreading greySpreading(source, loops);
-    if (greySpreading.readKeys(threshold)) {
+    BytePlane keys = uninitializedPlane(source.size());
+    if (readKeys(source, threshold, loops, keys)) {
         QImage result = sameWithoutPixels(source);
-        greySpreading.writeInto(result, arm);
+        spreadKeys(keys, arm, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
+            loops.spreadRow(alongRow, alongColumns, source.width(), wordRow(source, y),
+                writableWordRow(result, y));
+        });
         return result;
     }
     QImage result = source.copy();
     spreadColours(source, arm, threshold, result);
+    return result;
+}
+
+QImage vx::kernels::maxFilter(
+    const BytePlane& levels, int arm, int threshold, const RowLoops& loops)
+{
+    const QSize size(levels.width, levels.height);
+    QImage result(size, QImage::Format_ARGB32);
+    if (size.isEmpty())
+        return result;
+    BytePlane keys = uninitializedPlane(size);
+    const bool spreads = loops.keepAbove(
+        levels.values.get(), static_cast<std::ptrdiff_t>(byteCount(size)), threshold, keys.values.get());
+    const int reach = spreads ? std::max(arm, 0) : 0;
+    spreadKeys(keys, reach, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
+        loops.writeGreatest(
+            levels.row(y), alongRow, alongColumns, levels.width, writableWordRow(result, y));
+    });
     return result;
 }

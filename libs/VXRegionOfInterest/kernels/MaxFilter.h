@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BytePlane.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -15,6 +16,10 @@ namespace vx::kernels {
 /// they are. \return the result, in the format of \a source.
 QImage maxFilter(
     const QImage& source, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
+
+/// The same for the levels of an opaque grey image. \return an ARGB32 image.
+QImage maxFilter(
+    const BytePlane& levels, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Overwrites pixel by pixel.

@@ -3,10 +3,10 @@
 #include "ContrastEstimates.h"
 #include "Contrasts.h"
 
-void vx::kernels::surroundContrast(const QImage& words, QImage& target, const RowLoops& loops)
+void vx::kernels::surroundContrast(const QImage& words, BytePlane& levels, const RowLoops& loops)
 {
     if (words.isNull())
         return;
-    if (!ContrastEstimates(words, loops).writeLevels(target))
-        Contrasts(words, loops).writeLevels(target);
+    if (!ContrastEstimates(words, loops).writeLevels(levels))
+        Contrasts(words, loops).writeLevels(levels);
 }

@@ -23,7 +23,7 @@ VX_ALWAYS_INLINE Bounds boundsOf(double contrast, double least, const Tolerance&
 }
 
 bool writeLevels(const double* contrasts, int count, const Tolerance& tolerance, double least,
-    int range, QRgb* __restrict pixels)
+    int range, quint8* __restrict levels)
 {
     const Tolerance own = tolerance;
     const double reciprocal = 1.0 / range;
@@ -31,7 +31,7 @@ bool writeLevels(const double* contrasts, int count, const Tolerance& tolerance,
     for (int i = 0; i < count; ++i) {
         const Bounds bounds = boundsOf(contrasts[i], least, own, i);
         differences |= bounds.lowest ^ bounds.highest;
-        pixels[i] = opaqueGrey(stretch(bounds.lowest, reciprocal));
+        levels[i] = static_cast<quint8>(stretch(bounds.lowest, reciprocal));
     }
     // Few rows get here, and most of them with levels that do not differ.
     for (int i = 0; differences != 0 && i < count; ++i) {

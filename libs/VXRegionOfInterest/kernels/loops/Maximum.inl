@@ -21,6 +21,20 @@ bool readKeys(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quin
     return differences == 0;
 }
 
+// No byte is above 255, and zeros come out the same whether they are kept or not.
+bool keepAbove(const quint8* bytes, std::ptrdiff_t count, int threshold, quint8* __restrict kept)
+{
+    const auto limit = static_cast<quint8>(threshold < 0 ? 0 : threshold < 255 ? threshold : 255);
+    quint8 any = 0;
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
+        const quint8 byte = bytes[i];
+        const auto key = static_cast<quint8>(byte > limit ? byte : 0);
+        kept[i] = key;
+        any = static_cast<quint8>(any | key);
+    }
+    return any != 0;
+}
+
 VX_ALWAYS_INLINE void greaterBytes(const quint8* a, const quint8* b, Bytes& greater)
 {
     Bytes left;
@@ -57,5 +71,14 @@ void spreadRow(
     for (int i = 0; i < count; ++i) {
         const quint8 key = a[i] > b[i] ? a[i] : b[i];
         target[i] = key > (source[i] >> 16U & 0xFFU) ? opaqueGrey(key) : source[i];
+    }
+}
+
+void writeGreatest(const quint8* a, const quint8* b, const quint8* c, int count,
+    QRgb* __restrict pixels)
+{
+    for (int i = 0; i < count; ++i) {
+        const quint8 greater = a[i] > b[i] ? a[i] : b[i];
+        pixels[i] = opaqueGrey(greater > c[i] ? greater : c[i]);
     }
 }

@@ -91,8 +91,10 @@ const RowLoops VXROI_LOOPS = {
     respondAlongRow,
     writeMagnitudes,
     readKeys,
+    keepAbove,
     writeMaxima,
     spreadRow,
+    writeGreatest,
 };
 
 } // namespace vx::kernels::loops

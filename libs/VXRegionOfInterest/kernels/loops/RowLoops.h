@@ -108,10 +108,10 @@ struct RowLoops {
         const SurroundScale& scale, double* contrasts, Range& range);
 
     /// Stretches contrasts: what they have over \a least, truncated, times 255, divided by \a
-    /// range, truncated, as opaque grey. \pre no level exceeds 255, and \a range is above 0.
+    /// range, truncated. \pre no level exceeds 255, and \a range is above 0.
     /// \return whether the levels are the same all over the tolerance.
     bool (*writeLevels)(const double* contrasts, int count, const Tolerance& tolerance, double least,
-        int range, QRgb* pixels);
+        int range, quint8* levels);
 
     /// Writes the products of \a values and \a factor, truncated, as opaque grey. \pre all lie
     /// between 0 and 255.
@@ -171,6 +171,10 @@ struct RowLoops {
     /// \return whether all of those pixels are opaque grey once the bits \a alwaysSet are.
     bool (*readKeys)(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* keys);
 
+    /// Writes the bytes above \a threshold, and 0 for the others.
+    /// \return whether there are any.
+    bool (*keepAbove)(const quint8* bytes, std::ptrdiff_t count, int threshold, quint8* kept);
+
     /// Writes the greater of each two. \a maxima may be \a a, and \a b may lie beyond it.
     void (*writeMaxima)(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima);
 
@@ -178,6 +182,10 @@ struct RowLoops {
     /// opaque grey.
     void (*spreadRow)(
         const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* target);
+
+    /// Writes the greatest of each three as opaque grey.
+    void (*writeGreatest)(
+        const quint8* a, const quint8* b, const quint8* c, int count, QRgb* pixels);
 };
 
 /// The loops that this processor can run, from the plainest to the fastest.

@@ -52,7 +52,7 @@ QRect surroundOf(int x, int y, const QSize& size)
 
 } // namespace
 
-void vx::kernels::reference::surroundContrast(const QImage& words, QImage& target)
+void vx::kernels::reference::surroundContrast(const QImage& words, BytePlane& levels)
 {
     const Channel luma = channelOf(words, &LumaChroma::luma);
     const Channel red = channelOf(words, &LumaChroma::redDifference);
@@ -74,11 +74,11 @@ void vx::kernels::reference::surroundContrast(const QImage& words, QImage& targe
     }
 
     const int range = static_cast<int>(greatest - smallest);
-    for (int y = 0; y < target.height(); ++y) {
-        for (int x = 0; x < target.width(); ++x) {
+    for (int y = 0; y < words.height(); ++y) {
+        for (int x = 0; x < words.width(); ++x) {
             const int above = static_cast<int>(contrasts.at(y * words.width() + x) - smallest);
             const int level = range == 0 ? 0 : above * 255 / range;
-            writableWordRow(target, y)[x] = opaqueGrey(std::clamp(level, 0, 255));
+            levels.row(y)[x] = static_cast<quint8>(std::clamp(level, 0, 255));
         }
     }
 }
