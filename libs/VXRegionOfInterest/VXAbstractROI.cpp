@@ -1,5 +1,7 @@
 #include "VXAbstractROI.h"
 
+#include "kernels/LargePages.h"
+
 VXAbstractROI::VXAbstractROI() = default;
 
 VXAbstractROI::~VXAbstractROI() = default;
@@ -14,7 +16,7 @@ int VXAbstractROI::getWeight() { return weight; }
 
 QImage VXAbstractROI::createTargetImage(const QImage& source) const
 {
-    return QImage(source.size(), QImage::Format_ARGB32);
+    return vx::kernels::uninitializedImage(source.size(), QImage::Format_ARGB32);
 }
 
 QImage VXAbstractROI::adjustFormat(const QImage& source) const

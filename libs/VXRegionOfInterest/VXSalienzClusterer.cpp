@@ -1,6 +1,7 @@
 #include "VXSalienzClusterer.h"
 
 #include "kernels/Cubes.h"
+#include "kernels/LargePages.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Wrapping.h"
 
@@ -43,7 +44,7 @@ int VXSalienzClusterer::totalSalience(const QImage& image) const
 QImage VXSalienzClusterer::cluster(const QImage& image) const
 {
     const QImage words = vx::kernels::toPixelWords(image);
-    QImage clustered(image.size(), QImage::Format_ARGB32);
+    QImage clustered = vx::kernels::uninitializedImage(image.size(), QImage::Format_ARGB32);
     const QSize cube(divided(image.width(), cubesV), divided(image.height(), cubesH));
     const int total = vx::kernels::totalRed(words);
     const int average = divided(divided(total, cubesV), cubesH);

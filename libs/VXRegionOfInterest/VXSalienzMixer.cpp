@@ -6,6 +6,7 @@
 #include "VXSobelROI.h"
 #include "VXVeryImportantAreasROI.h"
 #include "kernels/Blend.h"
+#include "kernels/LargePages.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Wrapping.h"
 
@@ -19,7 +20,8 @@ constexpr int achantaWeight = 10;
 
 QImage blended(const std::vector<vx::kernels::BytePlane>& maps, const QList<int>& weights)
 {
-    QImage target(maps.front().width, maps.front().height, QImage::Format_ARGB32);
+    const QSize size(maps.front().width, maps.front().height);
+    QImage target = vx::kernels::uninitializedImage(size, QImage::Format_ARGB32);
     vx::kernels::blend(maps, weights, target);
     return target;
 }

@@ -1,5 +1,7 @@
 #include "VXVeryImportantAreasROI.h"
 
+#include "kernels/LargePages.h"
+
 #include <QDebug>
 #include <QMessageLogger>
 #include <QPainter>
@@ -66,7 +68,7 @@ VXVeryImportantAreasROI::~VXVeryImportantAreasROI() = default;
 
 QImage VXVeryImportantAreasROI::evaluate(const QImage& image)
 {
-    QImage map(image.size(), QImage::Format_ARGB32);
+    QImage map = vx::kernels::uninitializedImage(image.size(), QImage::Format_ARGB32);
     map.fill(QColor(Qt::black).rgba());
     if (areasSize != image.size())
         warnAboutUnscaledAreas();

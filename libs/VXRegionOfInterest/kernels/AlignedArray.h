@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LargePages.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -25,6 +27,7 @@ using AlignedArray = std::unique_ptr<Number[], AlignedDelete>;
 template <typename Number> AlignedArray<Number> uninitializedArray(std::size_t count)
 {
     void* const memory = ::operator new[](count * sizeof(Number), cacheLine);
+    adviseLargePages(memory, count * sizeof(Number));
     return AlignedArray<Number>(static_cast<Number*>(memory));
 }
 

@@ -2,6 +2,7 @@
 
 #include "ColourSpreading.h"
 #include "GreySpreading.h"
+#include "LargePages.h"
 #include "PixelWords.h"
 
 #include <algorithm>
@@ -85,7 +86,7 @@ QImage vx::kernels::maxFilter(
     const BytePlane& levels, int arm, int threshold, const RowLoops& loops)
 {
     const QSize size(levels.width, levels.height);
-    QImage result(size, QImage::Format_ARGB32);
+    QImage result = uninitializedImage(size, QImage::Format_ARGB32);
     if (size.isEmpty())
         return result;
     BytePlane keys = uninitializedPlane(size);

@@ -1,5 +1,7 @@
 #include "PixelWords.h"
 
+#include "LargePages.h"
+
 #include <QColorSpace>
 #include <QPainter>
 
@@ -44,7 +46,7 @@ bool vx::kernels::isOpaqueBlack(const QImage& words)
 
 QImage vx::kernels::sameWithoutPixels(const QImage& image)
 {
-    QImage same(image.size(), image.format());
+    QImage same = uninitializedImage(image.size(), image.format());
     same.setDevicePixelRatio(image.devicePixelRatio());
     same.setDotsPerMeterX(image.dotsPerMeterX());
     same.setDotsPerMeterY(image.dotsPerMeterY());
