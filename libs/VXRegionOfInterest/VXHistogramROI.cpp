@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -28,18 +29,15 @@ struct Grid {
     bool contains(const QPoint& block) const { return QRect(0, 0, columns, rows).contains(block); }
 };
 
-using Histograms = std::vector<vx::kernels::BinTable>;
+using HistogramRows = std::map<int, vx::kernels::BinTables>;
 using Edges = std::vector<VXSegmentEdge>;
 
 // The edges from the blocks of one row: every pair of neighbours once, seen from its left or, one
 // above the other, from its upper block.
-void appendEdges(
-    const std::vector<Histograms>& histograms, const Grid& grid, int row, Edges& edges)
+void appendEdges(const HistogramRows& histograms, const Grid& grid, int row, Edges& edges)
 {
-    const auto at = [&](const QPoint& block) {
-        const Histograms& ofRow = histograms[static_cast<std::size_t>(block.y())];
-        return ofRow[static_cast<std::size_t>(block.x())].bins();
-    };
+    const auto at
+        = [&](const QPoint& block) { return histograms.at(block.y()).at(block.x()); };
     for (int column = 0; column < grid.columns; ++column) {
         const QPoint own(column, row);
         for (const QPoint& step : { QPoint(1, -1), QPoint(1, 0), QPoint(1, 1), QPoint(0, 1) }) {
@@ -54,17 +52,15 @@ void appendEdges(
 Edges edgesBetweenBlocks(vx::kernels::BlockHistograms& blocks, const Grid& grid)
 {
     Edges edges;
-    std::vector<Histograms> histograms(static_cast<std::size_t>(grid.rows));
-    histograms[0] = blocks.ofRow(0);
+    HistogramRows histograms;
+    histograms.emplace(0, blocks.ofRow(0));
     for (int row = 0; row < grid.rows; ++row) {
-        const auto index = static_cast<std::size_t>(row);
         if (row + 1 < grid.rows)
-            histograms[index + 1] = blocks.ofRow(row + 1);
+            histograms.emplace(row + 1, blocks.ofRow(row + 1));
         appendEdges(histograms, grid, row, edges);
         // Blocks have edges to the rows beside theirs, so the row above is needed no more. Together
         // the histograms can be large.
-        if (row > 0)
-            histograms[index - 1].clear();
+        histograms.erase(row - 1);
     }
     return edges;
 }

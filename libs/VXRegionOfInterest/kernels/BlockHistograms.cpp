@@ -14,12 +14,12 @@ vx::kernels::BlockHistograms::BlockHistograms(
 {
 }
 
-std::vector<vx::kernels::BinTable> vx::kernels::BlockHistograms::ofRow(int row)
+vx::kernels::BinTables vx::kernels::BlockHistograms::ofRow(int row)
 {
     findBins(row * grid.block.height());
-    std::vector<BinTable> histograms;
+    BinTables histograms(grid.columns, grid.binRows, grid.binColumns);
     for (int column = 0; column < grid.columns; ++column)
-        histograms.push_back(histogramOf(column));
+        writeHistogram(column, histograms.at(column));
     return histograms;
 }
 
@@ -31,13 +31,11 @@ void vx::kernels::BlockHistograms::findBins(int firstRow)
             indices.get() + static_cast<std::ptrdiff_t>(y) * width);
 }
 
-vx::kernels::BinTable vx::kernels::BlockHistograms::histogramOf(int column)
+void vx::kernels::BlockHistograms::writeHistogram(int column, const Bins& histogram)
 {
     const quint32* const first = indices.get() + column * grid.block.width();
     for (int y = 0; y < grid.block.height(); ++y)
         counts.add(first + static_cast<std::ptrdiff_t>(y) * width, grid.block.width());
-    BinTable histogram(grid.binRows, grid.binColumns);
-    counts.moveInto(histogram.bins(), loops);
-    normalizeBins(histogram.bins(), loops);
-    return histogram;
+    counts.moveInto(histogram, loops);
+    normalizeBins(histogram, loops);
 }

@@ -5,8 +5,6 @@
 #include <QImage>
 #include <QSize>
 
-#include <vector>
-
 namespace vx::kernels {
 
 /// A grid of blocks that begins at the upper left of an image, and how many bins their histograms have.
@@ -27,11 +25,11 @@ public:
         const RowLoops& rowLoops = fastestRowLoops());
 
     /// Those of a row of blocks, from left to right. \pre the row lies within the image.
-    std::vector<BinTable> ofRow(int row);
+    BinTables ofRow(int row);
 
 private:
     void findBins(int firstRow);
-    BinTable histogramOf(int column);
+    void writeHistogram(int column, const Bins& histogram);
 
     const QImage& words;
     const RowLoops& loops;

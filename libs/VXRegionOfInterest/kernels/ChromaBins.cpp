@@ -63,17 +63,20 @@ std::size_t binCount(int rows, int columns)
 
 } // namespace
 
-vx::kernels::BinTable::BinTable(int rowCount, int columnCount)
-    : values(uninitializedArray<double>(binCount(rowCount, columnCount)))
-    , emptyRows(uninitializedArray<quint8>(static_cast<std::size_t>(rowCount)))
-    , rows(rowCount)
+vx::kernels::BinTables::BinTables(int count, int rowCount, int columnCount)
+    : rows(rowCount)
     , columns(columnCount)
+    , values(uninitializedArray<double>(
+          static_cast<std::size_t>(count) * binCount(rows, columns)))
+    , emptyRows(uninitializedArray<quint8>(binCount(count, rows)))
 {
 }
 
-vx::kernels::Bins vx::kernels::BinTable::bins() const
+vx::kernels::Bins vx::kernels::BinTables::at(int index) const
 {
-    return { values.get(), emptyRows.get(), rows, columns };
+    const auto before = static_cast<std::size_t>(index);
+    return { values.get() + before * binCount(rows, columns),
+        emptyRows.get() + before * static_cast<std::size_t>(rows), rows, columns };
 }
 
 // A cache line apart from a power of two, the tables' counts of one bin do not pass for each other: a

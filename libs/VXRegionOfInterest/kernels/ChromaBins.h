@@ -20,18 +20,19 @@ struct Bins {
     double* row(int index) const { return values + static_cast<std::ptrdiff_t>(index) * columns; }
 };
 
-/// Bins of their own, which are to be counted into first.
-class BinTable {
+/// The bins of histograms alike, which are to be counted into first.
+class BinTables {
 public:
-    BinTable(int rowCount, int columnCount);
+    BinTables(int count, int rowCount, int columnCount);
 
-    Bins bins() const;
+    /// Those of histogram \a index.
+    Bins at(int index) const;
 
 private:
-    AlignedArray<double> values;
-    AlignedArray<quint8> emptyRows;
     int rows;
     int columns;
+    AlignedArray<double> values;
+    AlignedArray<quint8> emptyRows;
 };
 
 /// Counts indices of bins.
