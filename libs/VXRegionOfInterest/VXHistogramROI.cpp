@@ -99,6 +99,17 @@ QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
     return QRect(left, top, width, height);
 }
 
+// What the grid leaves over at the right and below.
+void blackenBeside(const QSize& grid, QImage& map)
+{
+    const QRect right(grid.width(), 0, map.width() - grid.width(), map.height());
+    const QRect below(0, grid.height(), grid.width(), map.height() - grid.height());
+    for (const QRect& part : { right, below }) {
+        if (!part.isEmpty())
+            vx::kernels::fillOpaque(part, vx::kernels::opaqueBlack, map);
+    }
+}
+
 } // namespace
 
 VXHistogramROI::VXHistogramROI() = default;
@@ -108,11 +119,12 @@ VXHistogramROI::~VXHistogramROI() = default;
 QImage VXHistogramROI::evaluate(const QImage& image)
 {
     QImage map = createTargetImage(image);
-    map.fill(QColor(Qt::black).rgba());
     const bool isInRange = verticalBlocks >= 1 && verticalBlocks <= mostBlocks
         && horizontalBlocks >= 1 && horizontalBlocks <= mostBlocks && bin1 >= 1 && bin2 >= 1;
-    if (!isInRange || map.width() < horizontalBlocks || map.height() < verticalBlocks)
+    if (!isInRange || map.width() < horizontalBlocks || map.height() < verticalBlocks) {
+        map.fill(vx::kernels::opaqueBlack);
         return map;
+    }
 
     const Grid grid { verticalBlocks, horizontalBlocks };
     const QSize block(map.width() / horizontalBlocks, map.height() / verticalBlocks);
@@ -124,11 +136,13 @@ QImage VXHistogramROI::evaluate(const QImage& image)
     dropUndefined(edges);
     std::stable_sort(edges.begin(), edges.end());
     VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);
-    paintLargeRegions(regions, block, map);
+    paintRegions(regions, block, map);
+    blackenBeside(QSize(block.width() * grid.columns, block.height() * grid.rows), map);
     return map;
 }
 
-void VXHistogramROI::paintLargeRegions(
+// The blocks of regions that are not large are black.
+void VXHistogramROI::paintRegions(
     VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
 {
     const QMap<int, QVector<int>> extents = regions.getSegmentSizes();
@@ -136,9 +150,9 @@ void VXHistogramROI::paintLargeRegions(
         const QVector<int> extent = extents.value(regions.find(i));
         const int dy = extent.at(3) - extent.at(1);
         const int dx = extent.at(2) - extent.at(0);
-        if (dy > verticalBlocks * minHeight || dx > horizontalBlocks * minWidth)
-            drawTarget(i % horizontalBlocks, i / horizontalBlocks, dy * dx - 1, map,
-                blockSize.width(), blockSize.height());
+        const bool isLarge = dy > verticalBlocks * minHeight || dx > horizontalBlocks * minWidth;
+        drawTarget(i % horizontalBlocks, i / horizontalBlocks, isLarge ? dy * dx - 1 : 0, map,
+            blockSize.width(), blockSize.height());
     }
 }
 

@@ -82,8 +82,8 @@ vx::kernels::ContrastEstimates::ContrastEstimates(const QImage& image, const Row
     , height(image.height())
     , values(uninitializedArray<double>(
           static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + rowMargin))
-    , widthReciprocals(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
-    , weightReciprocals(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
+    , sumScales(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
+    , squareScales(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
     , columnTolerances(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
     , noPixels(filledArray<QRgb>(static_cast<std::size_t>(width), 0))
     , noRow(width)
@@ -147,8 +147,9 @@ void vx::kernels::ContrastEstimates::makeScales()
 {
     for (int x = 0; x < width; ++x) {
         const SurroundSpan columns = surroundSpan(x, width);
-        widthReciprocals[static_cast<std::size_t>(x)] = 1.0 / columns.count();
-        weightReciprocals[static_cast<std::size_t>(x)] = 1.0 / smoothingWeights(x, width);
+        const double weights = smoothingWeights(x, width);
+        sumScales[static_cast<std::size_t>(x)] = weights / columns.count();
+        squareScales[static_cast<std::size_t>(x)] = 1.0 / (weights * weights);
         columnTolerances[static_cast<std::size_t>(x)] = columnTolerance(columns);
     }
 }
@@ -163,8 +164,9 @@ void vx::kernels::ContrastEstimates::estimate()
         moveRows(before.first, rows.first - 1, false);
         before = rows;
         smoothRow(y + 1);
-        const SurroundScale scale { widthReciprocals.get(), weightReciprocals.get(),
-            1.0 / rows.count(), 1.0 / smoothingWeights(y, height) };
+        const double weights = smoothingWeights(y, height);
+        const SurroundScale scale { sumScales.get(), squareScales.get(), weights / rows.count(),
+            1.0 / (weights * weights) };
         loops.estimateContrasts(width, surrounds(),
             { smoothedRow(y - 1), smoothedRow(y), smoothedRow(y + 1) }, scale,
             values.get() + static_cast<std::ptrdiff_t>(y) * width, valueRange);

@@ -72,8 +72,8 @@ private:
     const int width;
     const int height;
     AlignedArray<double> values;
-    AlignedArray<double> widthReciprocals;
-    AlignedArray<double> weightReciprocals;
+    AlignedArray<double> sumScales;
+    AlignedArray<double> squareScales;
     AlignedArray<double> columnTolerances;
     AlignedArray<QRgb> noPixels;
     PackedRowBuffer noRow;

@@ -6,7 +6,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <cstring>
 
 QImage vx::kernels::toPixelWords(const QImage& image)
 {
@@ -24,16 +23,13 @@ QImage vx::kernels::toPixelValues(const QImage& image)
     return values;
 }
 
-bool vx::kernels::isOneWord(const QImage& words)
+bool vx::kernels::isOneWord(const QImage& words, const RowLoops& loops)
 {
     if (words.isNull())
         return true;
-    const auto width = static_cast<std::size_t>(words.width());
-    const QRgb* const first = wordRow(words, 0);
-    if (std::any_of(first, first + width, [=](QRgb pixel) { return pixel != *first; }))
-        return false;
-    for (int y = 1; y < words.height(); ++y) {
-        if (std::memcmp(wordRow(words, y), first, width * sizeof(QRgb)) != 0)
+    const QRgb first = *wordRow(words, 0);
+    for (int y = 0; y < words.height(); ++y) {
+        if (!loops.areAll(wordRow(words, y), words.width(), first))
             return false;
     }
     return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loops/RowLoops.h"
+
 #include <QImage>
 
 /// \file
@@ -16,7 +18,7 @@ QImage toPixelWords(const QImage& image);
 QImage toPixelValues(const QImage& image);
 
 /// Whether all pixels of \a words, an image of 32 bits per pixel, are the same word.
-bool isOneWord(const QImage& words);
+bool isOneWord(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 /// Whether all pixels of \a words, an image of 32 bits per pixel, are opaque black.
 bool isOpaqueBlack(const QImage& words);

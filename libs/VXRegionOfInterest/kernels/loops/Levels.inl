@@ -48,6 +48,14 @@ void writeProducts(const double* values, int count, double factor, QRgb* __restr
         pixels[i] = opaqueGrey(static_cast<int>(values[i] * factor));
 }
 
+bool areAll(const QRgb* pixels, int count, QRgb word)
+{
+    QRgb differences = 0;
+    for (int i = 0; i < count; ++i)
+        differences |= pixels[i] ^ word;
+    return differences == 0;
+}
+
 void readReds(const QRgb* pixels, int count, quint8* __restrict reds)
 {
     for (int i = 0; i < count; ++i)

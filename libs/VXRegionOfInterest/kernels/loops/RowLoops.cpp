@@ -75,6 +75,7 @@ const RowLoops VXROI_LOOPS = {
     estimateContrasts,
     writeLevels,
     writeProducts,
+    areAll,
     readReds,
     addReds,
     measureReds,

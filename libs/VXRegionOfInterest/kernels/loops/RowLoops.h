@@ -53,12 +53,13 @@ struct SmoothedRows {
     PackedRow below;
 };
 
-/// What the sums of surrounds, and of smoothing, are to be multiplied by.
+/// What to multiply by, for each column and for the row. With W the sum of the smoothing weights, along
+/// the row or down the columns, and n the columns or rows of a surround:
 struct SurroundScale {
-    const double* ofColumns; ///< 1 / how many columns a surround has
-    const double* ofColumnWeights; ///< 1 / the sum of weights along the row
-    double ofRow; ///< the same for rows
-    double ofRowWeights;
+    const double* ofSums; ///< W / n, which gives a surround's mean the weight of a smoothed pixel
+    const double* ofSquares; ///< 1 / W², which takes the weight away from squared differences
+    double ofSumsInRow;
+    double ofSquaresInRow;
 };
 
 /// How far estimates in a row may be from what they stand for: by (slope · estimate + offset) ·
@@ -116,6 +117,9 @@ struct RowLoops {
     /// Writes the products of \a values and \a factor, truncated, as opaque grey. \pre all lie
     /// between 0 and 255.
     void (*writeProducts)(const double* values, int count, double factor, QRgb* pixels);
+
+    /// Whether pixels are all the same \a word.
+    bool (*areAll)(const QRgb* pixels, int count, QRgb word);
 
     /// Reads the red values of pixels.
     void (*readReds)(const QRgb* pixels, int count, quint8* reds);

@@ -136,7 +136,8 @@ VX_ALWAYS_INLINE quint32 smoothDown(const SmoothedRows& rows, quint32* PackedRow
 }
 
 // A mean minus a smoothed value is taken of the channels and becomes luma and chroma then: the
-// constants that chroma is moved by do not count in a difference. \a sign is that of the sums: those
+// constants that chroma is moved by do not count in a difference. All of it is as much too large as the
+// smoothing weights are together. \a sign is that of the sums: those
 // of the right half are what a surround has not got of all columns.
 template <int sign>
 VX_ALWAYS_INLINE void estimateHalf(const SurroundSums& sums, std::ptrdiff_t firstColumn,
@@ -148,22 +149,22 @@ VX_ALWAYS_INLINE void estimateHalf(const SurroundSums& sums, std::ptrdiff_t firs
     for (std::ptrdiff_t first = 0; first < sums.count; first += lanes) {
         for (std::ptrdiff_t i = first; i < first + lanes; ++i) {
             const std::ptrdiff_t x = firstColumn + i;
-            const double perSum = scale.ofColumns[x] * scale.ofRow;
-            const double perWeight = scale.ofColumnWeights[x] * scale.ofRowWeights;
+            const double perSum = scale.ofSums[x] * scale.ofSumsInRow;
             const quint32 redBlue = smoothDown(smoothed, &PackedRow::redBlue, x);
             const quint32 greenTimes256 = smoothDown(smoothed, &PackedRow::green, x);
-            const double red = multiplyAdd(-numberOf(redBlue >> 16U), perWeight,
-                (before.red + sign * numberOf(sums.red[i])) * perSum);
-            const double green = multiplyAdd(-numberOf(greenTimes256), perWeight * (1.0 / 256),
-                (before.green + sign * numberOf(sums.green[i])) * perSum);
-            const double blue = multiplyAdd(-numberOf(redBlue & 0xFFFFU), perWeight,
-                (before.blue + sign * numberOf(sums.blue[i])) * perSum);
+            const double red = multiplyAdd(before.red + sign * numberOf(sums.red[i]), perSum,
+                -numberOf(redBlue >> 16U));
+            const double green = multiplyAdd(before.green + sign * numberOf(sums.green[i]), perSum,
+                -numberOf(greenTimes256 >> 8U));
+            const double blue = multiplyAdd(before.blue + sign * numberOf(sums.blue[i]), perSum,
+                -numberOf(redBlue & 0xFFFFU));
             const double luma
                 = multiplyAdd(0.114, blue, multiplyAdd(0.587, green, 0.299 * red));
             const double redDifference = red - luma;
             const double blueDifference = blue - luma;
-            contrasts[x] = multiplyAdd(blueScale * blueDifference, blueDifference,
+            const double squared = multiplyAdd(blueScale * blueDifference, blueDifference,
                 multiplyAdd(redScale * redDifference, redDifference, luma * luma));
+            contrasts[x] = squared * (scale.ofSquares[x] * scale.ofSquaresInRow);
         }
         const std::ptrdiff_t last = first + lanes - 1;
         before.red += sign * numberOf(sums.red[last]);
