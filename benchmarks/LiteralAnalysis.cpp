@@ -34,9 +34,8 @@ QImage benchmarks::literalEdges(const QImage& image)
 
 QImage benchmarks::literalContrast(const QImage& image)
 {
-    const QImage contrast = support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
-        reference::surroundContrast(image, levels);
-    });
+    const QImage contrast = support::greyImage(image.size(),
+        [&](vx::kernels::BytePlane& levels) { reference::surroundContrast(image, levels); });
     return reference::maxFilter(contrast, 45, 150);
 }
 

@@ -36,8 +36,7 @@ using Edges = std::vector<VXSegmentEdge>;
 // above the other, from its upper block.
 void appendEdges(const HistogramRows& histograms, const Grid& grid, int row, Edges& edges)
 {
-    const auto at
-        = [&](const QPoint& block) { return histograms.at(block.y()).at(block.x()); };
+    const auto at = [&](const QPoint& block) { return histograms.at(block.y()).at(block.x()); };
     for (int column = 0; column < grid.columns; ++column) {
         const QPoint own(column, row);
         for (const QPoint& step : { QPoint(1, -1), QPoint(1, 0), QPoint(1, 1), QPoint(0, 1) }) {
@@ -142,8 +141,7 @@ QImage VXHistogramROI::evaluate(const QImage& image)
 }
 
 // The blocks of regions that are not large are black.
-void VXHistogramROI::paintRegions(
-    VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
+void VXHistogramROI::paintRegions(VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
 {
     const QMap<int, QVector<int>> extents = regions.getSegmentSizes();
     for (int i = 0; i < verticalBlocks * horizontalBlocks; ++i) {

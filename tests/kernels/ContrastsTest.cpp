@@ -1,5 +1,5 @@
-#include "kernels/ContrastEstimates.h"
 #include "kernels/Contrasts.h"
+#include "kernels/ContrastEstimates.h"
 #include "kernels/LumaChroma.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Planes.h"
@@ -113,7 +113,8 @@ TEST(ContrastEstimates, areWithinToleranceForLargerImages)
     for (const QSize& size : { QSize(640, 480), QSize(479, 641), QSize(1, 3000), QSize(3000, 1) }) {
         for (const QImage& image : support::variedImages(size.width(), size.height(), 4))
             ASSERT_TRUE(estimatesAreWithinTolerance(image)) << size.width();
-        ASSERT_TRUE(estimatesAreWithinTolerance(support::chessboard(size.width(), size.height(), 15)));
+        ASSERT_TRUE(
+            estimatesAreWithinTolerance(support::chessboard(size.width(), size.height(), 15)));
     }
 }
 
@@ -121,7 +122,8 @@ TEST(ContrastEstimates, levelsAreMostlyCertain)
 {
     for (const QImage& image : support::variedImages(640, 480, 5)) {
         kernels::BytePlane levels = kernels::uninitializedPlane(image.size());
-        EXPECT_TRUE(kernels::ContrastEstimates(image, kernels::fastestRowLoops()).writeLevels(levels));
+        EXPECT_TRUE(
+            kernels::ContrastEstimates(image, kernels::fastestRowLoops()).writeLevels(levels));
     }
 }
 

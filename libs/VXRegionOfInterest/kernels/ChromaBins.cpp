@@ -66,8 +66,7 @@ std::size_t binCount(int rows, int columns)
 vx::kernels::BinTables::BinTables(int count, int rowCount, int columnCount)
     : rows(rowCount)
     , columns(columnCount)
-    , values(uninitializedArray<double>(
-          static_cast<std::size_t>(count) * binCount(rows, columns)))
+    , values(uninitializedArray<double>(static_cast<std::size_t>(count) * binCount(rows, columns)))
     , emptyRows(uninitializedArray<quint8>(binCount(count, rows)))
 {
 }

@@ -2,78 +2,12 @@
 
 #include "ContrastEstimates.h"
 
+#include "ContrastTolerance.h"
 #include "PixelWords.h"
 #include "SurroundSpan.h"
 
 #include <algorithm>
 #include <cmath>
-
-namespace {
-
-using namespace vx::kernels;
-
-// What the means of one channel may be off by, as a multiple of 257 · 2⁻⁵³, in the row and the column
-// where a surround has `rows` and `columns`. Integral images hold at most 256 per pixel, and a sum is
-// rounded by at most 2⁻⁵³ of itself.
-//
-// - A row's running sum is rounded at each of its columns. Those of the surround count, in each of its
-//   rows: per pixel as much as there are columns up to it, at most the width.
-// - The sum with the row above is rounded in each row, at the column that the surround ends with, and
-//   at the one before it begins: per pixel as much as there are rows up to it, times the columns up to
-//   both, divided by the surround's columns.
-// - The four corners are added up in three steps, which are rounded by at most four times the
-//   greatest of them: four times the rows and columns up to it, divided by the area.
-//
-// The factor of the columns is that of columnTolerance(), which is never below 1.
-double rowTolerance(int y, const QSize& size)
-{
-    const SurroundSpan rows = surroundSpan(y, size.height());
-    return size.width() + (y + 1) + 4.0 * (rows.last + 1) / rows.count();
-}
-
-double columnTolerance(const SurroundSpan& columns)
-{
-    return static_cast<double>(columns.last + 1 + columns.first) / columns.count();
-}
-
-// Luma, chroma, their smoothing, divisions: a few roundings of numbers below 256 on either side.
-constexpr double fewRoundings = 1e-11;
-
-// The length of three differences that are off by that much is off by at most 3^½ times as much.
-double lengthTolerance(double multiple)
-{
-    constexpr double rounding = 257 * 0x1p-53;
-    return std::sqrt(3.0) * (multiple * rounding + fewRoundings);
-}
-
-// Squares of lengths below 2^8.5 are rounded by less than this, several times.
-constexpr double squareRounding = 1e-9;
-
-} // namespace
-
-vx::kernels::PackedRowBuffer::PackedRowBuffer(int width)
-    : redBlue(filledArray<quint32>(static_cast<std::size_t>(width + 2 * rowMargin), 0))
-    , green(filledArray<quint32>(static_cast<std::size_t>(width + 2 * rowMargin), 0))
-{
-}
-
-vx::kernels::PackedRow vx::kernels::PackedRowBuffer::row() const
-{
-    return { redBlue.get() + rowMargin, green.get() + rowMargin };
-}
-
-vx::kernels::SurroundSumsBuffer::SurroundSumsBuffer(int columns)
-    : count(columns)
-    , red(filledArray<quint32>(static_cast<std::size_t>(columns + rowMargin), 0))
-    , green(filledArray<quint32>(static_cast<std::size_t>(columns + rowMargin), 0))
-    , blue(filledArray<quint32>(static_cast<std::size_t>(columns + rowMargin), 0))
-{
-}
-
-vx::kernels::SurroundSums vx::kernels::SurroundSumsBuffer::sums() const
-{
-    return { red.get(), green.get(), blue.get(), count };
-}
 
 vx::kernels::ContrastEstimates::ContrastEstimates(const QImage& image, const RowLoops& rowLoops)
     : words(image)
@@ -106,7 +40,7 @@ const double* vx::kernels::ContrastEstimates::row(int y) const
 // at most t · (2a + t), and 2a is at most a² / 32 + 32.
 vx::kernels::Tolerance vx::kernels::ContrastEstimates::tolerance(int y) const
 {
-    const double ofLength = lengthTolerance(rowTolerance(y, words.size()));
+    const double ofLength = lengthTolerance(rowTolerance(y, width, height));
     return { columnTolerances.get(), ofLength / 32, ofLength * 33, squareRounding };
 }
 
@@ -115,8 +49,9 @@ double vx::kernels::ContrastEstimates::toleranceOf(double estimate) const
 {
     double ofRows = 0;
     for (int y = 0; y < height; ++y)
-        ofRows = std::max(ofRows, rowTolerance(y, words.size()));
-    const double ofColumns = *std::max_element(columnTolerances.get(), columnTolerances.get() + width);
+        ofRows = std::max(ofRows, rowTolerance(y, width, height));
+    const double ofColumns
+        = *std::max_element(columnTolerances.get(), columnTolerances.get() + width);
     const double ofLength = lengthTolerance(ofRows * ofColumns);
     return ofLength * (2 * std::sqrt(estimate) + ofLength) + squareRounding;
 }
@@ -136,8 +71,7 @@ bool vx::kernels::ContrastEstimates::writeLevels(BytePlane& levels) const
     for (int y = 0; y < height; ++y) {
         Tolerance inRow = tolerance(y);
         inRow.floor += ofLeast;
-        if (!loops.writeLevels(
-                row(y), width, inRow, valueRange.least, range, levels.row(y)))
+        if (!loops.writeLevels(row(y), width, inRow, valueRange.least, range, levels.row(y)))
             return false;
     }
     return true;

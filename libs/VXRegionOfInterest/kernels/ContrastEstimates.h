@@ -2,6 +2,7 @@
 
 #include "AlignedArray.h"
 #include "BytePlane.h"
+#include "SurroundBuffers.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -9,32 +10,6 @@
 #include <array>
 
 namespace vx::kernels {
-
-/// A row of packed channels, of zeros at first.
-class PackedRowBuffer {
-public:
-    explicit PackedRowBuffer(int width);
-
-    PackedRow row() const;
-
-private:
-    AlignedArray<quint32> redBlue;
-    AlignedArray<quint32> green;
-};
-
-/// Sums of surrounds, of zeros at first.
-class SurroundSumsBuffer {
-public:
-    explicit SurroundSumsBuffer(int columns);
-
-    SurroundSums sums() const;
-
-private:
-    int count;
-    AlignedArray<quint32> red;
-    AlignedArray<quint32> green;
-    AlignedArray<quint32> blue;
-};
 
 /// Estimates of the numbers that Contrasts holds, for a fraction of the time.
 ///

@@ -80,8 +80,8 @@ void vx::kernels::Contrasts::writeLevels(BytePlane& levels) const
     }
     const auto nothing = filledArray(static_cast<std::size_t>(width), 0.0);
     for (int y = 0; y < height; ++y)
-        loops.writeLevels(row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range,
-            levels.row(y));
+        loops.writeLevels(
+            row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range, levels.row(y));
 }
 
 // Rows outside the image are zeros, which add nothing to what is smoothed down the columns.
@@ -93,13 +93,15 @@ vx::kernels::ChannelRow vx::kernels::Contrasts::smoothedAlong(int y) const
         return smoothed;
     const QRgb* const pixels = wordRow(words, y);
     for (int x = 0; x < width; ++x) {
-        const std::array<double, 3> before = x > 0 ? channelsOf(pixels[x - 1]) : std::array<double, 3> {};
+        const std::array<double, 3> before
+            = x > 0 ? channelsOf(pixels[x - 1]) : std::array<double, 3> {};
         const std::array<double, 3> here = channelsOf(pixels[x]);
         const std::array<double, 3> after
             = x + 1 < width ? channelsOf(pixels[x + 1]) : std::array<double, 3> {};
         for (std::size_t channel = 0; channel < smoothed.size(); ++channel)
             smoothed[channel][static_cast<std::size_t>(x)]
-                = (before[channel] + 2 * here[channel] + after[channel]) / smoothingWeights(x, width);
+                = (before[channel] + 2 * here[channel] + after[channel])
+                / smoothingWeights(x, width);
     }
     return smoothed;
 }

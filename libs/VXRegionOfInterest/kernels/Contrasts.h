@@ -60,7 +60,8 @@ private:
     AlignedArray<double> values;
     IntegralRow above; ///< the row before surrounds begin
     IntegralRow bottom; ///< the row that surrounds end with
-    std::array<ChannelRow, 3> smoothedRows; ///< along themselves: the row before, this one, the next
+    std::array<ChannelRow, 3>
+        smoothedRows; ///< along themselves: the row before, this one, the next
 };
 
 } // namespace vx::kernels

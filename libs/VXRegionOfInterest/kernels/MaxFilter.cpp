@@ -43,8 +43,7 @@ bool readKeys(const QImage& source, int threshold, const RowLoops& loops, BytePl
 {
     const QRgb alwaysSet = bitsAlwaysSet(source);
     for (int y = 0; y < source.height(); ++y) {
-        if (!loops.readKeys(
-                wordRow(source, y), source.width(), threshold, alwaysSet, keys.row(y)))
+        if (!loops.readKeys(wordRow(source, y), source.width(), threshold, alwaysSet, keys.row(y)))
             return false;
     }
     return true;
@@ -71,10 +70,11 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
     BytePlane keys = uninitializedPlane(source.size());
     if (readKeys(source, threshold, loops, keys)) {
         QImage result = sameWithoutPixels(source);
-        spreadKeys(keys, arm, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
-            loops.spreadRow(alongRow, alongColumns, source.width(), wordRow(source, y),
-                writableWordRow(result, y));
-        });
+        spreadKeys(
+            keys, arm, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
+                loops.spreadRow(alongRow, alongColumns, source.width(), wordRow(source, y),
+                    writableWordRow(result, y));
+            });
         return result;
     }
     QImage result = source.copy();
@@ -90,8 +90,8 @@ QImage vx::kernels::maxFilter(
     if (size.isEmpty())
         return result;
     BytePlane keys = uninitializedPlane(size);
-    const bool spreads = loops.keepAbove(
-        levels.values.get(), static_cast<std::ptrdiff_t>(byteCount(size)), threshold, keys.values.get());
+    const bool spreads = loops.keepAbove(levels.values.get(),
+        static_cast<std::ptrdiff_t>(byteCount(size)), threshold, keys.values.get());
     const int reach = spreads ? std::max(arm, 0) : 0;
     spreadKeys(keys, reach, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
         loops.writeGreatest(

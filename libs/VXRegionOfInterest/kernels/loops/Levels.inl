@@ -15,9 +15,8 @@ struct Bounds {
 
 VX_ALWAYS_INLINE Bounds boundsOf(double contrast, double least, const Tolerance& tolerance, int i)
 {
-    const double distance
-        = multiplyAdd(multiplyAdd(contrast, tolerance.slope, tolerance.offset),
-            tolerance.ofColumns[i], tolerance.floor);
+    const double distance = multiplyAdd(multiplyAdd(contrast, tolerance.slope, tolerance.offset),
+        tolerance.ofColumns[i], tolerance.floor);
     const double above = contrast - least;
     return { static_cast<int>(above - distance), static_cast<int>(above + distance) };
 }

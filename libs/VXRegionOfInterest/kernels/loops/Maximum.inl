@@ -74,8 +74,8 @@ void spreadRow(
     }
 }
 
-void writeGreatest(const quint8* a, const quint8* b, const quint8* c, int count,
-    QRgb* __restrict pixels)
+void writeGreatest(
+    const quint8* a, const quint8* b, const quint8* c, int count, QRgb* __restrict pixels)
 {
     for (int i = 0; i < count; ++i) {
         const quint8 greater = a[i] > b[i] ? a[i] : b[i];

@@ -59,6 +59,7 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 
 #include "Chroma.inl"
 #include "Edges.inl"
+#include "Estimates.inl"
 #include "Levels.inl"
 #include "Maximum.inl"
 #include "Surrounds.inl"

@@ -111,8 +111,8 @@ struct RowLoops {
     /// Stretches contrasts: what they have over \a least, truncated, times 255, divided by \a
     /// range, truncated. \pre no level exceeds 255, and \a range is above 0.
     /// \return whether the levels are the same all over the tolerance.
-    bool (*writeLevels)(const double* contrasts, int count, const Tolerance& tolerance, double least,
-        int range, quint8* levels);
+    bool (*writeLevels)(const double* contrasts, int count, const Tolerance& tolerance,
+        double least, int range, quint8* levels);
 
     /// Writes the products of \a values and \a factor, truncated, as opaque grey. \pre all lie
     /// between 0 and 255.

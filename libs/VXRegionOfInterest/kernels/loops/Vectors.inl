@@ -16,8 +16,7 @@ using Words __attribute__((vector_size(4 * lanes))) = quint32;
 #define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen)                                              \
     __builtin_shufflevector(a, b, VX_LIST ofSixteen)
 #elif defined(__AVX2__)
-#define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen)                                              \
-    __builtin_shufflevector(a, b, VX_LIST ofEight)
+#define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen) __builtin_shufflevector(a, b, VX_LIST ofEight)
 #else
 #define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen) __builtin_shufflevector(a, b, VX_LIST ofFour)
 #endif
@@ -60,7 +59,7 @@ VX_ALWAYS_INLINE void sumUp(Words& words)
         (12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27));
 #endif
 #ifdef __AVX512F__
-    words += VX_SHUFFLED(none, words, (), (),
-        (8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23));
+    words += VX_SHUFFLED(
+        none, words, (), (), (8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23));
 #endif
 }
