@@ -135,13 +135,14 @@ QImage VXHistogramROI::evaluate(const QImage& image)
     dropUndefined(edges);
     std::stable_sort(edges.begin(), edges.end());
     VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);
-    paintRegions(regions, block, map);
+    paintLargeRegions(regions, block, map);
     blackenBeside(QSize(block.width() * grid.columns, block.height() * grid.rows), map);
     return map;
 }
 
 // The blocks of regions that are not large are black.
-void VXHistogramROI::paintRegions(VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
+void VXHistogramROI::paintLargeRegions(
+    VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
 {
     const QMap<int, QVector<int>> extents = regions.getSegmentSizes();
     for (int i = 0; i < verticalBlocks * horizontalBlocks; ++i) {

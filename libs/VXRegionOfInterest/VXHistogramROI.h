@@ -86,7 +86,7 @@ public:
         int column, int row, double value, QImage& target, int blockWidth, int blockHeight) const;
 
 private:
-    void paintRegions(VXDisjointSet& regions, const QSize& blockSize, QImage& map) const;
+    void paintLargeRegions(VXDisjointSet& regions, const QSize& blockSize, QImage& map) const;
 
     double chiSquareThreshold = 0.67;
     int verticalBlocks = 11;

@@ -48,7 +48,7 @@ private:
     friend class VXSalienzAchanta;
 
     // What evaluate() makes of the opaque grey image that has these levels.
-    QImage spread(const vx::kernels::BytePlane& levels) const;
+    Q_DECL_HIDDEN QImage spread(const vx::kernels::BytePlane& levels) const;
 
     int size;
     int threshold;

@@ -20,8 +20,10 @@
 ///
 /// **Settings**: none beyond the base's; the filter is fixed.
 ///
-/// **Costs** the same per pixel for any image: a few additions for the surround, whatever its size,
-/// three divisions, and the maximum filter. Needs 8 bytes of memory per pixel and a few rows.
+/// **Costs** a few additions per pixel for the surround, whatever its size, some multiplications, and the
+/// maximum filter. Where a contrast is so close to the next level that only rounding decides, as in
+/// chessboards and stripes, all is computed once more, several times slower. Needs 10 bytes of memory
+/// per pixel and a few rows.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXSalienzAchanta : public VXAbstractROI {

@@ -4,7 +4,6 @@
 
 #include "LumaChroma.h"
 #include "PixelWords.h"
-#include "SurroundSpan.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,18 +12,30 @@ namespace {
 
 using namespace vx::kernels;
 
-std::array<double, 3> channelsOf(QRgb pixel)
+Colour colourOf(QRgb pixel)
 {
     const LumaChroma colour = lumaChromaOf(pixel);
     return { colour.luma, colour.redDifference, colour.blueDifference };
+}
+
+// Dividing by 4 is exact as a multiplication.
+double mean(double sum, double weights) { return weights == 4.0 ? sum * 0.25 : sum / weights; }
+
+// Weights 1, 2, 1. Where there is no neighbour, zeros add nothing.
+Colour smoothed(const Colour& before, const Colour& here, const Colour& after, double weights)
+{
+    Colour smoothed {};
+    for (std::size_t i = 0; i < smoothed.size(); ++i)
+        smoothed[i] = mean(before[i] + 2 * here[i] + after[i], weights);
+    return smoothed;
 }
 
 } // namespace
 
 vx::kernels::IntegralRow::IntegralRow(const QImage& image)
     : words(image)
+    , sums(static_cast<std::size_t>(image.width()) + 1)
 {
-    sums.fill(std::vector<double>(static_cast<std::size_t>(image.width()) + 1, 0.0));
 }
 
 void vx::kernels::IntegralRow::moveTo(int y)
@@ -32,20 +43,16 @@ void vx::kernels::IntegralRow::moveTo(int y)
     while (current < y) {
         ++current;
         const QRgb* const pixels = wordRow(words, current);
-        std::array<double, 3> rowSums {};
-        for (int x = 0; x < words.width(); ++x) {
-            const std::array<double, 3> colour = channelsOf(pixels[x]);
-            for (std::size_t channel = 0; channel < colour.size(); ++channel) {
-                rowSums[channel] += colour[channel];
-                sums[channel][static_cast<std::size_t>(x) + 1] += rowSums[channel];
+        const auto width = static_cast<std::size_t>(words.width());
+        Colour rowSums {};
+        for (std::size_t x = 0; x < width; ++x) {
+            const Colour colour = colourOf(pixels[x]);
+            for (std::size_t i = 0; i < colour.size(); ++i) {
+                rowSums[i] += colour[i];
+                sums[x + 1][i] += rowSums[i];
             }
         }
     }
-}
-
-double vx::kernels::IntegralRow::sum(std::size_t channel, int x) const
-{
-    return sums[channel][static_cast<std::size_t>(x + 1)];
 }
 
 vx::kernels::Contrasts::Contrasts(const QImage& image, const RowLoops& rowLoops)
@@ -84,26 +91,23 @@ void vx::kernels::Contrasts::writeLevels(BytePlane& levels) const
             row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range, levels.row(y));
 }
 
-// Rows outside the image are zeros, which add nothing to what is smoothed down the columns.
-vx::kernels::ChannelRow vx::kernels::Contrasts::smoothedAlong(int y) const
+// Rows outside the image are zeros.
+std::vector<vx::kernels::Colour> vx::kernels::Contrasts::smoothedAlong(int y) const
 {
-    ChannelRow smoothed;
-    smoothed.fill(std::vector<double>(static_cast<std::size_t>(width), 0.0));
+    std::vector<Colour> row(static_cast<std::size_t>(width));
     if (y < 0 || y >= height)
-        return smoothed;
+        return row;
     const QRgb* const pixels = wordRow(words, y);
+    Colour before {};
+    Colour here = colourOf(pixels[0]);
     for (int x = 0; x < width; ++x) {
-        const std::array<double, 3> before
-            = x > 0 ? channelsOf(pixels[x - 1]) : std::array<double, 3> {};
-        const std::array<double, 3> here = channelsOf(pixels[x]);
-        const std::array<double, 3> after
-            = x + 1 < width ? channelsOf(pixels[x + 1]) : std::array<double, 3> {};
-        for (std::size_t channel = 0; channel < smoothed.size(); ++channel)
-            smoothed[channel][static_cast<std::size_t>(x)]
-                = (before[channel] + 2 * here[channel] + after[channel])
-                / smoothingWeights(x, width);
+        const Colour after = x + 1 < width ? colourOf(pixels[x + 1]) : Colour {};
+        row[static_cast<std::size_t>(x)]
+            = smoothed(before, here, after, smoothingWeights(x, width));
+        before = here;
+        here = after;
     }
-    return smoothed;
+    return row;
 }
 
 void vx::kernels::Contrasts::compute(int y)
@@ -112,24 +116,33 @@ void vx::kernels::Contrasts::compute(int y)
     above.moveTo(rows.first - 1);
     bottom.moveTo(rows.last);
     smoothedRows = { std::move(smoothedRows[1]), std::move(smoothedRows[2]), smoothedAlong(y + 1) };
+    const double weights = smoothingWeights(y, height);
     double* const contrasts = values.get() + static_cast<std::ptrdiff_t>(y) * width;
-    for (int x = 0; x < width; ++x)
+    for (int x = 0; x < width; ++x) {
+        const SurroundSpan columns = surroundSpan(x, width);
+        const double area = static_cast<double>(columns.count()) * rows.count();
+        const Colour sum = surroundSum(columns);
+        const Colour pixel = smoothedDown(x, weights);
+        Colour distance {};
+        for (std::size_t i = 0; i < distance.size(); ++i)
+            distance[i] = sum[i] / area - pixel[i];
         contrasts[x]
-            = squaredDistance(0, x, y) + squaredDistance(1, x, y) + squaredDistance(2, x, y);
+            = distance[0] * distance[0] + distance[1] * distance[1] + distance[2] * distance[2];
+    }
 }
 
 // The zeros outside the image add and subtract nothing, so that all four corners may be taken.
-double vx::kernels::Contrasts::squaredDistance(std::size_t channel, int x, int y) const
+vx::kernels::Colour vx::kernels::Contrasts::surroundSum(const SurroundSpan& columns) const
 {
-    const SurroundSpan columns = surroundSpan(x, width);
-    const SurroundSpan rows = surroundSpan(y, height);
-    const double sum = bottom.sum(channel, columns.last) + above.sum(channel, columns.first - 1)
-        - above.sum(channel, columns.last) - bottom.sum(channel, columns.first - 1);
+    Colour sum {};
+    for (std::size_t i = 0; i < sum.size(); ++i)
+        sum[i] = bottom.upTo(columns.last)[i] + above.upTo(columns.first - 1)[i]
+            - above.upTo(columns.last)[i] - bottom.upTo(columns.first - 1)[i];
+    return sum;
+}
+
+vx::kernels::Colour vx::kernels::Contrasts::smoothedDown(int x, double weights) const
+{
     const auto i = static_cast<std::size_t>(x);
-    const double smoothed = (smoothedRows[0][channel][i] + 2 * smoothedRows[1][channel][i]
-                                + smoothedRows[2][channel][i])
-        / smoothingWeights(y, height);
-    const double area = static_cast<double>(columns.count()) * rows.count();
-    const double distance = sum / area - smoothed;
-    return distance * distance;
+    return smoothed(smoothedRows[0][i], smoothedRows[1][i], smoothedRows[2][i], weights);
 }

@@ -2,6 +2,7 @@
 
 #include "AlignedArray.h"
 #include "BytePlane.h"
+#include "SurroundSpan.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -11,8 +12,8 @@
 
 namespace vx::kernels {
 
-/// A row of luma and the two colour differences, in the order of LumaChroma.
-using ChannelRow = std::array<std::vector<double>, 3>;
+/// Luma and the two colour differences of a pixel, or sums of them, in the order of LumaChroma.
+using Colour = std::array<double, 3>;
 
 /// A row of the integral images of an image's luma and chroma.
 class IntegralRow {
@@ -23,13 +24,13 @@ public:
     /// Moves on to row \a y, which is this row or one below it.
     void moveTo(int y);
 
-    /// The sum of the rows so far up to column \a x, which may be -1.
-    double sum(std::size_t channel, int x) const;
+    /// The sums of the rows so far up to column \a x, which may be -1.
+    const Colour& upTo(int x) const { return sums[static_cast<std::size_t>(x + 1)]; }
 
 private:
     const QImage& words;
     int current = -1;
-    ChannelRow sums; ///< the sum up to column x is at x + 1
+    std::vector<Colour> sums;
 };
 
 /// The contrast of each pixel of an image to its surround, see surroundContrast(), in the order of
@@ -41,7 +42,7 @@ private:
 class Contrasts {
 public:
     /// Computes them all. \pre \a image has 32 bits per pixel and is not null.
-    Contrasts(const QImage& image, const RowLoops& loops);
+    Contrasts(const QImage& image, const RowLoops& rowLoops);
 
     const double* row(int y) const;
 
@@ -49,9 +50,10 @@ public:
     void writeLevels(BytePlane& levels) const;
 
 private:
-    ChannelRow smoothedAlong(int y) const;
+    std::vector<Colour> smoothedAlong(int y) const;
     void compute(int y);
-    double squaredDistance(std::size_t channel, int x, int y) const;
+    Colour surroundSum(const SurroundSpan& columns) const;
+    Colour smoothedDown(int x, double weights) const;
 
     const QImage& words;
     const RowLoops& loops;
@@ -60,8 +62,7 @@ private:
     AlignedArray<double> values;
     IntegralRow above; ///< the row before surrounds begin
     IntegralRow bottom; ///< the row that surrounds end with
-    std::array<ChannelRow, 3>
-        smoothedRows; ///< along themselves: the row before, this one, the next
+    std::array<std::vector<Colour>, 3> smoothedRows; ///< the row before, this one and the next
 };
 
 } // namespace vx::kernels
