@@ -33,7 +33,8 @@ void vx::kernels::BlockHistograms::findBins(int firstRow)
 
 void vx::kernels::BlockHistograms::writeHistogram(int column, const Bins& histogram)
 {
-    const quint32* const first = indices.get() + column * grid.block.width();
+    const quint32* const first
+        = indices.get() + static_cast<std::ptrdiff_t>(column) * grid.block.width();
     for (int y = 0; y < grid.block.height(); ++y)
         counts.add(first + static_cast<std::ptrdiff_t>(y) * width, grid.block.width());
     counts.moveInto(histogram, loops);

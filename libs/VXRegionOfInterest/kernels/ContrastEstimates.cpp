@@ -16,9 +16,9 @@ vx::kernels::ContrastEstimates::ContrastEstimates(const QImage& image, const Row
     , height(image.height())
     , values(uninitializedArray<double>(
           static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + rowMargin))
-    , sumScales(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
-    , squareScales(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
-    , columnTolerances(filledArray(static_cast<std::size_t>(width + rowMargin), 1.0))
+    , sumScales(filledArray(withMargin(width), 1.0))
+    , squareScales(filledArray(withMargin(width), 1.0))
+    , columnTolerances(filledArray(withMargin(width), 1.0))
     , noPixels(filledArray<QRgb>(static_cast<std::size_t>(width), 0))
     , noRow(width)
     , smoothed { PackedRowBuffer(width), PackedRowBuffer(width), PackedRowBuffer(width) }

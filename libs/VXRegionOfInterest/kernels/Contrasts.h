@@ -25,7 +25,7 @@ public:
     void moveTo(int y);
 
     /// The sums of the rows so far up to column \a x, which may be -1.
-    const Colour& upTo(int x) const { return sums[static_cast<std::size_t>(x + 1)]; }
+    const Colour& upTo(std::ptrdiff_t x) const { return sums[static_cast<std::size_t>(x + 1)]; }
 
 private:
     const QImage& words;

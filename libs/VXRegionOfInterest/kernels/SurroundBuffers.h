@@ -5,12 +5,15 @@
 
 namespace vx::kernels {
 
+/// So many numbers, and the margin beyond them.
+inline std::size_t withMargin(int count) { return static_cast<std::size_t>(count) + rowMargin; }
+
 /// A row of packed channels, of zeros at first, with the margins that its loops need.
 class PackedRowBuffer {
 public:
     explicit PackedRowBuffer(int width)
-        : redBlue(filledArray<quint32>(static_cast<std::size_t>(width + 2 * rowMargin), 0))
-        , green(filledArray<quint32>(static_cast<std::size_t>(width + 2 * rowMargin), 0))
+        : redBlue(filledArray<quint32>(rowMargin + withMargin(width), 0))
+        , green(filledArray<quint32>(rowMargin + withMargin(width), 0))
     {
     }
 
@@ -26,9 +29,9 @@ class SurroundSumsBuffer {
 public:
     explicit SurroundSumsBuffer(int columns)
         : count(columns)
-        , red(filledArray<quint32>(static_cast<std::size_t>(columns + rowMargin), 0))
-        , green(filledArray<quint32>(static_cast<std::size_t>(columns + rowMargin), 0))
-        , blue(filledArray<quint32>(static_cast<std::size_t>(columns + rowMargin), 0))
+        , red(filledArray<quint32>(withMargin(columns), 0))
+        , green(filledArray<quint32>(withMargin(columns), 0))
+        , blue(filledArray<quint32>(withMargin(columns), 0))
     {
     }
 

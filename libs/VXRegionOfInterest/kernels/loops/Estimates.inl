@@ -15,10 +15,10 @@ VX_ALWAYS_INLINE quint32 smoothDown(
     return (rows.above.*of)[x] + 2 * (rows.here.*of)[x] + (rows.below.*of)[x];
 }
 
-// A mean minus a smoothed value is taken of the channels and becomes luma and chroma then: the
-// constants that chroma is moved by do not count in a difference. All of it is as much too large as the
-// smoothing weights are together. \a sign is that of the sums: those
-// of the right half are what a surround has not got of all columns.
+// A mean minus a smoothed value is taken of the channels and becomes luma and chroma then: the constants
+// that chroma is moved by do not count in a difference. Up to the end, all of it is as many times too
+// large as the smoothing weights add up to. The sign is that of the sums: those of the right half are
+// what a surround has not got of all columns.
 template <int sign>
 VX_ALWAYS_INLINE void estimateHalf(const SurroundSums& sums, std::ptrdiff_t firstColumn,
     const SmoothedRows& smoothed, const SurroundScale& scale, SumsBefore& before,

@@ -25,14 +25,14 @@ void smoothAlong(const QRgb* pixels, int width, const PackedRow& target)
 {
     quint32* __restrict const redBlue = target.redBlue;
     quint32* __restrict const green = target.green;
-    const int first = lanes < width ? lanes : width;
-    const int end = width - 1 > first ? width - 1 : first;
-    smoothEdge(pixels, width, 0, first, target);
-    for (int x = first; x < end; ++x) {
+    const int left = lanes < width ? lanes : width;
+    const int right = width - 1 > left ? width - 1 : left;
+    smoothEdge(pixels, width, 0, left, target);
+    for (int x = left; x < right; ++x) {
         redBlue[x] = smoothed(pixels[x - 1], pixels[x], pixels[x + 1], redBlueMask);
         green[x] = smoothed(pixels[x - 1], pixels[x], pixels[x + 1], greenMask);
     }
-    smoothEdge(pixels, width, end, width, target);
+    smoothEdge(pixels, width, right, width, target);
 }
 
 // The sums of pixels of two rows, even and odd columns apart.
@@ -43,7 +43,7 @@ void addTwoRows(const QRgb* a, const QRgb* b, int width, const PackedColumns& su
         Words ofA[2];
         Words ofB[2];
         Words part;
-        for (int i = 0; i < 2; ++i) {
+        for (std::ptrdiff_t i = 0; i < 2; ++i) {
             load(a + x + i * lanes, ofA[i]);
             load(b + x + i * lanes, ofB[i]);
         }
@@ -75,7 +75,8 @@ template <bool adds> VX_ALWAYS_INLINE void moveSums(quint32* sums, const Words& 
     store(words, sums);
 }
 
-// Two bytes of four pixels each, times the lanes: no sum of reds or blues outgrows its 16 bits.
+// A pair of columns has four pixels, so at most 1020 of each channel: what 16 lanes of them add up to
+// does not outgrow the 16 bits that reds and blues have.
 template <bool adds>
 VX_ALWAYS_INLINE void movePairs(const PackedRow& a, const PackedRow& b, const SurroundSums& sums)
 {
