@@ -5,38 +5,46 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
-#include <new>
+#include <type_traits>
 
 namespace vx::kernels {
 
-/// Where arrays begin: loops that load whole vectors are slower when those lie across cache lines.
-constexpr std::align_val_t cacheLine { 64 };
+/// Numbers, from the begin of a cache line on: loops that load whole vectors are slower when those lie
+/// across two.
+///
+/// The allocator is not asked for that alignment, because it may leave gaps behind that nothing fits
+/// into: memory would grow from picture to picture.
+template <typename Number> class AlignedArray {
+    static_assert(std::is_trivial_v<Number>, "nobody constructs them");
 
-/// Gives an AlignedArray's memory back.
-struct AlignedDelete {
-    void operator()(void* memory) const { ::operator delete[](memory, cacheLine); }
+public:
+    /// Numbers that nobody fills with zeros first: for as much memory as an image has, that takes as long
+    /// as the arithmetic.
+    explicit AlignedArray(std::size_t count)
+        : memory(new unsigned char[count * sizeof(Number) + cacheLine])
+    {
+        void* begin = memory.get();
+        std::size_t space = count * sizeof(Number) + cacheLine;
+        numbers = static_cast<Number*>(std::align(cacheLine, count * sizeof(Number), begin, space));
+        adviseLargePages(numbers, count * sizeof(Number));
+    }
+
+    /// As many times \a number.
+    AlignedArray(std::size_t count, Number number)
+        : AlignedArray(count)
+    {
+        std::fill_n(numbers, count, number);
+    }
+
+    Number* get() const { return numbers; }
+    Number& operator[](std::size_t index) const { return numbers[index]; }
+
+private:
+    static constexpr std::size_t cacheLine = 64;
+
+    // NOLINTNEXTLINE(*-avoid-c-arrays): standard containers fill what they hold
+    std::unique_ptr<unsigned char[]> memory;
+    Number* numbers;
 };
-
-/// Numbers, from the begin of a cache line on.
-template <typename Number>
-// NOLINTNEXTLINE(*-avoid-c-arrays): standard containers fill what they hold
-using AlignedArray = std::unique_ptr<Number[], AlignedDelete>;
-
-/// Numbers that nobody fills with zeros first: for as much memory as an image has, that takes as long as
-/// the arithmetic.
-template <typename Number> AlignedArray<Number> uninitializedArray(std::size_t count)
-{
-    void* const memory = ::operator new[](count * sizeof(Number), cacheLine);
-    adviseLargePages(memory, count * sizeof(Number));
-    return AlignedArray<Number>(static_cast<Number*>(memory));
-}
-
-/// As many times \a number.
-template <typename Number> AlignedArray<Number> filledArray(std::size_t count, Number number)
-{
-    AlignedArray<Number> array = uninitializedArray<Number>(count);
-    std::fill_n(array.get(), count, number);
-    return array;
-}
 
 } // namespace vx::kernels

@@ -8,8 +8,7 @@ vx::kernels::BlockHistograms::BlockHistograms(
     , loops(rowLoops)
     , grid(blockGrid)
     , width(grid.columns * grid.block.width())
-    , indices(uninitializedArray<quint32>(
-          static_cast<std::size_t>(width) * static_cast<std::size_t>(grid.block.height())))
+    , indices(static_cast<std::size_t>(width) * static_cast<std::size_t>(grid.block.height()))
     , counts(grid.binRows, grid.binColumns)
 {
 }

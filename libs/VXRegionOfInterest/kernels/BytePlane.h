@@ -24,7 +24,7 @@ inline std::size_t byteCount(const QSize& size)
 /// A plane whose bytes nobody has written yet. \pre \a size is not negative.
 inline BytePlane uninitializedPlane(const QSize& size)
 {
-    return { size.width(), size.height(), uninitializedArray<quint8>(byteCount(size)) };
+    return { size.width(), size.height(), AlignedArray<quint8>(byteCount(size)) };
 }
 
 } // namespace vx::kernels

@@ -66,8 +66,8 @@ std::size_t binCount(int rows, int columns)
 vx::kernels::BinTables::BinTables(int count, int rowCount, int columnCount)
     : rows(rowCount)
     , columns(columnCount)
-    , values(uninitializedArray<double>(static_cast<std::size_t>(count) * binCount(rows, columns)))
-    , emptyRows(uninitializedArray<quint8>(binCount(count, rows)))
+    , values(static_cast<std::size_t>(count) * binCount(rows, columns))
+    , emptyRows(binCount(count, rows))
 {
 }
 
@@ -82,7 +82,7 @@ vx::kernels::Bins vx::kernels::BinTables::at(int index) const
 // processor takes addresses for the same that differ by a multiple of 4 KiB.
 vx::kernels::BinCounts::BinCounts(int rows, int columns)
     : stride(binCount(rows, columns) + 16)
-    , counts(filledArray<qint32>(tableCount * stride, 0))
+    , counts(tableCount * stride, 0)
     , tables { counts.get(), counts.get() + stride, counts.get() + 2 * stride,
         counts.get() + 3 * stride }
 {

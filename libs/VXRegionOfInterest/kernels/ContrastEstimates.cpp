@@ -14,12 +14,11 @@ vx::kernels::ContrastEstimates::ContrastEstimates(const QImage& image, const Row
     , loops(rowLoops)
     , width(image.width())
     , height(image.height())
-    , values(uninitializedArray<double>(
-          static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + rowMargin))
-    , sumScales(filledArray(withMargin(width), 1.0))
-    , squareScales(filledArray(withMargin(width), 1.0))
-    , columnTolerances(filledArray(withMargin(width), 1.0))
-    , noPixels(filledArray<QRgb>(static_cast<std::size_t>(width), 0))
+    , values(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + rowMargin)
+    , sumScales(withMargin(width), 1.0)
+    , squareScales(withMargin(width), 1.0)
+    , columnTolerances(withMargin(width), 1.0)
+    , noPixels(static_cast<std::size_t>(width), 0)
     , noRow(width)
     , smoothed { PackedRowBuffer(width), PackedRowBuffer(width), PackedRowBuffer(width) }
     , movedEven(width / 2 + 1)

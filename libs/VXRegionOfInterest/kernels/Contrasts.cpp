@@ -60,8 +60,7 @@ vx::kernels::Contrasts::Contrasts(const QImage& image, const RowLoops& rowLoops)
     , loops(rowLoops)
     , width(image.width())
     , height(image.height())
-    , values(uninitializedArray<double>(
-          static_cast<std::size_t>(width) * static_cast<std::size_t>(height)))
+    , values(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
     , above(image)
     , bottom(image)
     , smoothedRows { smoothedAlong(-1), smoothedAlong(-1), smoothedAlong(0) }
@@ -85,7 +84,7 @@ void vx::kernels::Contrasts::writeLevels(BytePlane& levels) const
         std::fill_n(levels.values.get(), byteCount(words.size()), quint8 { 0 });
         return;
     }
-    const auto nothing = filledArray(static_cast<std::size_t>(width), 0.0);
+    const AlignedArray<double> nothing(static_cast<std::size_t>(width), 0.0);
     for (int y = 0; y < height; ++y)
         loops.writeLevels(
             row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range, levels.row(y));

@@ -16,8 +16,8 @@ public:
         , width(rowWidth)
         , reach(std::min(arm, rowWidth - 1))
         , byteCount(width + 2 * reach)
-        , covered(uninitializedArray<quint8>(static_cast<std::size_t>(byteCount)))
-        , maxima(uninitializedArray<quint8>(static_cast<std::size_t>(width)))
+        , covered(static_cast<std::size_t>(byteCount))
+        , maxima(static_cast<std::size_t>(width))
     {
     }
 
@@ -72,10 +72,9 @@ public:
         , height(plane.height)
         , reach(std::min(arm, plane.height - 1))
         , window(2 * reach + 1)
-        , toEnd(uninitializedArray<quint8>(
-              static_cast<std::size_t>(std::min(window, height) * width)))
-        , fromBegin(uninitializedArray<quint8>(static_cast<std::size_t>(width)))
-        , maxima(uninitializedArray<quint8>(static_cast<std::size_t>(width)))
+        , toEnd(static_cast<std::size_t>(std::min(window, height) * width))
+        , fromBegin(static_cast<std::size_t>(width))
+        , maxima(static_cast<std::size_t>(width))
     {
     }
 

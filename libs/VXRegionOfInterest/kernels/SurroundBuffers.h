@@ -12,8 +12,8 @@ inline std::size_t withMargin(int count) { return static_cast<std::size_t>(count
 class PackedRowBuffer {
 public:
     explicit PackedRowBuffer(int width)
-        : redBlue(filledArray<quint32>(rowMargin + withMargin(width), 0))
-        , green(filledArray<quint32>(rowMargin + withMargin(width), 0))
+        : redBlue(rowMargin + withMargin(width), 0)
+        , green(rowMargin + withMargin(width), 0)
     {
     }
 
@@ -29,9 +29,9 @@ class SurroundSumsBuffer {
 public:
     explicit SurroundSumsBuffer(int columns)
         : count(columns)
-        , red(filledArray<quint32>(withMargin(columns), 0))
-        , green(filledArray<quint32>(withMargin(columns), 0))
-        , blue(filledArray<quint32>(withMargin(columns), 0))
+        , red(withMargin(columns), 0)
+        , green(withMargin(columns), 0)
+        , blue(withMargin(columns), 0)
     {
     }
 
