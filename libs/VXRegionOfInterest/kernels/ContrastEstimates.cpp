@@ -43,20 +43,23 @@ vx::kernels::Tolerance vx::kernels::ContrastEstimates::tolerance(int y) const
     return { columnTolerances.get(), ofLength / 32, ofLength * 33, squareRounding };
 }
 
-// The same all over the image, for the extremes.
-double vx::kernels::ContrastEstimates::toleranceOf(double estimate) const
+// How far lengths may be off by anywhere in the image.
+double vx::kernels::ContrastEstimates::greatestLengthTolerance() const
 {
     double ofRows = 0;
     for (int y = 0; y < height; ++y)
         ofRows = std::max(ofRows, rowTolerance(y, width, height));
     const double ofColumns
         = *std::max_element(columnTolerances.get(), columnTolerances.get() + width);
-    const double ofLength = lengthTolerance(ofRows * ofColumns);
-    return ofLength * (2 * std::sqrt(estimate) + ofLength) + squareRounding;
+    return lengthTolerance(ofRows * ofColumns);
 }
 
 bool vx::kernels::ContrastEstimates::writeLevels(BytePlane& levels) const
 {
+    const double ofLength = greatestLengthTolerance();
+    const auto toleranceOf = [=](double estimate) {
+        return ofLength * (2 * std::sqrt(estimate) + ofLength) + squareRounding;
+    };
     const double ofLeast = toleranceOf(valueRange.least);
     const double ofRange = ofLeast + toleranceOf(valueRange.greatest);
     const double difference = valueRange.greatest - valueRange.least;

@@ -40,7 +40,7 @@ private:
     Surrounds surrounds() const;
     void smoothRow(int y);
     PackedRow smoothedRow(int y) const;
-    double toleranceOf(double estimate) const;
+    double greatestLengthTolerance() const;
 
     const QImage& words;
     const RowLoops& loops;

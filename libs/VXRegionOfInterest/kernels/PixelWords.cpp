@@ -53,13 +53,6 @@ QImage vx::kernels::sameWithoutPixels(const QImage& image)
     return same;
 }
 
-QImage vx::kernels::viewOf(const QImage& words, const QRect& part)
-{
-    const QRgb* const first = wordRow(words, part.top()) + part.left();
-    return QImage(reinterpret_cast<const uchar*>(first), part.width(), part.height(),
-        words.bytesPerLine(), QImage::Format_ARGB32);
-}
-
 void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
 {
     const bool holdsWords = image.format() == QImage::Format_ARGB32

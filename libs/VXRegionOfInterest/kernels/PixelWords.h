@@ -45,10 +45,6 @@ inline QRgb bitsAlwaysSet(const QImage& image)
     return image.format() == QImage::Format_RGB32 ? 0xFF000000U : 0;
 }
 
-/// A part of an image of 32 bits per pixel, as an ARGB32 image that owns no pixels and lives no longer
-/// than \a words. \pre \a part lies within the image.
-QImage viewOf(const QImage& words, const QRect& part);
-
 /// Fills a part of an image of any format but palette ones. \pre \a part lies within the image, and \a
 /// colour is opaque.
 void fillOpaque(const QRect& part, QRgb colour, QImage& image);
