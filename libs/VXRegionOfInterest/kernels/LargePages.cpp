@@ -8,7 +8,7 @@
 void vx::kernels::adviseLargePages(void* memory, std::size_t bytes)
 {
 #if defined(__linux__) && defined(MADV_HUGEPAGE)
-    constexpr std::size_t fewBytes = std::size_t { 32 } << 20U;
+    constexpr std::size_t fewBytes = std::size_t { 16 } << 20U;
     if (bytes < fewBytes)
         return;
     // Advice is given for whole pages. Where it is not taken, small ones come as ever.
