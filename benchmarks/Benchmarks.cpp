@@ -124,9 +124,8 @@ void registerMethods()
     registerEverywhere(ImageSubject { "VXGaussROI",
         [](const QImage& image) { return VXGaussROI().evaluate(image); },
         [](const QImage& image) {
-            QImage map = mapFor(image);
-            reference::centrePrior(map);
-            return map;
+            return support::greyImage(image.size(),
+                [](vx::kernels::BytePlane& levels) { reference::centrePrior(levels); });
         } });
     registerEverywhere(ImageSubject { "VXHistogramROI",
         [](const QImage& image) { return VXHistogramROI().evaluate(image); },

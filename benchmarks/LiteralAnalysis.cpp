@@ -41,8 +41,8 @@ QImage benchmarks::literalContrast(const QImage& image)
 
 QImage benchmarks::literalAnalysis(const QImage& image)
 {
-    QImage prior = mapFor(image);
-    reference::centrePrior(prior);
+    const QImage prior = support::greyImage(
+        image.size(), [](vx::kernels::BytePlane& levels) { reference::centrePrior(levels); });
     QImage blended = mapFor(image);
     reference::blend({ literalEdges(image), prior, support::plainHistogramMap(image, {}),
                          literalContrast(image) },

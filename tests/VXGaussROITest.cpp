@@ -1,6 +1,7 @@
 #include <VXRegionOfInterest/VXGaussROI.h>
 
 #include "kernels/CentrePrior.h"
+#include "support/GreyPlanes.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/TestImages.h"
@@ -14,9 +15,8 @@ QImage centrePriorOf(int width, int height)
 
 QImage plainCentrePriorOf(int width, int height)
 {
-    QImage map(width, height, QImage::Format_ARGB32);
-    vx::kernels::reference::centrePrior(map);
-    return map;
+    return support::greyImage(QSize(width, height),
+        [](vx::kernels::BytePlane& levels) { vx::kernels::reference::centrePrior(levels); });
 }
 
 } // namespace

@@ -302,15 +302,19 @@ TEST(VXMaxFilter, levelsSpreadLikeTheImageTheyStandFor)
         vx::kernels::BytePlane levels = vx::kernels::uninitializedPlane(size);
         std::generate_n(levels.values.get(), vx::kernels::byteCount(size),
             [&] { return static_cast<quint8>(random.below(5) == 0 ? random.below(256) : 0); });
-        const QImage image = support::greyImage(size, [&](vx::kernels::BytePlane& copy) {
+        const auto copyLevels = [&](vx::kernels::BytePlane& copy) {
             std::copy_n(levels.values.get(), vx::kernels::byteCount(size), copy.values.get());
-        });
+        };
+        const QImage image = support::greyImage(size, copyLevels);
         const int arm = random.below(80) - 1;
         const int threshold = random.below(300) - 20;
         const QImage plain = vx::kernels::reference::maxFilter(image, arm, threshold);
         ASSERT_TRUE(support::everyVariantGives(plain,
             [&](const vx::kernels::RowLoops& loops) {
-                return vx::kernels::maxFilter(levels, arm, threshold, loops);
+                return support::greyImage(size, [&](vx::kernels::BytePlane& spread) {
+                    copyLevels(spread);
+                    vx::kernels::maxFilter(spread, arm, threshold, loops);
+                });
             }))
             << "arm " << arm << ", threshold " << threshold;
     }

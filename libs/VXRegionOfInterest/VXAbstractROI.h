@@ -4,6 +4,10 @@
 
 #include <QImage>
 
+namespace vx::kernels {
+struct BytePlane;
+} // namespace vx::kernels
+
 /// The common base of every salience method, and of the image filters VXGaussianBlur and
 /// VXMaxFilter.
 ///

@@ -6,9 +6,11 @@ VXGaussROI::VXGaussROI() = default;
 
 VXGaussROI::~VXGaussROI() = default;
 
-QImage VXGaussROI::evaluate(const QImage& image)
+QImage VXGaussROI::evaluate(const QImage& image) { return vx::kernels::greyImageOf(levels(image)); }
+
+vx::kernels::BytePlane VXGaussROI::levels(const QImage& image) const
 {
-    QImage map = createTargetImage(image);
-    vx::kernels::centrePrior(map);
-    return map;
+    vx::kernels::BytePlane prior = vx::kernels::uninitializedPlane(image.size());
+    vx::kernels::centrePrior(prior);
+    return prior;
 }

@@ -3,6 +3,7 @@
 #include "VXDisjointSet.h"
 #include "VXSegmentEdge.h"
 #include "kernels/BlockHistograms.h"
+#include "kernels/BytePlane.h"
 #include "kernels/LumaChroma.h"
 #include "kernels/PixelWords.h"
 
@@ -98,15 +99,11 @@ QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
     return QRect(left, top, width, height);
 }
 
-// What the grid leaves over at the right and below.
-void blackenBeside(const QSize& grid, QImage& map)
+// The bytes of a plane as an image, which owns nothing.
+QImage viewOf(const vx::kernels::BytePlane& plane)
 {
-    const QRect right(grid.width(), 0, map.width() - grid.width(), map.height());
-    const QRect below(0, grid.height(), grid.width(), map.height() - grid.height());
-    for (const QRect& part : { right, below }) {
-        if (!part.isEmpty())
-            vx::kernels::fillOpaque(part, vx::kernels::opaqueBlack, map);
-    }
+    return QImage(
+        plane.values.get(), plane.width, plane.height, plane.width, QImage::Format_Grayscale8);
 }
 
 } // namespace
@@ -117,17 +114,21 @@ VXHistogramROI::~VXHistogramROI() = default;
 
 QImage VXHistogramROI::evaluate(const QImage& image)
 {
-    QImage map = createTargetImage(image);
+    return vx::kernels::greyImageOf(levels(image));
+}
+
+// What the grid leaves over at the right and below stays black.
+vx::kernels::BytePlane VXHistogramROI::levels(const QImage& image) const
+{
+    const QImage words = vx::kernels::toPixelWords(image);
+    vx::kernels::BytePlane regionLevels = vx::kernels::blackPlane(words.size());
     const bool isInRange = verticalBlocks >= 1 && verticalBlocks <= mostBlocks
         && horizontalBlocks >= 1 && horizontalBlocks <= mostBlocks && bin1 >= 1 && bin2 >= 1;
-    if (!isInRange || map.width() < horizontalBlocks || map.height() < verticalBlocks) {
-        map.fill(vx::kernels::opaqueBlack);
-        return map;
-    }
+    if (!isInRange || words.width() < horizontalBlocks || words.height() < verticalBlocks)
+        return regionLevels;
 
     const Grid grid { verticalBlocks, horizontalBlocks };
-    const QSize block(map.width() / horizontalBlocks, map.height() / verticalBlocks);
-    const QImage words = vx::kernels::toPixelWords(image);
+    const QSize block(words.width() / horizontalBlocks, words.height() / verticalBlocks);
     vx::kernels::BlockHistograms blocks(words,
         { block, horizontalBlocks, std::min(bin1, mostUsefulBins),
             std::min(bin2, mostUsefulBins) });
@@ -135,9 +136,9 @@ QImage VXHistogramROI::evaluate(const QImage& image)
     dropUndefined(edges);
     std::stable_sort(edges.begin(), edges.end());
     VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);
+    QImage map = viewOf(regionLevels);
     paintLargeRegions(regions, block, map);
-    blackenBeside(QSize(block.width() * grid.columns, block.height() * grid.rows), map);
-    return map;
+    return regionLevels;
 }
 
 // The blocks of regions that are not large are black.

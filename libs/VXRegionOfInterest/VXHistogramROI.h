@@ -86,6 +86,10 @@ public:
         int column, int row, double value, QImage& target, int blockWidth, int blockHeight) const;
 
 private:
+    friend class VXSalienzMixer;
+
+    // The levels of the map that evaluate() makes, without its pixels.
+    Q_DECL_HIDDEN vx::kernels::BytePlane levels(const QImage& image) const;
     void paintLargeRegions(VXDisjointSet& regions, const QSize& blockSize, QImage& map) const;
 
     double chiSquareThreshold = 0.67;

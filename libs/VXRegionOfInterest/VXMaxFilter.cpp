@@ -16,8 +16,8 @@ QImage VXMaxFilter::evaluate(const QImage& source)
     return vx::kernels::maxFilter(source, arm, threshold);
 }
 
-QImage VXMaxFilter::spread(const vx::kernels::BytePlane& levels) const
+void VXMaxFilter::spread(vx::kernels::BytePlane& levels) const
 {
     const int arm = size / 2;
-    return vx::kernels::maxFilter(levels, arm, threshold);
+    vx::kernels::maxFilter(levels, arm, threshold);
 }

@@ -2,10 +2,6 @@
 
 #include "VXAbstractROI.h"
 
-namespace vx::kernels {
-struct BytePlane;
-} // namespace vx::kernels
-
 /// A maximum filter with a cross-shaped neighbourhood: bright pixels spread along row and column.
 ///
 /// Each pixel of the result is the one of greatest red among itself and every pixel above the
@@ -47,8 +43,8 @@ public:
 private:
     friend class VXSalienzAchanta;
 
-    // What evaluate() makes of the opaque grey image that has these levels.
-    Q_DECL_HIDDEN QImage spread(const vx::kernels::BytePlane& levels) const;
+    // Gives them those that evaluate() would give the opaque grey image that has them.
+    Q_DECL_HIDDEN void spread(vx::kernels::BytePlane& levels) const;
 
     int size;
     int threshold;

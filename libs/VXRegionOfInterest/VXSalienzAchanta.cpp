@@ -33,10 +33,16 @@ VXSalienzAchanta::~VXSalienzAchanta() = default;
 
 QImage VXSalienzAchanta::evaluate(const QImage& source)
 {
+    return vx::kernels::greyImageOf(levels(source));
+}
+
+vx::kernels::BytePlane VXSalienzAchanta::levels(const QImage& source) const
+{
     const QImage words = vx::kernels::toPixelWords(source);
     vx::kernels::BytePlane contrast = vx::kernels::uninitializedPlane(words.size());
     vx::kernels::surroundContrast(words, contrast);
-    return maxFilter.spread(contrast);
+    maxFilter.spread(contrast);
+    return contrast;
 }
 
 QList<double> VXSalienzAchanta::createZeroedList(int count) const

@@ -6,6 +6,7 @@
 #include "VXSobelROI.h"
 #include "VXVeryImportantAreasROI.h"
 #include "kernels/Blend.h"
+#include "kernels/BytePlane.h"
 #include "kernels/LargePages.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Wrapping.h"
@@ -24,6 +25,13 @@ QImage blended(const std::vector<vx::kernels::BytePlane>& maps, const QList<int>
     QImage target = vx::kernels::uninitializedImage(size, QImage::Format_ARGB32);
     vx::kernels::blend(maps, weights, target);
     return target;
+}
+
+QImage scaledInto(const QSize& bound, const QImage& image)
+{
+    // Qt warns when it is asked to scale a null image.
+    const bool scales = bound.isValid() && !image.isNull();
+    return scales ? image.scaled(bound, Qt::KeepAspectRatio, Qt::FastTransformation) : image;
 }
 
 } // namespace
@@ -114,17 +122,39 @@ void VXSalienzMixer::updateHistogramMinHeight(double fraction)
 
 QImage VXSalienzMixer::analyze(const QImage& image)
 {
-    // The same as mixing what gatherResults() returns, but no map is kept longer than it takes to read
-    // its red values: to touch fresh memory costs more than the arithmetic on it.
-    QImage firstMap;
+    const QList<int> weights = gatherWeights();
+    if (weights.size() < 2)
+        return gatherResults(image).value(0, image);
+    // The same as mixing what gatherResults() returns, but no map is written only to be read again:
+    // to touch fresh memory costs more than the arithmetic on it.
+    const QImage working = scaledInto(workingSize, image);
     std::vector<vx::kernels::BytePlane> maps;
-    forEachMap(image, [&](const QImage& map) {
-        firstMap = maps.empty() ? map : QImage();
-        maps.push_back(vx::kernels::redPlaneOf(map));
-    });
-    if (maps.empty())
-        return image;
-    return maps.size() == 1 ? firstMap : blended(maps, gatherWeights());
+    for (const VXSalienzMethod method : methods.keys()) {
+        if (isMethodEnabled(method))
+            maps.push_back(levelsOf(method, working));
+    }
+    const QImage map = blended(maps, weights);
+    return map.isNull() ? image : map;
+}
+
+vx::kernels::BytePlane VXSalienzMixer::levelsOf(VXSalienzMethod method, const QImage& working) const
+{
+    // NOLINTBEGIN(cppcoreguidelines-pro-type-static-cast-downcast): as histogramROI()
+    VXAbstractROI* const roi = roiMethod(method);
+    switch (method) {
+    case Sobel:
+        return static_cast<VXSobelROI*>(roi)->levels(working);
+    case Gauss:
+        return static_cast<VXGaussROI*>(roi)->levels(working);
+    case Histogram:
+        return static_cast<VXHistogramROI*>(roi)->levels(working);
+    case Achanta:
+        return static_cast<VXSalienzAchanta*>(roi)->levels(working);
+    case VeryImportantAreas:
+        break;
+    }
+    // NOLINTEND(cppcoreguidelines-pro-type-static-cast-downcast)
+    return vx::kernels::redPlaneOf(roi->evaluate(working));
 }
 
 QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
@@ -137,10 +167,7 @@ QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
 void VXSalienzMixer::forEachMap(
     const QImage& image, const std::function<void(const QImage&)>& receive) const
 {
-    // Qt warns when it is asked to scale a null image.
-    const bool scales = workingSize.isValid() && !image.isNull();
-    const QImage working
-        = scales ? image.scaled(workingSize, Qt::KeepAspectRatio, Qt::FastTransformation) : image;
+    const QImage working = scaledInto(workingSize, image);
     for (VXAbstractROI* const method : methods) {
         if (!method->isEnabled())
             continue;

@@ -132,6 +132,10 @@ private:
     /// Hands over the map of every enabled method but null ones, in the order of VXSalienzMethod.
     void forEachMap(const QImage& image, const std::function<void(const QImage&)>& receive) const;
 
+    /// The levels of the map that \a method makes of the working image.
+    Q_DECL_HIDDEN vx::kernels::BytePlane levelsOf(
+        VXSalienzMethod method, const QImage& working) const;
+
     QMap<VXSalienzMethod, VXAbstractROI*> methods;
     QSize workingSize;
 };

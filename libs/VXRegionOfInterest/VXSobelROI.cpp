@@ -2,6 +2,7 @@
 
 #include "VXGaussianBlur.h"
 #include "VXMaxFilter.h"
+#include "kernels/BytePlane.h"
 #include "kernels/EdgeResponse.h"
 #include "kernels/PixelWords.h"
 
@@ -18,6 +19,13 @@ QImage VXSobelROI::evaluate(const QImage& image)
     const QImage vertical = convolute(blurred);
     const QImage combined = combine(horizontal, vertical);
     return VXMaxFilter(7, 50).evaluate(combined);
+}
+
+// The blur is black for every image, black does not respond, and nothing spreads.
+vx::kernels::BytePlane VXSobelROI::levels(const QImage& image)
+{
+    configureSobelV();
+    return vx::kernels::blackPlane(image.size());
 }
 
 QImage VXSobelROI::convolute(const QImage& image) const

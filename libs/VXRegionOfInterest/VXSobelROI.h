@@ -63,5 +63,10 @@ public:
     QImage combine(const QImage& horizontal, const QImage& vertical);
 
 private:
+    friend class VXSalienzMixer;
+
+    // The levels of the map that evaluate() makes, without its pixels.
+    Q_DECL_HIDDEN vx::kernels::BytePlane levels(const QImage& image);
+
     std::array<int, 9> kernel {};
 };

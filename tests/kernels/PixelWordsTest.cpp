@@ -4,6 +4,8 @@
 #include "support/MessageTrap.h"
 #include "support/TestImages.h"
 
+#include <QPainter>
+
 TEST(PixelWords, imagesOf32BitsPerPixelAreTakenAsTheyAre)
 {
     for (int format = 1; format < QImage::NImageFormats; ++format) {
@@ -60,6 +62,26 @@ TEST(PixelWords, writingARowLeavesImagesAloneThatShareTheData)
     vx::kernels::writableWordRow(shared, 2)[1] = 0;
     EXPECT_TRUE(support::sameImage(untouched, original));
     EXPECT_EQ(vx::kernels::wordRow(shared, 2)[1], 0U);
+}
+
+// As Qt paints it, in every format that it paints in.
+TEST(PixelWords, fillingAPartIsPaintingIt)
+{
+    const QRect part(3, 1, 5, 4);
+    for (int format = 1; format < QImage::NImageFormats; ++format) {
+        const QImage image
+            = support::noise(11, 7, 1).convertToFormat(static_cast<QImage::Format>(format));
+        if (image.pixelFormat().colorModel() == QPixelFormat::Indexed)
+            continue;
+        for (const QRgb colour : { 0xFF000000U, 0xFF9C9C9CU, 0xFFFFFFFFU, 0xFF1FC364U }) {
+            QImage painted = image.copy();
+            QPainter(&painted).fillRect(part, QColor(colour));
+            QImage filled = image;
+            vx::kernels::fillOpaque(part, colour, filled);
+            EXPECT_EQ(filled, painted) << "format " << format << ", colour " << colour;
+            EXPECT_NE(filled, image) << "format " << format;
+        }
+    }
 }
 
 TEST(PixelWords, opaqueGreyRepeatsTheLevel)

@@ -48,14 +48,6 @@ void blendRows(const std::vector<BytePlane>& maps, const QList<int>& weights, QI
 
 } // namespace
 
-vx::kernels::BytePlane vx::kernels::redPlaneOf(const QImage& words, const RowLoops& loops)
-{
-    BytePlane plane = uninitializedPlane(words.size());
-    for (int y = 0; y < words.height(); ++y)
-        loops.readReds(wordRow(words, y), words.width(), plane.row(y));
-    return plane;
-}
-
 void vx::kernels::blend(const std::vector<BytePlane>& maps, const QList<int>& weights,
     QImage& target, const RowLoops& loops)
 {

@@ -10,9 +10,6 @@
 
 namespace vx::kernels {
 
-/// Reads the red values of \a words, an image of 32 bits per pixel.
-BytePlane redPlaneOf(const QImage& words, const RowLoops& loops = fastestRowLoops());
-
 /// Blends \a maps by \a weights, paired by position, into \a target, an image of 32 bits per pixel and
 /// any size.
 ///

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "AlignedArray.h"
+#include "loops/RowLoops.h"
 
-#include <QSize>
+#include <QImage>
 
 namespace vx::kernels {
 
@@ -26,5 +27,17 @@ inline BytePlane uninitializedPlane(const QSize& size)
 {
     return { size.width(), size.height(), AlignedArray<quint8>(byteCount(size)) };
 }
+
+/// A plane of zeros. \pre \a size is not negative.
+inline BytePlane blackPlane(const QSize& size)
+{
+    return { size.width(), size.height(), AlignedArray<quint8>(byteCount(size), 0) };
+}
+
+/// The red values of \a words, an image of 32 bits per pixel.
+BytePlane redPlaneOf(const QImage& words, const RowLoops& loops = fastestRowLoops());
+
+/// The opaque grey ARGB32 image that has these levels; null for an empty plane.
+QImage greyImageOf(const BytePlane& levels, const RowLoops& loops = fastestRowLoops());
 
 } // namespace vx::kernels

@@ -2,8 +2,6 @@
 
 #include "CentrePrior.h"
 
-#include "PixelWords.h"
-
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -33,15 +31,15 @@ std::vector<double> bumpAlong(int length)
 // of the exact level, and truncate alike because no exact level is that close to an integer: 4 d²
 // is an integer n, so the levels are 255 · exp(-n / 135200), and for n > 0 none of them lies within
 // 1e-6 of an integer above 0 (a test walks them all). At n = 0 both are exactly 255.
-void vx::kernels::centrePrior(QImage& target, const RowLoops& loops)
+void vx::kernels::centrePrior(BytePlane& levels, const RowLoops& loops)
 {
-    const std::vector<double> columnBump = bumpAlong(target.width());
-    const std::vector<double> rowBump = bumpAlong(target.height());
-    const int height = target.height();
+    const std::vector<double> columnBump = bumpAlong(levels.width);
+    const std::vector<double> rowBump = bumpAlong(levels.height);
+    const int height = levels.height;
     for (int y = 0; y <= height / 2 && y < height; ++y) {
         const double rowPeak = rowBump[static_cast<std::size_t>(y)] * peak;
-        loops.writeProducts(columnBump.data(), target.width(), rowPeak, writableWordRow(target, y));
+        loops.writeProducts(columnBump.data(), levels.width, rowPeak, levels.row(y));
     }
     for (int y = height / 2 + 1; y < height; ++y)
-        std::copy_n(wordRow(target, height - y), target.width(), writableWordRow(target, y));
+        std::copy_n(levels.row(height - y), levels.width, levels.row(y));
 }

@@ -2,7 +2,6 @@
 
 #include "ColourSpreading.h"
 #include "GreySpreading.h"
-#include "LargePages.h"
 #include "PixelWords.h"
 
 #include <algorithm>
@@ -82,20 +81,17 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
     return result;
 }
 
-QImage vx::kernels::maxFilter(
-    const BytePlane& levels, int arm, int threshold, const RowLoops& loops)
+void vx::kernels::maxFilter(BytePlane& levels, int arm, int threshold, const RowLoops& loops)
 {
     const QSize size(levels.width, levels.height);
-    QImage result = uninitializedImage(size, QImage::Format_ARGB32);
-    if (size.isEmpty())
-        return result;
     BytePlane keys = uninitializedPlane(size);
     const bool spreads = loops.keepAbove(levels.values.get(),
         static_cast<std::ptrdiff_t>(byteCount(size)), threshold, keys.values.get());
-    const int reach = spreads ? std::max(arm, 0) : 0;
-    spreadKeys(keys, reach, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
-        loops.writeGreatest(
-            levels.row(y), alongRow, alongColumns, levels.width, writableWordRow(result, y));
+    if (arm < 1 || !spreads)
+        return;
+    spreadKeys(keys, arm, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
+        quint8* const row = levels.row(y);
+        loops.writeMaxima(row, alongRow, levels.width, row);
+        loops.writeMaxima(row, alongColumns, levels.width, row);
     });
-    return result;
 }

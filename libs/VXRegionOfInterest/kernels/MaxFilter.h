@@ -17,9 +17,9 @@ namespace vx::kernels {
 QImage maxFilter(
     const QImage& source, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 
-/// The same for the levels of an opaque grey image. \return an ARGB32 image.
-QImage maxFilter(
-    const BytePlane& levels, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
+/// Gives \a levels those that the filtered image has, where they are the levels of an opaque grey one.
+void maxFilter(
+    BytePlane& levels, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Overwrites pixel by pixel.

@@ -55,14 +55,18 @@ QImage vx::kernels::sameWithoutPixels(const QImage& image)
 
 void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
 {
-    const bool holdsWords = image.format() == QImage::Format_ARGB32
-        || image.format() == QImage::Format_RGB32
-        || image.format() == QImage::Format_ARGB32_Premultiplied;
-    if (!holdsWords) {
+    const QImage::Format format = image.format();
+    const auto fill = [&](auto pixel) {
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            auto* const row = reinterpret_cast<decltype(pixel)*>(image.scanLine(y));
+            std::fill_n(row + part.left(), part.width(), pixel);
+        }
+    };
+    if (format == QImage::Format_ARGB32 || format == QImage::Format_RGB32
+        || format == QImage::Format_ARGB32_Premultiplied)
+        fill(colour);
+    else if (format == QImage::Format_Grayscale8)
+        fill(static_cast<uchar>(qGray(colour)));
+    else
         QPainter(&image).fillRect(part, QColor(colour));
-        return;
-    }
-    QRgb* row = writableWordRow(image, part.top()) + part.left();
-    for (int y = 0; y < part.height(); ++y, row += image.bytesPerLine() / 4)
-        std::fill_n(row, part.width(), colour);
 }

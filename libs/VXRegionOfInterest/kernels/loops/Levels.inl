@@ -41,10 +41,16 @@ bool writeLevels(const double* contrasts, int count, const Tolerance& tolerance,
     return true;
 }
 
-void writeProducts(const double* values, int count, double factor, QRgb* __restrict pixels)
+void writeProducts(const double* values, int count, double factor, quint8* __restrict levels)
 {
     for (int i = 0; i < count; ++i)
-        pixels[i] = opaqueGrey(static_cast<int>(values[i] * factor));
+        levels[i] = static_cast<quint8>(static_cast<int>(values[i] * factor));
+}
+
+void writeGrey(const quint8* levels, int count, QRgb* __restrict pixels)
+{
+    for (int i = 0; i < count; ++i)
+        pixels[i] = opaqueGrey(levels[i]);
 }
 
 bool areAll(const QRgb* pixels, int count, QRgb word)

@@ -73,12 +73,3 @@ void spreadRow(
         target[i] = key > (source[i] >> 16U & 0xFFU) ? opaqueGrey(key) : source[i];
     }
 }
-
-void writeGreatest(
-    const quint8* a, const quint8* b, const quint8* c, int count, QRgb* __restrict pixels)
-{
-    for (int i = 0; i < count; ++i) {
-        const quint8 greater = a[i] > b[i] ? a[i] : b[i];
-        pixels[i] = opaqueGrey(greater > c[i] ? greater : c[i]);
-    }
-}

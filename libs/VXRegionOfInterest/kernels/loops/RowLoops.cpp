@@ -76,6 +76,7 @@ const RowLoops VXROI_LOOPS = {
     estimateContrasts,
     writeLevels,
     writeProducts,
+    writeGrey,
     areAll,
     readReds,
     addReds,
@@ -96,7 +97,6 @@ const RowLoops VXROI_LOOPS = {
     keepAbove,
     writeMaxima,
     spreadRow,
-    writeGreatest,
 };
 
 } // namespace vx::kernels::loops

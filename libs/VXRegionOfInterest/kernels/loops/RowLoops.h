@@ -114,9 +114,11 @@ struct RowLoops {
     bool (*writeLevels)(const double* contrasts, int count, const Tolerance& tolerance,
         double least, int range, quint8* levels);
 
-    /// Writes the products of \a values and \a factor, truncated, as opaque grey. \pre all lie
-    /// between 0 and 255.
-    void (*writeProducts)(const double* values, int count, double factor, QRgb* pixels);
+    /// Writes the products of \a values and \a factor, truncated. \pre all lie between 0 and 255.
+    void (*writeProducts)(const double* values, int count, double factor, quint8* levels);
+
+    /// Writes levels as opaque grey.
+    void (*writeGrey)(const quint8* levels, int count, QRgb* pixels);
 
     /// Whether pixels are all the same \a word.
     bool (*areAll)(const QRgb* pixels, int count, QRgb word);
@@ -186,10 +188,6 @@ struct RowLoops {
     /// opaque grey.
     void (*spreadRow)(
         const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* target);
-
-    /// Writes the greatest of each three as opaque grey.
-    void (*writeGreatest)(
-        const quint8* a, const quint8* b, const quint8* c, int count, QRgb* pixels);
 };
 
 /// The loops that this processor can run, from the plainest to the fastest.
