@@ -24,6 +24,7 @@
 #include "kernels/MaxFilter.h"
 #include "kernels/PixelWords.h"
 #include "kernels/RedSums.h"
+#include "kernels/Scaling.h"
 #include "kernels/SurroundContrast.h"
 #include "support/GreyPlanes.h"
 #include "support/Memory.h"
@@ -243,6 +244,21 @@ void registerVariants()
     }
 }
 
+// Of a picture in RGB32 and of one in ARGB32.
+void registerScaling()
+{
+    const ImageSubject scaling { "scaling into 640x480",
+        [](const QImage& image) { return vx::kernels::scaledInto(workingSize, image); },
+        [](const QImage& image) {
+            return image.scaled(workingSize, Qt::KeepAspectRatio, Qt::FastTransformation);
+        },
+        6000 };
+    for (const QSize& size : { QSize(320, 240), QSize(1920, 1280), QSize(6000, 4000) }) {
+        registerPair(scaling, Kind::Photo, size);
+        registerPair(scaling, Kind::Bright, size);
+    }
+}
+
 // From a picture in memory to the start of its square crop.
 void registerDecision()
 {
@@ -361,6 +377,7 @@ void benchmarks::registerAll()
     registerMethods();
     registerFilters();
     registerMixerAndReaders();
+    registerScaling();
     registerDecision();
     registerVariants();
     registerMaximumFilterExtremes();

@@ -9,6 +9,7 @@
 #include "kernels/BytePlane.h"
 #include "kernels/LargePages.h"
 #include "kernels/PixelWords.h"
+#include "kernels/Scaling.h"
 #include "kernels/Wrapping.h"
 
 namespace {
@@ -25,13 +26,6 @@ QImage blended(const std::vector<vx::kernels::BytePlane>& maps, const QList<int>
     QImage target = vx::kernels::uninitializedImage(size, QImage::Format_ARGB32);
     vx::kernels::blend(maps, weights, target);
     return target;
-}
-
-QImage scaledInto(const QSize& bound, const QImage& image)
-{
-    // Qt warns when it is asked to scale a null image.
-    const bool scales = bound.isValid() && !image.isNull();
-    return scales ? image.scaled(bound, Qt::KeepAspectRatio, Qt::FastTransformation) : image;
 }
 
 } // namespace
@@ -127,7 +121,7 @@ QImage VXSalienzMixer::analyze(const QImage& image)
         return gatherResults(image).value(0, image);
     // The same as mixing what gatherResults() returns, but no map is written only to be read again:
     // to touch fresh memory costs more than the arithmetic on it.
-    const QImage working = scaledInto(workingSize, image);
+    const QImage working = vx::kernels::scaledInto(workingSize, image);
     std::vector<vx::kernels::BytePlane> maps;
     for (const VXSalienzMethod method : methods.keys()) {
         if (isMethodEnabled(method))
@@ -167,7 +161,7 @@ QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
 void VXSalienzMixer::forEachMap(
     const QImage& image, const std::function<void(const QImage&)>& receive) const
 {
-    const QImage working = scaledInto(workingSize, image);
+    const QImage working = vx::kernels::scaledInto(workingSize, image);
     for (VXAbstractROI* const method : methods) {
         if (!method->isEnabled())
             continue;

@@ -62,8 +62,7 @@ void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
             std::fill_n(row + part.left(), part.width(), pixel);
         }
     };
-    if (format == QImage::Format_ARGB32 || format == QImage::Format_RGB32
-        || format == QImage::Format_ARGB32_Premultiplied)
+    if (holdsOpaqueWords(format))
         fill(colour);
     else if (format == QImage::Format_Grayscale8)
         fill(static_cast<uchar>(qGray(colour)));

@@ -45,6 +45,13 @@ inline QRgb bitsAlwaysSet(const QImage& image)
     return image.format() == QImage::Format_RGB32 ? 0xFF000000U : 0;
 }
 
+/// Whether an opaque pixel of an image in \a format is the word 0xFFRRGGBB.
+inline bool holdsOpaqueWords(QImage::Format format)
+{
+    return format == QImage::Format_ARGB32 || format == QImage::Format_RGB32
+        || format == QImage::Format_ARGB32_Premultiplied;
+}
+
 /// Fills a part of an image of any format but palette ones. \pre \a part lies within the image, and \a
 /// colour is opaque.
 void fillOpaque(const QRect& part, QRgb colour, QImage& image);
