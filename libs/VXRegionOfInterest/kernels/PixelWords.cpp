@@ -57,10 +57,9 @@ void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
 {
     const QImage::Format format = image.format();
     const auto fill = [&](auto pixel) {
-        for (int y = part.top(); y <= part.bottom(); ++y) {
-            auto* const row = reinterpret_cast<decltype(pixel)*>(image.scanLine(y));
-            std::fill_n(row + part.left(), part.width(), pixel);
-        }
+        uchar* row = image.scanLine(part.top());
+        for (int y = 0; y < part.height(); ++y, row += image.bytesPerLine())
+            std::fill_n(reinterpret_cast<decltype(pixel)*>(row) + part.left(), part.width(), pixel);
     };
     if (holdsOpaqueWords(format))
         fill(colour);

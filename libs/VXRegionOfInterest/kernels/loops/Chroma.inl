@@ -21,28 +21,61 @@ void packLumaChroma(const QRgb* pixels, int count, QRgb* __restrict target)
 // Divided by 64 first, the millionths are below 2²², so that single precision is enough for the rest
 // of the division, by 15625: the quotient of n + 0.5 is at least 0.5 / 15625 away from every whole
 // number, and rounded by less.
-VX_ALWAYS_INLINE quint32 chromaOf(int difference, int factor)
+VX_ALWAYS_INLINE void findChroma(const Words& differences, int factor, Words& chroma)
 {
-    const int millionths = difference * factor + 128000000;
-    const auto parts = static_cast<float>(millionths >> 6);
-    return static_cast<quint32>(static_cast<int>((parts + 0.5F) * (1.0F / 15625.0F)));
+    const Integers millionths = reinterpret_cast<Integers>(differences) * factor + 128000000;
+    const Floats parts = __builtin_convertvector(millionths >> 6, Floats);
+    chroma = reinterpret_cast<Words>(
+        __builtin_convertvector((parts + 0.5F) * (1.0F / 15625.0F), Integers));
 }
 
-void findChromaBins(
-    const QRgb* pixels, int count, int rows, int columns, quint32* __restrict indices)
+// Two numbers of 16 bits.
+VX_ALWAYS_INLINE constexpr quint32 halves(int lower, int upper)
+{
+    return (static_cast<quint32>(lower) & 0xFFFFU) | static_cast<quint32>(upper) << 16U;
+}
+
+VX_ALWAYS_INLINE void findChromaBinsOf(
+    const QRgb* pixels, quint32 rows, quint32 columns, quint32* indices)
+{
+    Words words;
+    load(pixels, words);
+    const Words redBlue = words & 0x00FF00FFU;
+    const Words green = words >> 8U & 0xFFU;
+    Words ofGreen;
+    multiplyHalves(green, halves(-587, 0), ofGreen);
+    Words blueDifferences;
+    multiplyHalves(redBlue, halves(886, -299), blueDifferences);
+    Words redDifferences;
+    multiplyHalves(redBlue, halves(-114, 701), redDifferences);
+    Words row;
+    findChroma(blueDifferences + ofGreen, 564, row);
+    multiplyHalves(row, rows, row);
+    Words column;
+    findChroma(redDifferences + ofGreen, 713, column);
+    multiplyHalves(column, columns, column);
+    Words before;
+    multiplyHalves(row >> 8U, columns, before);
+    store(before + (column >> 8U), indices);
+}
+
+// The last vector may overlap the one before it.
+void findChromaBins(const QRgb* pixels, int count, int rows, int columns, quint32* indices)
 {
     const auto rowCount = static_cast<quint32>(rows);
     const auto columnCount = static_cast<quint32>(columns);
-    for (int i = 0; i < count; ++i) {
-        const int red = static_cast<int>(pixels[i] >> 16U & 0xFFU);
-        const int green = static_cast<int>(pixels[i] >> 8U & 0xFFU);
-        const int blue = static_cast<int>(pixels[i] & 0xFFU);
-        const int blueDifference = 886 * blue - 299 * red - 587 * green;
-        const int redDifference = 701 * red - 587 * green - 114 * blue;
-        const quint32 row = chromaOf(blueDifference, 564) * rowCount >> 8U;
-        const quint32 column = chromaOf(redDifference, 713) * columnCount >> 8U;
-        indices[i] = row * columnCount + column;
+    if (count < lanes) {
+        QRgb few[lanes] = {};
+        quint32 theirs[lanes];
+        __builtin_memcpy(few, pixels, static_cast<std::size_t>(count) * sizeof *few);
+        findChromaBinsOf(few, rowCount, columnCount, theirs);
+        __builtin_memcpy(indices, theirs, static_cast<std::size_t>(count) * sizeof *theirs);
+        return;
     }
+    const std::ptrdiff_t last = count - lanes;
+    for (std::ptrdiff_t i = 0; i < last; i += lanes)
+        findChromaBinsOf(pixels + i, rowCount, columnCount, indices + i);
+    findChromaBinsOf(pixels + last, rowCount, columnCount, indices + last);
 }
 
 void findBins(const QRgb* pixels, int count, int rows, int columns, quint32* __restrict indices)

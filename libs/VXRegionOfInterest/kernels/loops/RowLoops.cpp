@@ -2,7 +2,7 @@
 
 #include "RowLoops.h"
 
-#ifdef __AVX__
+#ifdef __SSE2__
 #include <immintrin.h>
 #endif
 

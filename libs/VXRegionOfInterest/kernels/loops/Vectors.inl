@@ -9,6 +9,8 @@ constexpr int lanes = 8;
 constexpr int lanes = 4;
 #endif
 using Words __attribute__((vector_size(4 * lanes))) = quint32;
+using Integers __attribute__((vector_size(4 * lanes))) = qint32;
+using Floats __attribute__((vector_size(4 * lanes))) = float;
 
 // The lanes of two vectors that a list tells, which is one of three for vectors of as many lanes.
 #define VX_LIST(...) __VA_ARGS__
@@ -43,6 +45,28 @@ VX_ALWAYS_INLINE void takeOdd(const Words& a, const Words& b, Words& odd)
 {
     odd = VX_SHUFFLED(a, b, (1, 3, 5, 7), (1, 3, 5, 7, 9, 11, 13, 15),
         (1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31));
+}
+
+// The signed numbers in the lower and upper 16 bits of \a words times those of every lane's \a factors,
+// added up. Compilers multiply all 32 bits instead, which takes twice as long.
+VX_ALWAYS_INLINE void multiplyHalves(const Words& words, quint32 factors, Words& sums)
+{
+    const Words times = Words {} + factors;
+#if defined(__AVX512BW__)
+    sums = reinterpret_cast<Words>(
+        _mm512_madd_epi16(reinterpret_cast<__m512i>(words), reinterpret_cast<__m512i>(times)));
+#elif defined(__AVX2__) && !defined(__AVX512F__)
+    sums = reinterpret_cast<Words>(
+        _mm256_madd_epi16(reinterpret_cast<__m256i>(words), reinterpret_cast<__m256i>(times)));
+#elif defined(__SSE2__) && !defined(__AVX2__)
+    sums = reinterpret_cast<Words>(
+        _mm_madd_epi16(reinterpret_cast<__m128i>(words), reinterpret_cast<__m128i>(times)));
+#else
+    const Integers lower = reinterpret_cast<Integers>(words << 16U) >> 16;
+    const Integers upper = reinterpret_cast<Integers>(words) >> 16;
+    sums = reinterpret_cast<Words>(lower * (reinterpret_cast<Integers>(times << 16U) >> 16)
+        + upper * (reinterpret_cast<Integers>(times) >> 16));
+#endif
 }
 
 // Makes of each lane the sum of all up to it: adding what is one lane before, then two, then four,
