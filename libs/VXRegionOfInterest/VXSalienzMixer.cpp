@@ -153,22 +153,14 @@ vx::kernels::BytePlane VXSalienzMixer::levelsOf(VXSalienzMethod method, const QI
 
 QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
 {
-    QList<QImage> maps;
-    forEachMap(image, [&maps](const QImage& map) { maps.append(map); });
-    return maps;
-}
-
-void VXSalienzMixer::forEachMap(
-    const QImage& image, const std::function<void(const QImage&)>& receive) const
-{
     const QImage working = vx::kernels::scaledInto(workingSize, image);
+    QList<QImage> maps;
     for (VXAbstractROI* const method : methods) {
-        if (!method->isEnabled())
-            continue;
-        const QImage map = method->evaluate(working);
+        const QImage map = method->isEnabled() ? method->evaluate(working) : QImage();
         if (!map.isNull())
-            receive(map);
+            maps.append(map);
     }
+    return maps;
 }
 
 QList<int> VXSalienzMixer::gatherWeights() const

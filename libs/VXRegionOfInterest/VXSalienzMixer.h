@@ -10,8 +10,6 @@
 #include <QRect>
 #include <QSize>
 
-#include <functional>
-
 class VXHistogramROI;
 
 /// Turns a picture into one salience map: the library's entry point.
@@ -129,10 +127,7 @@ public:
     QImage mix(const QList<QImage>& maps, const QList<int>& weights);
 
 private:
-    /// Hands over the map of every enabled method but null ones, in the order of VXSalienzMethod.
-    void forEachMap(const QImage& image, const std::function<void(const QImage&)>& receive) const;
-
-    /// The levels of the map that \a method makes of the working image.
+    // The levels of the map that a method makes of the working image.
     Q_DECL_HIDDEN vx::kernels::BytePlane levelsOf(
         VXSalienzMethod method, const QImage& working) const;
 
