@@ -83,7 +83,9 @@ def bars():
 print("# Performance")
 print()
 print("Made by `./scripts/benchmark`, which verifies every result against the plain reference before it")
-print(f"times it. Medians of {max(map(len, times.values()))} runs in one session, one thread; machines differ, so compare ratios.")
+counts = list(map(len, times.values()))
+print(f"times it. Medians of {min(counts)} runs in one session, of {max(counts)} for photos of the sizes that the first table")
+print("quotes. Machines differ, and so do minutes on a shared one: compare ratios.")
 print()
 print(f"Processor {context['processor']}, loops for {context['loops']}; {context['compiler']}, "
       f"{context['build']}; Qt {context['qt']}.")

@@ -39,6 +39,14 @@ int blendedRed(const std::vector<int>& reds, const QList<int>& weights)
     return support::reds(VXSalienzMixer(unscaled).mix(maps, weights)).front();
 }
 
+// So long that Qt can hold its bits, but no map of it.
+QImage rowOfBits()
+{
+    QImage image(100000000, 1, QImage::Format_Mono);
+    image.fill(0);
+    return image;
+}
+
 } // namespace
 
 TEST(VXSalienzMixer, isNeitherCopiedNorMoved)
@@ -415,6 +423,26 @@ TEST(VXSalienzMixer, analyzeEqualsThePlainBlendOfItsMethods)
         }
         ASSERT_TRUE(support::sameImage(expected, mixer.analyze(image))) << round;
     }
+}
+
+TEST(VXSalienzMixer, analyzeReturnsAPictureWhoseMapQtCannotHold)
+{
+    const QImage image = rowOfBits();
+    EXPECT_TRUE(VXGaussROI().evaluate(image).isNull());
+    EXPECT_EQ(VXSalienzMixer(unscaled).analyze(image).constBits(), image.constBits());
+}
+
+TEST(VXSalienzMixer, takesNoMemoryForAMapThatQtCannotHold)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer takes memory of its own";
+#endif
+    const QImage image = rowOfBits();
+    const double peak = support::peakMemoryOf([&] {
+        VXGaussROI().evaluate(image);
+        VXSalienzMixer(unscaled).analyze(image);
+    });
+    EXPECT_LT(peak, 1e7) << "a byte for each pixel is ten times as much";
 }
 
 TEST(VXSalienzMixer, analyzeLeavesTheEdgeMethodTheKernelThatEvaluateLeaves)

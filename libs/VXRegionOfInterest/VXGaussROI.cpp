@@ -6,7 +6,12 @@ VXGaussROI::VXGaussROI() = default;
 
 VXGaussROI::~VXGaussROI() = default;
 
-QImage VXGaussROI::evaluate(const QImage& image) { return vx::kernels::greyImageOf(levels(image)); }
+QImage VXGaussROI::evaluate(const QImage& image)
+{
+    // Where Qt has no memory for the map, none is taken for its levels.
+    const bool isPossible = !createTargetImage(image).isNull();
+    return isPossible ? vx::kernels::greyImageOf(levels(image)) : QImage();
+}
 
 vx::kernels::BytePlane VXGaussROI::levels(const QImage& image) const
 {

@@ -99,8 +99,8 @@ QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
     return QRect(left, top, width, height);
 }
 
-// The bytes of a plane as an image, which owns nothing.
-QImage viewOf(const vx::kernels::BytePlane& plane)
+// An image that reads and writes a plane's bytes.
+QImage greyViewOf(const vx::kernels::BytePlane& plane)
 {
     return QImage(
         plane.values.get(), plane.width, plane.height, plane.width, QImage::Format_Grayscale8);
@@ -136,7 +136,7 @@ vx::kernels::BytePlane VXHistogramROI::levels(const QImage& image) const
     dropUndefined(edges);
     std::stable_sort(edges.begin(), edges.end());
     VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);
-    QImage map = viewOf(regionLevels);
+    QImage map = greyViewOf(regionLevels);
     paintLargeRegions(regions, block, map);
     return regionLevels;
 }

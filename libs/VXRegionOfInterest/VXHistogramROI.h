@@ -90,6 +90,7 @@ private:
 
     // The levels of the map that evaluate() makes, without its pixels.
     Q_DECL_HIDDEN vx::kernels::BytePlane levels(const QImage& image) const;
+
     void paintLargeRegions(VXDisjointSet& regions, const QSize& blockSize, QImage& map) const;
 
     double chiSquareThreshold = 0.67;

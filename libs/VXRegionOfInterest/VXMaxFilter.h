@@ -43,7 +43,7 @@ public:
 private:
     friend class VXSalienzAchanta;
 
-    // Gives them those that evaluate() would give the opaque grey image that has them.
+    // What evaluate() does, to the levels of an opaque grey image.
     Q_DECL_HIDDEN void spread(vx::kernels::BytePlane& levels) const;
 
     int size;

@@ -20,14 +20,6 @@ constexpr int histogramWeight = -10; // the map is subtracted
 constexpr int veryImportantAreasWeight = 20;
 constexpr int achantaWeight = 10;
 
-QImage blended(const std::vector<vx::kernels::BytePlane>& maps, const QList<int>& weights)
-{
-    const QSize size(maps.front().width, maps.front().height);
-    QImage target = vx::kernels::uninitializedImage(size, QImage::Format_ARGB32);
-    vx::kernels::blend(maps, weights, target);
-    return target;
-}
-
 } // namespace
 
 VXSalienzMixer::VXSalienzMixer(const QSize& size)
@@ -117,18 +109,28 @@ void VXSalienzMixer::updateHistogramMinHeight(double fraction)
 QImage VXSalienzMixer::analyze(const QImage& image)
 {
     const QList<int> weights = gatherWeights();
-    if (weights.size() < 2)
-        return gatherResults(image).value(0, image);
-    // The same as mixing what gatherResults() returns, but no map is written only to be read again:
-    // to touch fresh memory costs more than the arithmetic on it.
-    const QImage working = vx::kernels::scaledInto(workingSize, image);
-    std::vector<vx::kernels::BytePlane> maps;
+    const QImage map = weights.size() > 1 ? blendedLevels(image, weights) : QImage();
+    if (!map.isNull())
+        return map;
+    const QList<QImage> maps = gatherResults(image);
+    return maps.size() > 1 ? mix(maps, weights) : maps.value(0, image);
+}
+
+// The same as mixing what gatherResults() returns, but no map is written only to be read again: to touch
+// fresh memory costs more than the arithmetic on it. Null where a map would be.
+QImage VXSalienzMixer::blendedLevels(const QImage& image, const QList<int>& weights) const
+{
+    const QImage working = vx::kernels::toPixelWords(vx::kernels::scaledInto(workingSize, image));
+    QImage map = vx::kernels::uninitializedImage(working.size(), QImage::Format_ARGB32);
+    if (map.isNull())
+        return map;
+    std::vector<vx::kernels::BytePlane> levels;
     for (const VXSalienzMethod method : methods.keys()) {
         if (isMethodEnabled(method))
-            maps.push_back(levelsOf(method, working));
+            levels.push_back(levelsOf(method, working));
     }
-    const QImage map = blended(maps, weights);
-    return map.isNull() ? image : map;
+    vx::kernels::blend(levels, weights, map);
+    return map;
 }
 
 vx::kernels::BytePlane VXSalienzMixer::levelsOf(VXSalienzMethod method, const QImage& working) const
@@ -178,8 +180,10 @@ QImage VXSalienzMixer::mix(const QList<QImage>& maps, const QList<int>& weights)
     if (maps.isEmpty())
         return QImage();
 
-    std::vector<vx::kernels::BytePlane> planes;
+    std::vector<vx::kernels::BytePlane> levels;
     for (const QImage& map : maps)
-        planes.push_back(vx::kernels::redPlaneOf(vx::kernels::toPixelWords(map)));
-    return blended(planes, weights);
+        levels.push_back(vx::kernels::redPlaneOf(vx::kernels::toPixelWords(map)));
+    QImage blended = vx::kernels::uninitializedImage(maps.first().size(), QImage::Format_ARGB32);
+    vx::kernels::blend(levels, weights, blended);
+    return blended;
 }

@@ -127,6 +127,7 @@ public:
     QImage mix(const QList<QImage>& maps, const QList<int>& weights);
 
 private:
+    Q_DECL_HIDDEN QImage blendedLevels(const QImage& image, const QList<int>& weights) const;
     // The levels of the map that a method makes of the working image.
     Q_DECL_HIDDEN vx::kernels::BytePlane levelsOf(
         VXSalienzMethod method, const QImage& working) const;

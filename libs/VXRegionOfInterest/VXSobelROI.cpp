@@ -21,7 +21,8 @@ QImage VXSobelROI::evaluate(const QImage& image)
     return VXMaxFilter(7, 50).evaluate(combined);
 }
 
-// The blur is black for every image, black does not respond, and nothing spreads.
+// The blur is black for every image, black does not respond, and nothing spreads. The kernel is the one
+// that evaluate() leaves behind.
 vx::kernels::BytePlane VXSobelROI::levels(const QImage& image)
 {
     configureSobelV();

@@ -22,7 +22,7 @@
 /// leaves the vertical one behind.
 ///
 /// **Costs** nine multiplications per pixel, channel and kernel, and a square root per pixel; where
-/// the image is opaque black, a look at every pixel.
+/// the image is opaque black, a look at every pixel. In a mixer it costs nothing but the black map.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXSobelROI : public VXAbstractROI {

@@ -84,6 +84,16 @@ TEST(PixelWords, fillingAPartIsPaintingIt)
     }
 }
 
+TEST(PixelWords, greyIsFilledAsPaintedWherePixelsCountForMoreThanOne)
+{
+    QImage painted = support::noise(21, 15, 1).convertToFormat(QImage::Format_Grayscale8);
+    painted.setDevicePixelRatio(2);
+    QImage filled = painted;
+    QPainter(&painted).fillRect(QRect(3, 1, 5, 4), Qt::white);
+    vx::kernels::fillOpaque(QRect(3, 1, 5, 4), 0xFFFFFFFFU, filled);
+    EXPECT_EQ(filled, painted);
+}
+
 TEST(PixelWords, opaqueGreyRepeatsTheLevel)
 {
     EXPECT_EQ(vx::kernels::opaqueGrey(0), 0xFF000000U);

@@ -5,6 +5,11 @@
 #include "support/Random.h"
 #include "support/TestImages.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
 namespace {
 
 QImage scaledByQt(const QImage& image, const QSize& bound)
@@ -29,8 +34,8 @@ QSize randomSize(support::Random& random, int longest)
 }
 
 // The formats whose opaque pixels are words.
-const QImage::Format wordFormats[]
-    = { QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied };
+const std::array<QImage::Format, 3> wordFormats { QImage::Format_RGB32, QImage::Format_ARGB32,
+    QImage::Format_ARGB32_Premultiplied };
 
 } // namespace
 
@@ -39,7 +44,7 @@ TEST(Scaling, opaquePixelsAreThoseThatQtTakes)
 {
     support::Random random(11);
     for (int round = 0; round < 2000; ++round) {
-        const QImage::Format format = wordFormats[round % 3];
+        const QImage::Format format = wordFormats.at(static_cast<std::size_t>(round % 3));
         const int longest = round % 20 == 0 ? 500 : round % 2 == 0 ? 100 : 30;
         const QImage image = opaqueNoise(randomSize(random, longest), random.word(), format);
         const QSize bound = randomSize(random, 2 * longest);
@@ -91,16 +96,52 @@ TEST(Scaling, imagesOfEveryFormatAreScaledAsByQt)
     }
 }
 
-TEST(Scaling, rowsMayBePaddedAndSidesLong)
+// Qt keeps what an image has besides its pixels.
+TEST(Scaling, opaquePixelsAreNotLeftToQt)
 {
-    const support::PaddedImage padded(opaqueNoise({ 33, 20 }, 1, QImage::Format_RGB32));
-    EXPECT_EQ(scaledByQt(padded.image(), { 10, 10 }),
-        vx::kernels::scaledInto({ 10, 10 }, padded.image()));
+    for (const QImage::Format format : wordFormats) {
+        QImage image = opaqueNoise({ 40, 30 }, 1, format);
+        image.setText(QStringLiteral("Title"), QStringLiteral("Noise"));
+        EXPECT_FALSE(scaledByQt(image, { 10, 10 }).textKeys().isEmpty());
+        EXPECT_TRUE(vx::kernels::scaledInto({ 10, 10 }, image).textKeys().isEmpty()) << format;
+    }
+}
+
+// Qt's steps along one side depend on the other where that shrinks a hundred times.
+TEST(Scaling, sidesMayShrinkAsUnequallyAsTheyLike)
+{
+    for (const auto& [size, bound] : { std::pair(QSize(27283, 342), QSize(274, 274)),
+             { QSize(23983, 239), QSize(240, 240) }, { QSize(29899, 184), QSize(299, 299) },
+             { QSize(342, 27283), QSize(274, 274) }, { QSize(27283, 1), QSize(273, 273) } }) {
+        const QImage image = opaqueNoise(size, 1, QImage::Format_ARGB32);
+        EXPECT_EQ(scaledByQt(image, bound), vx::kernels::scaledInto(bound, image))
+            << size.width() << " x " << size.height();
+    }
+}
+
+TEST(Scaling, sidesMayBeLong)
+{
     for (const QSize& size :
         { QSize(32767, 3), QSize(40000, 3), QSize(3, 32767), QSize(3, 40000) }) {
         const QImage image = opaqueNoise(size, 2, QImage::Format_ARGB32);
         for (const QSize& bound : { QSize(500, 500), QSize(35000, 35000) })
             EXPECT_EQ(scaledByQt(image, bound), vx::kernels::scaledInto(bound, image));
+    }
+}
+
+TEST(Scaling, rowsMayBePaddedAndPixelsCountForMoreThanOne)
+{
+    const QImage noise = opaqueNoise({ 33, 20 }, 1, QImage::Format_RGB32);
+    std::vector<QRgb> words(40 * 20);
+    QImage padded(
+        reinterpret_cast<uchar*>(words.data()), 33, 20, 40 * sizeof(QRgb), QImage::Format_RGB32);
+    for (int y = 0; y < 20; ++y)
+        std::copy_n(noise.constScanLine(y), 33 * sizeof(QRgb), padded.scanLine(y));
+    for (const int ratio : { 1, 2 }) {
+        padded.setDevicePixelRatio(ratio);
+        ASSERT_EQ(padded.bytesPerLine(), 40 * static_cast<int>(sizeof(QRgb)));
+        EXPECT_EQ(scaledByQt(padded, { 10, 10 }), vx::kernels::scaledInto({ 10, 10 }, padded))
+            << "ratio " << ratio;
     }
 }
 

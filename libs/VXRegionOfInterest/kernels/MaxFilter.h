@@ -17,7 +17,7 @@ namespace vx::kernels {
 QImage maxFilter(
     const QImage& source, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 
-/// Gives \a levels those that the filtered image has, where they are the levels of an opaque grey one.
+/// The same to the levels of an opaque grey image, in place.
 void maxFilter(
     BytePlane& levels, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 

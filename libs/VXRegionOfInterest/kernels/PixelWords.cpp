@@ -63,7 +63,7 @@ void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
     };
     if (holdsOpaqueWords(format))
         fill(colour);
-    else if (format == QImage::Format_Grayscale8)
+    else if (format == QImage::Format_Grayscale8 && image.devicePixelRatio() == 1)
         fill(static_cast<uchar>(qGray(colour)));
     else
         QPainter(&image).fillRect(part, QColor(colour));

@@ -14,7 +14,19 @@ using namespace vx::kernels;
 // Painters may not reach beyond.
 constexpr int longestSide = 32767;
 
+// From here on Qt steps along one side in another way because of the other side.
+constexpr int reduction = 100;
+
 using Positions = std::vector<int>;
+
+// Whether Qt takes pixels, and takes them along either side as if there were no other.
+bool isSimple(const QImage& image, const QSize& size)
+{
+    const QSize sides = size.expandedTo(image.size());
+    return holdsOpaqueWords(image.format()) && image.devicePixelRatio() == 1
+        && std::max(sides.width(), sides.height()) <= longestSide
+        && image.width() < reduction * size.width() && image.height() < reduction * size.height();
+}
 
 // Which pixels along a side of \a length Qt takes for \a count. That is asked, not computed, because its
 // arithmetic depends on the format: it scales a line of pixels that are numbered.
@@ -94,10 +106,8 @@ QImage vx::kernels::scaledInto(const QSize& bound, const QImage& image)
     const QSize size = image.size().scaled(bound, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     if (size == image.size() && !bound.isEmpty())
         return image;
-    const QSize sides = size.expandedTo(image.size());
-    const bool isSimple = !bound.isEmpty() && holdsOpaqueWords(image.format())
-        && std::max(sides.width(), sides.height()) <= longestSide;
-    const QImage scaled = isSimple ? sampled(image, size) : QImage();
+    const QImage scaled
+        = !bound.isEmpty() && isSimple(image, size) ? sampled(image, size) : QImage();
     return scaled.isNull() ? image.scaled(bound, Qt::KeepAspectRatio, Qt::FastTransformation)
                            : scaled;
 }
