@@ -74,16 +74,6 @@ void time(
     state.SetItemsProcessed(state.iterations() * pixelsOf(image.size()));
 }
 
-// What is quoted of photos is measured more often: others on a shared machine slow runs down, several
-// after each other.
-template <typename Registered>
-void repeatQuoted(Registered* registered, Kind kind, const QSize& size)
-{
-    constexpr int repetitions = 15;
-    if (kind == Kind::Photo && (size == workingSize || size == QSize(6000, 4000)))
-        registered->Repetitions(repetitions);
-}
-
 template <typename Result>
 void registerFast(const Subject<Result>& subject, Kind kind, const QSize& size)
 {
@@ -96,10 +86,8 @@ void registerFast(const Subject<Result>& subject, Kind kind, const QSize& size)
         else
             state.SkipWithError("the result is not the plain one");
     };
-    auto* const registered
-        = benchmark::RegisterBenchmark(nameOf(subject.name, "fast", kind, size).c_str(), run);
-    registered->Unit(benchmark::kMillisecond);
-    repeatQuoted(registered, kind, size);
+    benchmark::RegisterBenchmark(nameOf(subject.name, "fast", kind, size).c_str(), run)
+        ->Unit(benchmark::kMillisecond);
 }
 
 template <typename Result>
@@ -111,10 +99,9 @@ void registerPair(const Subject<Result>& subject, Kind kind, const QSize& size)
     const auto run = [subject, kind, size](benchmark::State& state) {
         time(state, subject.plain, picture(kind, size));
     };
-    auto* const registered
-        = benchmark::RegisterBenchmark(nameOf(subject.name, "plain", kind, size).c_str(), run);
-    registered->Unit(benchmark::kMillisecond)->MinTime(0.001);
-    repeatQuoted(registered, kind, size);
+    benchmark::RegisterBenchmark(nameOf(subject.name, "plain", kind, size).c_str(), run)
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(0.001);
 }
 
 template <typename Result> void registerEverywhere(const Subject<Result>& subject)
@@ -330,10 +317,11 @@ void registerThreads()
             state.SetItemsProcessed(state.iterations() * pixelsOf(size));
         };
         picture(Kind::Photo, size); // drawn before there are threads
-        auto* const registered = benchmark::RegisterBenchmark(
-            nameOf("threads", "fast", Kind::Photo, size).c_str(), run);
-        registered->Threads(1)->Threads(2)->UseRealTime()->Unit(benchmark::kMillisecond);
-        repeatQuoted(registered, Kind::Photo, size);
+        benchmark::RegisterBenchmark(nameOf("threads", "fast", Kind::Photo, size).c_str(), run)
+            ->Threads(1)
+            ->Threads(2)
+            ->UseRealTime()
+            ->Unit(benchmark::kMillisecond);
     }
 }
 
@@ -373,10 +361,9 @@ void registerProcesses()
         const QStringList decision { QStringLiteral("crop"), path, QStringLiteral("--ratio"),
             QStringLiteral("1:1") };
         const auto add = [&](const char* way, const auto& run) {
-            auto* const registered = benchmark::RegisterBenchmark(
-                nameOf("process", way, Kind::Photo, size).c_str(), run);
-            registered->UseRealTime()->Unit(benchmark::kMillisecond);
-            repeatQuoted(registered, Kind::Photo, size);
+            benchmark::RegisterBenchmark(nameOf("process", way, Kind::Photo, size).c_str(), run)
+                ->UseRealTime()
+                ->Unit(benchmark::kMillisecond);
         };
         add("fast", runs(VXROI_PROGRAM, decision));
         add("plain", runs(VXROI_SCALED_DECODE, { path }));

@@ -1,30 +1,33 @@
-"""report.py JSON: prints the page about performance that the benchmark's figures make.
+"""report.py FOLDER NAME...: makes the tables about performance of what the benchmark measured.
 
-Ends with exit code 1 when a result was not the plain one.
+Reads the benchmark's figures from FOLDER/NAME.json and writes performance.json, the tables, and
+performance.md, the page that shows them. Ends with exit code 1 when a result was not the plain one.
 """
 
 import collections
 import json
 import math
+import pathlib
 import statistics
 import sys
 
-with open(sys.argv[1], encoding="utf-8") as file:
-    results = json.load(file)
-context = results["context"]
+folder = pathlib.Path(sys.argv[1])
 
 times = collections.defaultdict(list)  # milliseconds by (subject, way, picture, size, threads)
 counters = collections.defaultdict(list)
-for run in results["benchmarks"]:
-    if run.get("error_occurred"):
-        sys.exit(f"report: {run['name']}: {run['error_message']}")
-    if run["run_type"] != "iteration":
-        continue
-    subject, way, picture, size = run["run_name"].split("/")[:4]
-    key = subject, way, picture, size, run["threads"]
-    times[key].append(run["real_time"])
-    if "bytes_per_pixel" in run:
-        counters[key].append(run["bytes_per_pixel"])
+for name in sys.argv[2:]:
+    results = json.loads((folder / f"{name}.json").read_text(encoding="utf-8"))
+    context = results["context"]
+    for run in results["benchmarks"]:
+        if run.get("error_occurred"):
+            sys.exit(f"report: {run['name']}: {run['error_message']}")
+        if run["run_type"] != "iteration":
+            continue
+        subject, way, picture, size = run["run_name"].split("/")[:4]
+        key = subject, way, picture, size, run["threads"]
+        times[key].append(run["real_time"])
+        if "bytes_per_pixel" in run:
+            counters[key].append(run["bytes_per_pixel"])
 
 
 def median(subject, way, picture, size, threads=1):
@@ -38,20 +41,13 @@ def pixels(size):
     return int(width) * int(height)
 
 
-def digits(number):
-    """Three significant digits, without an exponent."""
-    if number >= 100:
-        return f"{number:.0f}"
-    return f"{number:.1f}" if number >= 10 else f"{number:.2f}" if number >= 1 else f"{number:.3f}"
-
-
 def ratio(dividend, divisor):
     return dividend / divisor if dividend and divisor else None
 
 
 # Bars in milliseconds and nanoseconds were set on a machine where the plain way of `analyze`, 640 × 480,
 # takes 110 to 130 ms.
-slowest_plain = 130
+quickest_plain, slowest_plain = 110, 130
 
 
 def bars():
@@ -59,11 +55,10 @@ def bars():
     analysis = "VXSalienzMixer::analyze"
     working, large = "640x480", "6000x4000"
     fast = median(analysis, "fast", "photo", working)
-    yield "`analyze`, 640 × 480: times faster than the plain way", ratio(
-        median(analysis, "plain", "photo", working), fast), "×", 45, False
+    literal = median(analysis, "plain", "photo", working)
+    yield "`analyze`, 640 × 480: times faster than the plain way", ratio(literal, fast), "×", 45, False
     yield "`analyze`, 640 × 480: nanoseconds per pixel", (
         fast and fast * 1e6 / pixels(working)), "ns", 8.5, True
-    literal = median(analysis, "plain", "photo", working)
     for size, shown, bar in ((working, "640 × 480", 2.6), (large, "6000 × 4000 scaled to 640 × 427", 3.5)):
         decision = median("crop decision", "fast", "photo", size)
         yield f"crop decision, {shown}", decision, "ms", bar, True
@@ -89,59 +84,96 @@ def bars():
     yield "two threads, a mixer each: times the pixels of one", ratio(alone, together), "×", 1.9, False
 
 
-print("# Performance")
-print()
-print("Made by `./scripts/benchmark`, which verifies every result against the plain reference before it")
-counts = list(map(len, times.values()))
-print(f"times it. Medians of {min(counts)} runs in one session, of {max(counts)} for photos of the sizes that the first table")
-print("quotes. Machines differ, and so do minutes on a shared one: compare ratios.")
-print()
-print(f"Processor {context['processor']}, loops for {context['loops']}; {context['compiler']}, "
-      f"{context['build']}; Qt {context['qt']}.")
-print()
-print("## What it is to show")
-print()
-print("| work | measured | asked for |")
-print("|---|---:|---:|")
-for what, figure, unit, bar, less in bars():
-    measured = f"{digits(figure)} {unit}" if figure else "not measured"
-    print(f"| {what} | {measured} | {'at most' if less else 'at least'} {bar} {unit} |")
-
-literal = median("VXSalienzMixer::analyze", "plain", "photo", "640x480")
-if literal:
-    print()
-    print(f"`analyze`, 640 × 480, the plain way took {literal:.0f} ms in this session. What is asked for in")
-    print(f"milliseconds and nanoseconds was set on a machine where that takes 110 to {slowest_plain} ms.")
-
-print()
-print("## Every class beside its plain reference")
-print()
-print("Milliseconds; in brackets how many times faster than the plain way.")
-print()
-size_names = sorted({key[3] for key in times}, key=pixels)
-print("| class | picture | " + " | ".join(size_names) + " |")
-print("|---|---|" + "---:|" * len(size_names))
-seen = []
-for subject, _, picture, _, _ in times:
-    if (subject, picture) not in seen and subject not in ("memory", "threads", "process"):
-        seen.append((subject, picture))
-for subject, picture in sorted(seen):
-    cells = []
-    for size in size_names:
+def classes():
+    """What was measured of each class, picture and size."""
+    measured = {(subject, picture, size) for subject, way, picture, size, _ in times
+                if way == "fast" and subject not in ("memory", "threads", "process")}
+    for subject, picture, size in sorted(measured, key=lambda key: (*key[:2], pixels(key[2]))):
         fast = median(subject, "fast", picture, size)
-        speedup = ratio(median(subject, "plain", picture, size), fast)
-        cell = digits(fast) if fast else ""
-        cells.append(f"{cell} ({speedup:.0f} ×)" if speedup else cell)
-    print(f"| {subject} | {picture} | " + " | ".join(cells) + " |")
+        plain = median(subject, "plain", picture, size)
+        yield {"class": subject, "picture": picture, "size": size, "milliseconds": fast,
+               "plain_milliseconds": plain, "times_faster": ratio(plain, fast),
+               "megapixels_per_second": pixels(size) / fast / 1000}
 
-print()
-print("## Megapixels per second")
-print()
-print("| class | picture | " + " | ".join(size_names) + " |")
-print("|---|---|" + "---:|" * len(size_names))
-for subject, picture in sorted(seen):
-    cells = []
-    for size in size_names:
-        fast = median(subject, "fast", picture, size)
-        cells.append(digits(pixels(size) / fast / 1000) if fast else "")
-    print(f"| {subject} | {picture} | " + " | ".join(cells) + " |")
+
+tables = {
+    "machine": {key: context[key] for key in ("processor", "loops", "compiler", "build", "qt")},
+    "plain_analyze_milliseconds": median("VXSalienzMixer::analyze", "plain", "photo", "640x480"),
+    "asked_for": [
+        {"work": work, "measured": figure, "unit": unit, "at_most" if less else "at_least": bar}
+        for work, figure, unit, bar, less in bars()],
+    "classes": list(classes()),
+}
+
+
+def digits(number):
+    """Three significant digits, without an exponent."""
+    if number >= 100:
+        return f"{number:.0f}"
+    return f"{number:.1f}" if number >= 10 else f"{number:.2f}" if number >= 1 else f"{number:.3f}"
+
+
+def milliseconds_cell(row):
+    speedup = row["times_faster"]
+    return digits(row["milliseconds"]) + (f" ({speedup:.0f} ×)" if speedup else "")
+
+
+def megapixels_cell(row):
+    return digits(row["megapixels_per_second"])
+
+
+def class_table(cell):
+    """Lines of a table with a column for each size."""
+    sizes = sorted({row["size"] for row in tables["classes"]}, key=pixels)
+    lines = collections.defaultdict(lambda: dict.fromkeys(sizes, ""))
+    for row in tables["classes"]:
+        lines[row["class"], row["picture"]][row["size"]] = cell(row)
+    yield "| class | picture | " + " | ".join(sizes) + " |"
+    yield "|---|---|" + "---:|" * len(sizes)
+    for (subject, picture), cells in lines.items():
+        yield f"| {subject} | {picture} | " + " | ".join(cells.values()) + " |"
+
+
+def asked_for_table():
+    yield "| work | measured | asked for |"
+    yield "|---|---:|---:|"
+    for row in tables["asked_for"]:
+        measured = f"{digits(row['measured'])} {row['unit']}" if row["measured"] else "not measured"
+        bar = f"at most {row['at_most']}" if "at_most" in row else f"at least {row['at_least']}"
+        yield f"| {row['work']} | {measured} | {bar} {row['unit']} |"
+
+
+def page():
+    counts = list(map(len, times.values()))
+    machine = tables["machine"]
+    yield "# Performance"
+    yield ""
+    yield "Made by `./scripts/benchmark`, which verifies every result against the plain reference before it"
+    yield f"times it. Medians of {min(counts)} runs, of {max(counts)} for what the first table quotes, which is measured first"
+    yield "and by itself. Machines differ, and so do minutes on a shared one: compare ratios. The same figures as"
+    yield "JSON are left in `out/performance.json`."
+    yield ""
+    yield f"Processor {machine['processor']}, loops for {machine['loops']}; {machine['compiler']}, {machine['build']}; Qt {machine['qt']}."
+    yield ""
+    yield "## What it is to show"
+    yield ""
+    yield from asked_for_table()
+    literal = tables["plain_analyze_milliseconds"]
+    if literal:
+        yield ""
+        yield f"`analyze`, 640 × 480, the plain way took {literal:.0f} ms in this session. What is asked for in"
+        yield f"milliseconds and nanoseconds was set on a machine where that takes {quickest_plain} to {slowest_plain} ms."
+    yield ""
+    yield "## Every class beside its plain reference"
+    yield ""
+    yield "Milliseconds; in brackets how many times faster than the plain way."
+    yield ""
+    yield from class_table(milliseconds_cell)
+    yield ""
+    yield "## Megapixels per second"
+    yield ""
+    yield from class_table(megapixels_cell)
+
+
+(folder / "performance.json").write_text(json.dumps(tables, indent=2) + "\n", encoding="utf-8")
+(folder / "performance.md").write_text("\n".join(page()) + "\n", encoding="utf-8")
