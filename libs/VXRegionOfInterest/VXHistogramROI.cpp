@@ -8,7 +8,7 @@
 #include "kernels/PixelWords.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
 #include <map>
 #include <utility>
 #include <vector>
@@ -33,23 +33,33 @@ struct Grid {
 using HistogramRows = std::map<int, vx::kernels::BinTables>;
 using Edges = std::vector<VXSegmentEdge>;
 
-// The edges from the blocks of one row: every pair of neighbours once, seen from its left or, one
-// above the other, from its upper block.
-void appendEdges(const HistogramRows& histograms, const Grid& grid, int row, Edges& edges)
+// Where the neighbours are that a block has edges to: every pair has one edge, from its left or, one above
+// the other, from its upper block.
+constexpr std::array<QPoint, vx::kernels::neighbourCount> neighbourSteps { QPoint(1, -1),
+    QPoint(1, 0), QPoint(1, 1), QPoint(0, 1) };
+
+// The edges from the blocks of one row that merge: distances that are not numbers never do.
+void appendEdges(
+    const HistogramRows& histograms, const Grid& grid, int row, double threshold, Edges& edges)
 {
     const auto at = [&](const QPoint& block) { return histograms.at(block.y()).at(block.x()); };
     for (int column = 0; column < grid.columns; ++column) {
         const QPoint own(column, row);
-        for (const QPoint& step : { QPoint(1, -1), QPoint(1, 0), QPoint(1, 1), QPoint(0, 1) }) {
-            const QPoint other = own + step;
-            if (grid.contains(other))
-                edges.emplace_back(grid.indexOf(own), grid.indexOf(other),
-                    vx::kernels::chiSquareDistance(at(own), at(other)));
+        std::array<vx::kernels::Bins, neighbourSteps.size()> others {};
+        for (std::size_t i = 0; i < others.size(); ++i) {
+            if (grid.contains(own + neighbourSteps[i]))
+                others[i] = at(own + neighbourSteps[i]);
+        }
+        const auto distances = vx::kernels::chiSquareDistances(at(own), others, threshold);
+        for (std::size_t i = 0; i < others.size(); ++i) {
+            const QPoint other = own + neighbourSteps[i];
+            if (grid.contains(other) && distances[i] <= threshold)
+                edges.emplace_back(grid.indexOf(own), grid.indexOf(other), distances[i]);
         }
     }
 }
 
-Edges edgesBetweenBlocks(vx::kernels::BlockHistograms& blocks, const Grid& grid)
+Edges mergingEdges(vx::kernels::BlockHistograms& blocks, const Grid& grid, double threshold)
 {
     Edges edges;
     HistogramRows histograms;
@@ -57,7 +67,7 @@ Edges edgesBetweenBlocks(vx::kernels::BlockHistograms& blocks, const Grid& grid)
     for (int row = 0; row < grid.rows; ++row) {
         if (row + 1 < grid.rows)
             histograms.emplace(row + 1, blocks.ofRow(row + 1));
-        appendEdges(histograms, grid, row, edges);
+        appendEdges(histograms, grid, row, threshold, edges);
         // Blocks have edges to the rows beside theirs, so the row above is needed no more. Together
         // the histograms can be large.
         histograms.erase(row - 1);
@@ -65,19 +75,10 @@ Edges edgesBetweenBlocks(vx::kernels::BlockHistograms& blocks, const Grid& grid)
     return edges;
 }
 
-// Edges whose weight is not a number never merge, and could not be sorted.
-void dropUndefined(Edges& edges)
-{
-    const auto isUndefined = [](const VXSegmentEdge& edge) { return std::isnan(edge.weight()); };
-    edges.erase(std::remove_if(edges.begin(), edges.end(), isUndefined), edges.end());
-}
-
-VXDisjointSet merged(const Grid& grid, const Edges& sortedEdges, double threshold)
+VXDisjointSet merged(const Grid& grid, const Edges& sortedEdges)
 {
     VXDisjointSet regions(grid.rows, grid.columns);
     for (const VXSegmentEdge& edge : sortedEdges) {
-        if (!(edge.weight() <= threshold))
-            break;
         const int a = regions.find(edge.from());
         const int b = regions.find(edge.to());
         if (a != b)
@@ -132,10 +133,9 @@ vx::kernels::BytePlane VXHistogramROI::levels(const QImage& image) const
     vx::kernels::BlockHistograms blocks(words,
         { block, horizontalBlocks, std::min(bin1, mostUsefulBins),
             std::min(bin2, mostUsefulBins) });
-    Edges edges = edgesBetweenBlocks(blocks, grid);
-    dropUndefined(edges);
+    Edges edges = mergingEdges(blocks, grid, chiSquareThreshold);
     std::stable_sort(edges.begin(), edges.end());
-    VXDisjointSet regions = merged(grid, edges, chiSquareThreshold);
+    VXDisjointSet regions = merged(grid, edges);
     QImage map = greyViewOf(regionLevels);
     paintLargeRegions(regions, block, map);
     return regionLevels;

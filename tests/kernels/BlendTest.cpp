@@ -70,7 +70,7 @@ TEST(Blend, fastEqualsPlainForRandomWeights)
     for (int round = 0; round < 2000; ++round) {
         QList<QImage> maps;
         QList<int> weights;
-        const int count = 1 + random.below(4);
+        const int count = 1 + random.below(7);
         for (int i = 0; i < count; ++i) {
             maps.append(support::noise(9, 4, random.word()));
             weights.append(randomWeight(random));

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -26,6 +28,14 @@ struct Table {
     std::vector<quint8> emptyRows;
     Bins bins;
 };
+
+Table randomTable(int rows, int columns, support::Random& random)
+{
+    Table table(rows, columns);
+    for (double& value : table.values)
+        value = std::max(0, random.below(1998) - 999) / 999.0;
+    return table;
+}
 
 void expectSame(const Table& expected, const Table& actual)
 {
@@ -113,4 +123,34 @@ TEST(ChromaBins, distanceSkipsBinsThatAreZeroOrNoNumbers)
     Table other(1, 4);
     other.values = { 9, 9, 9, 1 };
     EXPECT_EQ(chiSquareDistance(own.bins, other.bins), 0.5);
+}
+
+// One neighbour has no bins, one has others, one is no number somewhere, and one is alike.
+TEST(ChromaBins, distancesAreExactUpToWhatIsEnough)
+{
+    support::Random random(4);
+    std::size_t exactCount = 0;
+    for (int round = 0; round < 400; ++round) {
+        const Table own = randomTable(8, 8, random);
+        Table different = randomTable(1 + random.below(12), 1 + random.below(12), random);
+        Table undefined = randomTable(8, 8, random);
+        undefined.values.back() = std::numeric_limits<double>::quiet_NaN();
+        Table alike = own;
+        alike.bins.values = alike.values.data();
+        alike.values[static_cast<std::size_t>(random.below(64))] += 0.01;
+        const std::array others { Bins {}, different.bins, undefined.bins, alike.bins };
+        const double enough = random.below(400) / 10.0 - 1.0;
+        const std::array<double, neighbourCount> distances
+            = chiSquareDistances(own.bins, others, enough);
+        for (std::size_t i = 0; i < others.size(); ++i) {
+            const double exact = reference::chiSquareDistance(own.bins, others[i]);
+            ASSERT_EQ(exact <= enough, distances[i] <= enough) << "round " << round << ", " << i;
+            if (exact <= enough) {
+                ASSERT_EQ(exact, distances[i]) << "round " << round << ", " << i;
+            }
+            exactCount += exact <= enough ? 1 : 0;
+        }
+    }
+    EXPECT_GT(exactCount, 400U);
+    EXPECT_LT(exactCount, 1200U);
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -42,27 +43,38 @@ TEST(RowLoops, thereIsOneForEveryKindOfProcessorUpToThisOne)
 }
 #endif
 
-// Around every quotient that a level can be, and as large as small sums may be.
+// Around every quotient that a level can be, and as large as small sums may be. The last maps
+// take from each other.
 TEST(RowLoops, smallSumsAreDividedLikeIntegers)
 {
     const int most = kernels::mostOfSmallSums;
+    std::vector<quint8> tall;
+    std::vector<quint8> low;
+    for (int sum = 0; sum <= most; ++sum) {
+        tall.push_back(static_cast<quint8>(sum / 128));
+        low.push_back(static_cast<quint8>(sum % 128));
+    }
     std::vector<int> divisors { most - 1, most, most + 1, 1 << 30 };
     for (int divisor = 1; divisor < most / 250; ++divisor)
         divisors.push_back(divisor);
-    std::vector<qint16> sums;
-    for (int sum = -most; sum <= most; ++sum)
-        sums.push_back(static_cast<qint16>(sum));
-    std::vector<QRgb> actual(sums.size());
-    for (const int divisor : divisors) {
-        std::vector<QRgb> expected;
-        for (const qint16 sum : sums) {
-            const int level = std::clamp(sum / divisor, 0, 255);
-            expected.push_back(qRgb(level, level, level));
-        }
-        for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
-            loops->divideSmallSums(
-                sums.data(), static_cast<int>(sums.size()), divisor, actual.data());
-            ASSERT_EQ(actual, expected) << loops->name << ", divisor " << divisor;
+    std::vector<QRgb> actual(tall.size());
+    for (const int sign : { 1, -1 }) {
+        const auto weighted = [](const std::vector<quint8>& bytes, int weight) {
+            return kernels::WeightedBytes { bytes.data(), static_cast<qint16>(weight) };
+        };
+        const std::array maps { weighted(tall, 128 * sign), weighted(low, sign), weighted(low, 90),
+            weighted(low, -60), weighted(low, -30) };
+        for (const int divisor : divisors) {
+            std::vector<QRgb> expected;
+            for (int sum = 0; sum <= most; ++sum) {
+                const int level = std::clamp(sign * sum / divisor, 0, 255);
+                expected.push_back(qRgb(level, level, level));
+            }
+            for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
+                loops->blendFew(maps.data(), static_cast<int>(tall.size()), divisor, actual.data());
+                ASSERT_EQ(actual, expected)
+                    << loops->name << ", divisor " << divisor << ", sign " << sign;
+            }
         }
     }
 }

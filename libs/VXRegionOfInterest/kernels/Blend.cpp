@@ -3,6 +3,7 @@
 #include "PixelWords.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace {
@@ -26,23 +27,43 @@ bool areSumsSmall(const QList<int>& weights)
     return most <= mostOfSmallSums;
 }
 
-// add(values, count, weight, sums) and divide(sums, count, divisor, pixels) are loops for sums of such
-// numbers.
-template <typename Sum, typename Add, typename Divide>
-void blendRows(const std::vector<BytePlane>& maps, const QList<int>& weights, QImage& target,
-    const Add& add, const Divide& divide)
+bool haveAllOf(const QSize& size, const std::vector<BytePlane>& maps)
 {
-    const qint32 divisor = divisorOf(weights);
-    std::vector<Sum> sums(static_cast<std::size_t>(target.width()));
+    return std::all_of(maps.begin(), maps.end(), [&](const BytePlane& map) {
+        return map.width >= size.width() && map.height >= size.height();
+    });
+}
+
+// In place of maps that there are too few of, the first one counts nothing.
+void blendFew(const std::vector<BytePlane>& maps, const QList<int>& weights, QImage& target,
+    const RowLoops& loops)
+{
     for (int y = 0; y < target.height(); ++y) {
-        std::fill(sums.begin(), sums.end(), Sum { 0 });
+        std::array<WeightedBytes, mapsAtOnce> rows {};
+        rows.fill({ maps.front().row(y), 0 });
+        int index = 0;
+        std::transform(maps.begin(), maps.end(), rows.begin(), [&](const BytePlane& map) {
+            return WeightedBytes { map.row(y), static_cast<qint16>(weights.value(index++)) };
+        });
+        loops.blendFew(rows.data(), target.width(), divisorOf(weights), writableWordRow(target, y));
+    }
+}
+
+void blendAny(const std::vector<BytePlane>& maps, const QList<int>& weights, QImage& target,
+    const RowLoops& loops)
+{
+    std::vector<quint32> sums(static_cast<std::size_t>(target.width()));
+    for (int y = 0; y < target.height(); ++y) {
+        std::fill(sums.begin(), sums.end(), 0);
         int index = 0;
         for (const BytePlane& map : maps) {
-            const auto weight = static_cast<Sum>(weights.value(index++));
+            const auto weight = static_cast<quint32>(weights.value(index++));
             if (y < map.height)
-                add(map.row(y), std::min(map.width, target.width()), weight, sums.data());
+                loops.addWeighted(
+                    map.row(y), std::min(map.width, target.width()), weight, sums.data());
         }
-        divide(sums.data(), target.width(), divisor, writableWordRow(target, y));
+        loops.divideSums(
+            sums.data(), target.width(), divisorOf(weights), writableWordRow(target, y));
     }
 }
 
@@ -51,8 +72,10 @@ void blendRows(const std::vector<BytePlane>& maps, const QList<int>& weights, QI
 void vx::kernels::blend(const std::vector<BytePlane>& maps, const QList<int>& weights,
     QImage& target, const RowLoops& loops)
 {
-    if (divisorOf(weights) > 0 && areSumsSmall(weights))
-        blendRows<qint16>(maps, weights, target, loops.addSmallWeighted, loops.divideSmallSums);
+    const bool areSmall = divisorOf(weights) > 0 && areSumsSmall(weights) && !maps.empty()
+        && maps.size() <= mapsAtOnce && haveAllOf(target.size(), maps);
+    if (areSmall)
+        blendFew(maps, weights, target, loops);
     else
-        blendRows<quint32>(maps, weights, target, loops.addWeighted, loops.divideSums);
+        blendAny(maps, weights, target, loops);
 }

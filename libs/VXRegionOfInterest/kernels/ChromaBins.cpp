@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -54,6 +55,39 @@ void countManyBins(const QImage& words, const Bins& bins)
             bins.emptyRows[row] = 0;
         }
     }
+}
+
+// Each sum has an order of its own, and no addition waits for that of another sum. Sums do not fall, so
+// that what is above enough stays there.
+template <std::size_t count>
+std::array<double, count> distancesTo(
+    const Bins& own, const std::array<Bins, count>& others, double enough)
+{
+    std::array<double, count> sums {};
+    for (int i = 0; i < own.rows; ++i) {
+        if (own.emptyRows[i] != 0)
+            continue;
+        const double* const ownRow = own.row(i);
+        std::array<const double*, count> rows {};
+        std::array<int, count> columns {};
+        for (std::size_t k = 0; k < count; ++k) {
+            const bool hasRow = i < others[k].rows;
+            rows[k] = hasRow ? others[k].row(i) : nullptr;
+            columns[k] = hasRow ? others[k].columns : 0;
+        }
+        for (int j = 0; j < own.columns; ++j) {
+            const double u = ownRow[j];
+            if (!(u < 0.0 || u > 0.0))
+                continue;
+            for (std::size_t k = 0; k < count; ++k) {
+                const double v = j < columns[k] ? rows[k][j] : 0.0;
+                sums[k] += (u - v) * (u - v) / u;
+            }
+        }
+        if (std::all_of(sums.begin(), sums.end(), [=](double sum) { return sum > enough; }))
+            break;
+    }
+    return sums;
 }
 
 std::size_t binCount(int rows, int columns)
@@ -138,20 +172,12 @@ void vx::kernels::normalizeBins(const Bins& bins, const RowLoops& loops)
 
 double vx::kernels::chiSquareDistance(const Bins& own, const Bins& other)
 {
-    const int sharedRows = std::min(own.rows, other.rows);
-    const int sharedColumns = std::min(own.columns, other.columns);
-    double sum = 0.0;
-    for (int i = 0; i < own.rows; ++i) {
-        if (own.emptyRows[i] != 0)
-            continue;
-        const double* const ownRow = own.row(i);
-        const double* const otherRow = i < sharedRows ? other.row(i) : nullptr;
-        for (int j = 0; j < own.columns; ++j) {
-            const double u = ownRow[j];
-            const double v = otherRow != nullptr && j < sharedColumns ? otherRow[j] : 0.0;
-            if (u < 0.0 || u > 0.0)
-                sum += (u - v) * (u - v) / u;
-        }
-    }
-    return sum;
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    return distancesTo(own, std::array { other }, infinity).front();
+}
+
+std::array<double, vx::kernels::neighbourCount> vx::kernels::chiSquareDistances(
+    const Bins& own, const std::array<Bins, neighbourCount>& others, double enough)
+{
+    return distancesTo(own, others, enough);
 }

@@ -71,6 +71,14 @@ void normalizeBins(const Bins& bins, const RowLoops& loops = fastestRowLoops());
 /// is the same bin of \a other, 0 where that has none.
 double chiSquareDistance(const Bins& own, const Bins& other);
 
+/// As many histograms as a block's is compared with.
+constexpr std::size_t neighbourCount = 4;
+
+/// The chiSquareDistance() to each of \a others; where it is above \a enough, a number that is as well.
+/// \pre no value of \a own is below 0.
+std::array<double, neighbourCount> chiSquareDistances(
+    const Bins& own, const std::array<Bins, neighbourCount>& others, double enough);
+
 namespace reference {
 /// Divides in 32-bit integers.
 void countChroma(const QImage& words, const Bins& bins);

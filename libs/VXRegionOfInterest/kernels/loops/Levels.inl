@@ -118,19 +118,22 @@ void divideSums(const quint32* sums, int count, int divisor, QRgb* __restrict pi
     }
 }
 
-void addSmallWeighted(const quint8* values, int count, qint16 weight, qint16* __restrict sums)
-{
-    for (int i = 0; i < count; ++i)
-        sums[i] = static_cast<qint16>(sums[i] + values[i] * weight);
-}
-
 // In single precision (n + 0.5) / d is rounded by less than 2¹⁶ · 2⁻²³ / d, and so by less than it is
 // away from every whole number.
-void divideSmallSums(const qint16* sums, int count, int divisor, QRgb* __restrict pixels)
+void blendFew(const WeightedBytes* maps, int count, int divisor, QRgb* __restrict pixels)
 {
+    static_assert(mapsAtOnce == 5, "as many are added below");
+    const WeightedBytes a = maps[0];
+    const WeightedBytes b = maps[1];
+    const WeightedBytes c = maps[2];
+    const WeightedBytes d = maps[3];
+    const WeightedBytes e = maps[4];
     const float reciprocal = 1.0F / static_cast<float>(divisor);
     for (int i = 0; i < count; ++i) {
-        const int quotient = static_cast<int>((static_cast<float>(sums[i]) + 0.5F) * reciprocal);
+        const auto ofTwo = static_cast<qint16>(a.bytes[i] * a.weight + b.bytes[i] * b.weight);
+        const auto ofOthers = static_cast<qint16>(c.bytes[i] * c.weight + d.bytes[i] * d.weight);
+        const auto sum = static_cast<qint16>(ofTwo + ofOthers + e.bytes[i] * e.weight);
+        const int quotient = static_cast<int>((static_cast<float>(sum) + 0.5F) * reciprocal);
         const int atLeastBlack = quotient > 0 ? quotient : 0;
         pixels[i] = opaqueGrey(atLeastBlack < 255 ? atLeastBlack : 255);
     }

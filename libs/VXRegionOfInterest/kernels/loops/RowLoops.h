@@ -85,6 +85,15 @@ struct ShortChannels {
 /// How far from 0 sums may be that are kept in 16 bits.
 constexpr int mostOfSmallSums = 32767;
 
+/// Bytes and what each of them is multiplied by.
+struct WeightedBytes {
+    const quint8* bytes;
+    qint16 weight;
+};
+
+/// How many maps are blended at once: as many as the mixer has methods.
+constexpr std::size_t mapsAtOnce = 5;
+
 /// What the red values of a row say of it.
 struct RedMeasure {
     quint64 sum;
@@ -139,11 +148,9 @@ struct RowLoops {
     /// grey. \pre the divisor is not 0.
     void (*divideSums)(const quint32* sums, int count, int divisor, QRgb* pixels);
 
-    /// As addWeighted(), faster. \pre no sum gets beyond ±\ref mostOfSmallSums.
-    void (*addSmallWeighted)(const quint8* values, int count, qint16 weight, qint16* sums);
-
-    /// As divideSums(), faster. \pre the divisor is above 0.
-    void (*divideSmallSums)(const qint16* sums, int count, int divisor, QRgb* pixels);
+    /// As addWeighted() for each of \ref mapsAtOnce maps and then divideSums(), faster. \pre no sum gets
+    /// beyond ±\ref mostOfSmallSums, and the divisor is above 0.
+    void (*blendFew)(const WeightedBytes* maps, int count, int divisor, QRgb* pixels);
 
     /// Packs luma and chroma as packedLumaChromaOf() does.
     void (*packLumaChroma)(const QRgb* pixels, int count, QRgb* target);
