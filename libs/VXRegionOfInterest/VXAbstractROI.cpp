@@ -1,6 +1,6 @@
 #include "VXAbstractROI.h"
 
-#include "kernels/LargePages.h"
+#include "kernels/FreshMemory.h"
 
 VXAbstractROI::VXAbstractROI() = default;
 

@@ -7,7 +7,7 @@
 #include "VXVeryImportantAreasROI.h"
 #include "kernels/Blend.h"
 #include "kernels/BytePlane.h"
-#include "kernels/LargePages.h"
+#include "kernels/FreshMemory.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Scaling.h"
 #include "kernels/Wrapping.h"

@@ -1,6 +1,6 @@
 #include "VXVeryImportantAreasROI.h"
 
-#include "kernels/LargePages.h"
+#include "kernels/FreshMemory.h"
 
 #include <QDebug>
 #include <QMessageLogger>

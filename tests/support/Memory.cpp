@@ -1,6 +1,7 @@
 #include "Memory.h"
 
 #include <array>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -46,4 +47,11 @@ double support::peakMemoryOf(const std::function<void()>& work)
     close(ends[0]);
     waitpid(child, nullptr, 0);
     return peak;
+}
+
+long support::pagesTakenIn()
+{
+    rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_minflt;
 }

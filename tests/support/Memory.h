@@ -11,4 +11,7 @@ double residentMemory();
 /// process of its own. 0 where the system does not tell.
 double peakMemoryOf(const std::function<void()>& work);
 
+/// How many pages of memory this process has been given so far, fresh ones among them.
+long pagesTakenIn();
+
 } // namespace support

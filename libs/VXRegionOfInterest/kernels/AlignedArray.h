@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LargePages.h"
+#include "FreshMemory.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "BytePlane.h"
 
-#include "LargePages.h"
+#include "FreshMemory.h"
 #include "PixelWords.h"
 
 vx::kernels::BytePlane vx::kernels::redPlaneOf(const QImage& words, const RowLoops& loops)

@@ -3,6 +3,7 @@
 #include "ContrastEstimates.h"
 
 #include "ContrastTolerance.h"
+#include "FreshMemory.h"
 #include "PixelWords.h"
 #include "SurroundSpan.h"
 
@@ -14,7 +15,8 @@ vx::kernels::ContrastEstimates::ContrastEstimates(const QImage& image, const Row
     , loops(rowLoops)
     , width(image.width())
     , height(image.height())
-    , values(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + rowMargin)
+    , values(
+          withRoomToSpare((byteCount(image.size()) + rowMargin) * sizeof(double)) / sizeof(double))
     , sumScales(withMargin(width), 1.0)
     , squareScales(withMargin(width), 1.0)
     , columnTolerances(withMargin(width), 1.0)

@@ -1,6 +1,6 @@
 #include "PixelWords.h"
 
-#include "LargePages.h"
+#include "FreshMemory.h"
 
 #include <QColorSpace>
 #include <QPainter>

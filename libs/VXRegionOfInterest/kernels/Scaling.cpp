@@ -1,6 +1,6 @@
 #include "Scaling.h"
 
-#include "LargePages.h"
+#include "FreshMemory.h"
 #include "PixelWords.h"
 
 #include <algorithm>

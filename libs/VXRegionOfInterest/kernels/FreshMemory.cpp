@@ -1,4 +1,6 @@
-#include "LargePages.h"
+#include "FreshMemory.h"
+
+#include <algorithm>
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -19,6 +21,13 @@ void vx::kernels::adviseLargePages(void* memory, std::size_t bytes)
     static_cast<void>(memory);
     static_cast<void>(bytes);
 #endif
+}
+
+std::size_t vx::kernels::withRoomToSpare(std::size_t bytes)
+{
+    // What the allocator and an alignment add leaves the block below 32 MiB.
+    constexpr std::size_t mostBytes = (std::size_t { 32 } << 20U) - (std::size_t { 64 } << 10U);
+    return bytes < mostBytes ? std::min(3 * bytes, mostBytes) : bytes;
 }
 
 QImage vx::kernels::uninitializedImage(const QSize& size, QImage::Format format)
