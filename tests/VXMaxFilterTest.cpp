@@ -108,6 +108,23 @@ TEST(VXMaxFilter, firstScannedOfEquallyBrightPixelsWins)
     EXPECT_EQ(VXMaxFilter(3, 50).evaluate(below).pixel(1, 1), first);
 }
 
+TEST(VXMaxFilter, firstScannedWinsBeyondEightMillionPixelsAsWell)
+{
+    constexpr int middle = (1 << 23) + 5;
+    const QRgb earlier = qRgb(200, 1, 2);
+    const QRgb later = qRgb(200, 3, 4);
+    QImage image(middle + 4, 1, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    image.setPixel(middle - 1, 0, earlier);
+    image.setPixel(middle + 1, 0, later);
+    const QImage spread = VXMaxFilter(2, 150).evaluate(image);
+    EXPECT_EQ(spread.pixel(middle - 3, 0), image.pixel(middle - 3, 0));
+    EXPECT_EQ(spread.pixel(middle - 2, 0), earlier);
+    EXPECT_EQ(spread.pixel(middle, 0), earlier);
+    EXPECT_EQ(spread.pixel(middle + 2, 0), later);
+    EXPECT_EQ(spread.pixel(middle + 3, 0), image.pixel(middle + 3, 0));
+}
+
 TEST(VXMaxFilter, aTieNeverReplaces)
 {
     QImage image = black(3, 1);

@@ -41,10 +41,8 @@ void blendFew(const std::vector<BytePlane>& maps, const QList<int>& weights, QIm
     for (int y = 0; y < target.height(); ++y) {
         std::array<WeightedBytes, mapsAtOnce> rows {};
         rows.fill({ maps.front().row(y), 0 });
-        int index = 0;
-        std::transform(maps.begin(), maps.end(), rows.begin(), [&](const BytePlane& map) {
-            return WeightedBytes { map.row(y), static_cast<qint16>(weights.value(index++)) };
-        });
+        for (std::size_t i = 0; i < maps.size(); ++i)
+            rows[i] = { maps[i].row(y), static_cast<qint16>(weights.value(static_cast<int>(i))) };
         loops.blendFew(rows.data(), target.width(), divisorOf(weights), writableWordRow(target, y));
     }
 }

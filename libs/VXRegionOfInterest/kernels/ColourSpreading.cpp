@@ -11,8 +11,9 @@ namespace {
 using namespace vx::kernels;
 
 // Spreads pixels of any colour. A key holds a red value and says where it comes first, so that of equal
-// reds the earlier one wins.
-class ColourSpreading {
+// reds the earlier one wins. Keys are signed numbers that are never negative: every processor compares
+// vectors of those.
+template <typename Key, int positionBits> class ColourSpreading {
 public:
     ColourSpreading(const QImage& sourceImage, int armPixels, int redThreshold)
         : source(sourceImage)
@@ -33,20 +34,21 @@ public:
     }
 
 private:
-    using Key = quint64;
-
     // Rows or columns that are worked on side by side.
     static constexpr std::size_t lanes = 64;
 
-    // The complement of the position: of equal reds, the earlier has the greater key.
+    static constexpr Key lastPosition = (Key { 1 } << positionBits) - 1;
+
+    // How far it is to the last position: of equal reds, the earlier has the greater key.
     Key keyOf(QRgb pixel, std::size_t position) const
     {
         if (qRed(pixel) <= threshold)
             return 0;
-        return static_cast<Key>(qRed(pixel)) << 32U | ~static_cast<quint32>(position);
+        return (static_cast<Key>(qRed(pixel)) << positionBits)
+            + (lastPosition - static_cast<Key>(position));
     }
-    static int redOf(Key key) { return static_cast<int>(key >> 32U); }
-    static int positionOf(Key key) { return static_cast<int>(~static_cast<quint32>(key)); }
+    static int redOf(Key key) { return static_cast<int>(key >> positionBits); }
+    static int positionOf(Key key) { return static_cast<int>(lastPosition - (key & lastPosition)); }
 
     // Scan order meets the column above (x, y) first, then its row, then the column below.
     QRgb winner(Key row, Key column, int x, int y) const
@@ -114,5 +116,9 @@ private:
 
 void vx::kernels::spreadColours(const QImage& source, int arm, int threshold, QImage& result)
 {
-    ColourSpreading(source, arm, threshold).writeInto(result);
+    constexpr int bitsOfFew = 23;
+    if (std::max(source.width(), source.height()) <= (1 << bitsOfFew))
+        ColourSpreading<qint32, bitsOfFew>(source, arm, threshold).writeInto(result);
+    else
+        ColourSpreading<qint64, 32>(source, arm, threshold).writeInto(result);
 }
