@@ -57,34 +57,42 @@ void countManyBins(const QImage& words, const Bins& bins)
     }
 }
 
-// Each sum has an order of its own, and no addition waits for that of another sum. Sums do not fall, so
-// that what is above enough stays there.
+// Adds a row's terms. Each sum has an order of its own, and no addition waits for that of another sum.
+template <std::size_t count>
+void addDistances(const Bins& own, int row, const std::array<Bins, count>& others,
+    std::array<double, count>& sums)
+{
+    const double* const ownRow = own.row(row);
+    std::array<const double*, count> rows {};
+    std::array<int, count> columns {};
+    for (std::size_t k = 0; k < count; ++k) {
+        const bool hasRow = row < others[k].rows;
+        rows[k] = hasRow ? others[k].row(row) : nullptr;
+        columns[k] = hasRow ? others[k].columns : 0;
+    }
+    for (int j = 0; j < own.columns; ++j) {
+        const double u = ownRow[j];
+        if (!(u < 0.0 || u > 0.0))
+            continue;
+        for (std::size_t k = 0; k < count; ++k) {
+            const double v = j < columns[k] ? rows[k][j] : 0.0;
+            sums[k] += (u - v) * (u - v) / u;
+        }
+    }
+}
+
+// Sums do not fall, so that what is above enough stays there.
 template <std::size_t count>
 std::array<double, count> distancesTo(
     const Bins& own, const std::array<Bins, count>& others, double enough)
 {
+    const auto isEnough = [=](double sum) { return sum > enough; };
     std::array<double, count> sums {};
-    for (int i = 0; i < own.rows; ++i) {
-        if (own.emptyRows[i] != 0)
+    for (int row = 0; row < own.rows; ++row) {
+        if (own.emptyRows[row] != 0)
             continue;
-        const double* const ownRow = own.row(i);
-        std::array<const double*, count> rows {};
-        std::array<int, count> columns {};
-        for (std::size_t k = 0; k < count; ++k) {
-            const bool hasRow = i < others[k].rows;
-            rows[k] = hasRow ? others[k].row(i) : nullptr;
-            columns[k] = hasRow ? others[k].columns : 0;
-        }
-        for (int j = 0; j < own.columns; ++j) {
-            const double u = ownRow[j];
-            if (!(u < 0.0 || u > 0.0))
-                continue;
-            for (std::size_t k = 0; k < count; ++k) {
-                const double v = j < columns[k] ? rows[k][j] : 0.0;
-                sums[k] += (u - v) * (u - v) / u;
-            }
-        }
-        if (std::all_of(sums.begin(), sums.end(), [=](double sum) { return sum > enough; }))
+        addDistances(own, row, others, sums);
+        if (std::all_of(sums.begin(), sums.end(), isEnough))
             break;
     }
     return sums;
