@@ -387,9 +387,8 @@ TEST(VXHistogramROI, readsEveryDepth)
 
 TEST(VXHistogramROI, tenThousandEvaluationsLeaveTheMemoryOfAHundred)
 {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer keeps freed memory; its leak checker sees to this";
-#endif
+    if (support::isSanitized)
+        GTEST_SKIP() << "the sanitizer keeps freed memory; its leak checker sees to this";
     VXHistogramROI method;
     method.setBin1(8); // few, to be quick: the bins of one evaluation take 82 KiB
     method.setBin2(8);

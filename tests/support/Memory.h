@@ -4,6 +4,13 @@
 
 namespace support {
 
+/// Whether a sanitizer manages the memory of this process: then figures of it say little.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool isSanitized = true;
+#else
+constexpr bool isSanitized = false;
+#endif
+
 /// The memory of this process that is resident, in bytes; 0 where the system does not tell.
 double residentMemory();
 

@@ -1,5 +1,6 @@
 #include "Program.h"
 #include "SampleFiles.h"
+#include "support/Memory.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -422,9 +423,8 @@ TEST_F(VxroiBatch, completesAfterBeingKilledFiftyTimes)
 
 TEST_F(VxroiBatch, holdsNoMoreMemoryAfterTwoThousandPicturesThanAfterTwoHundred)
 {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer keeps what is freed";
-#endif
+    if (support::isSanitized)
+        GTEST_SKIP() << "the sanitizer keeps what is freed";
     QProcess process;
     process.setWorkingDirectory(folder.path(QString()));
     process.start(QStringLiteral(VXROI_PROGRAM),

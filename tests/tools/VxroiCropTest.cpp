@@ -3,6 +3,7 @@
 #include "host/CropWindow.h"
 #include "host/SalienceMap.h"
 #include "support/ImageAssert.h"
+#include "support/Memory.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -223,9 +224,8 @@ TEST_F(VxroiCrop, saysSoWhenTheWindowCannotBePrinted)
 
 TEST_F(VxroiCrop, refusesASmallFileThatClaimsAHugePictureBeforeItTakesMemory)
 {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer reserves more memory than that";
-#endif
+    if (support::isSanitized)
+        GTEST_SKIP() << "the sanitizer reserves more memory than that";
     const QByteArray bomb = samples::pngClaiming({ 20000, 20000 }, 48000);
     EXPECT_GE(bomb.size(), 40000);
     const QString path = folder.save(bomb, QStringLiteral("bomb.png"));
@@ -236,9 +236,8 @@ TEST_F(VxroiCrop, refusesASmallFileThatClaimsAHugePictureBeforeItTakesMemory)
 
 TEST_F(VxroiCrop, holdsLessThan250MegabytesFor24Megapixels)
 {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer's own memory counts";
-#endif
+    if (support::isSanitized)
+        GTEST_SKIP() << "the sanitizer's own memory counts";
     const QSize size(6000, 4000);
     const QString plain
         = folder.save(samples::encoded(samples::picture(size), "jpg"), QStringLiteral("large.jpg"));

@@ -35,20 +35,20 @@ bool haveAllOf(const QSize& size, const std::vector<BytePlane>& maps)
 }
 
 // In place of maps that there are too few of, the first one counts nothing.
-void blendFew(const std::vector<BytePlane>& maps, const QList<int>& weights, QImage& target,
-    const RowLoops& loops)
+void blendFew(const std::vector<BytePlane>& maps, const QList<int>& weights, qint32 divisor,
+    QImage& target, const RowLoops& loops)
 {
     for (int y = 0; y < target.height(); ++y) {
         std::array<WeightedBytes, mapsAtOnce> rows {};
         rows.fill({ maps.front().row(y), 0 });
         for (std::size_t i = 0; i < maps.size(); ++i)
             rows[i] = { maps[i].row(y), static_cast<qint16>(weights.value(static_cast<int>(i))) };
-        loops.blendFew(rows.data(), target.width(), divisorOf(weights), writableWordRow(target, y));
+        loops.blendFew(rows.data(), target.width(), divisor, writableWordRow(target, y));
     }
 }
 
-void blendAny(const std::vector<BytePlane>& maps, const QList<int>& weights, QImage& target,
-    const RowLoops& loops)
+void blendAny(const std::vector<BytePlane>& maps, const QList<int>& weights, qint32 divisor,
+    QImage& target, const RowLoops& loops)
 {
     std::vector<quint32> sums(static_cast<std::size_t>(target.width()));
     for (int y = 0; y < target.height(); ++y) {
@@ -60,8 +60,7 @@ void blendAny(const std::vector<BytePlane>& maps, const QList<int>& weights, QIm
                 loops.addWeighted(
                     map.row(y), std::min(map.width, target.width()), weight, sums.data());
         }
-        loops.divideSums(
-            sums.data(), target.width(), divisorOf(weights), writableWordRow(target, y));
+        loops.divideSums(sums.data(), target.width(), divisor, writableWordRow(target, y));
     }
 }
 
@@ -70,10 +69,11 @@ void blendAny(const std::vector<BytePlane>& maps, const QList<int>& weights, QIm
 void vx::kernels::blend(const std::vector<BytePlane>& maps, const QList<int>& weights,
     QImage& target, const RowLoops& loops)
 {
-    const bool areSmall = divisorOf(weights) > 0 && areSumsSmall(weights) && !maps.empty()
+    const qint32 divisor = divisorOf(weights);
+    const bool areSmall = divisor > 0 && areSumsSmall(weights) && !maps.empty()
         && maps.size() <= mapsAtOnce && haveAllOf(target.size(), maps);
     if (areSmall)
-        blendFew(maps, weights, target, loops);
+        blendFew(maps, weights, divisor, target, loops);
     else
-        blendAny(maps, weights, target, loops);
+        blendAny(maps, weights, divisor, target, loops);
 }

@@ -35,7 +35,7 @@ void respondAlongRow(const ShortChannels* rows, int width, const qint16* kernel,
         const int strength = absoluteSum(rows, 0, x, kernel) + absoluteSum(rows, 1, x, kernel)
             + absoluteSum(rows, 2, x, kernel);
         const int level = static_cast<int>((static_cast<float>(strength) + 0.5F) * reciprocal);
-        target[x] = (source[x] & 0xFF000000U) | (static_cast<QRgb>(level) & 0xFFU) * 0x010101U;
+        target[x] = (source[x] & 0xFF000000U) | grey(static_cast<QRgb>(level) & 0xFFU);
     }
 }
 
@@ -47,7 +47,6 @@ void writeMagnitudes(const QRgb* across, const QRgb* down, int count, QRgb* __re
         const int a = static_cast<int>(across[i] >> 16U & 0xFFU);
         const int b = static_cast<int>(down[i] >> 16U & 0xFFU);
         const int magnitude = static_cast<int>(__builtin_sqrtf(static_cast<float>(a * a + b * b)));
-        magnitudes[i]
-            = (across[i] & 0xFF000000U) | (static_cast<QRgb>(magnitude) & 0xFFU) * 0x010101U;
+        magnitudes[i] = (across[i] & 0xFF000000U) | grey(static_cast<QRgb>(magnitude) & 0xFFU);
     }
 }

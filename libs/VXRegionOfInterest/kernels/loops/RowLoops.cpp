@@ -27,11 +27,9 @@ VX_ALWAYS_INLINE double greenOf(QRgb pixel) { return static_cast<int>(pixel >> 8
 VX_ALWAYS_INLINE double blueOf(QRgb pixel) { return static_cast<int>(pixel & 0xFFU); }
 
 // Shifts, because not every processor multiplies vectors of 32-bit numbers.
-VX_ALWAYS_INLINE QRgb opaqueGrey(int level)
-{
-    const auto byte = static_cast<QRgb>(level);
-    return 0xFF000000U | byte << 16U | byte << 8U | byte;
-}
+VX_ALWAYS_INLINE QRgb grey(QRgb byte) { return byte << 16U | byte << 8U | byte; }
+
+VX_ALWAYS_INLINE QRgb opaqueGrey(int level) { return 0xFF000000U | grey(static_cast<QRgb>(level)); }
 
 // See LumaChroma.h.
 VX_ALWAYS_INLINE void toLumaChroma(double red, double green, double blue, double& luma,
