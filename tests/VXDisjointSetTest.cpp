@@ -153,13 +153,37 @@ TEST(VXDisjointSet, everyCellBeginsAsItsOwnSegment)
 TEST(VXDisjointSet, gridsWithoutCellsAreEmpty)
 {
     for (const auto& [rows, columns] : { std::pair(0, 5), std::pair(3, 0), std::pair(-2, 5),
-             std::pair(-2, -3), std::pair(INT_MIN, INT_MIN), std::pair(INT_MAX, INT_MAX) }) {
+             std::pair(4, -3), std::pair(INT_MIN, INT_MIN) }) {
         VXDisjointSet set(rows, columns);
-        EXPECT_EQ(set.getCount(), 0);
+        EXPECT_EQ(set.find(0), -1) << "there are no elements";
         EXPECT_TRUE(set.getSegmentSizes().isEmpty());
         EXPECT_TRUE(set.getSegmentInformations().empty());
-        const int rowsLeft = columns == 0 ? rows : 0; // of no columns each
-        EXPECT_TRUE(labelsOf(set, rowsLeft, 0).empty());
+        EXPECT_TRUE(labelsOf(set, std::max(rows, 0), 0).empty());
+    }
+}
+
+TEST(VXDisjointSet, countIsRowsTimesColumnsIn32Bits)
+{
+    EXPECT_EQ(VXDisjointSet(0, 5).getCount(), 0);
+    EXPECT_EQ(VXDisjointSet(-2, 4).getCount(), -8);
+    EXPECT_EQ(VXDisjointSet(4, -2).getCount(), -8);
+    EXPECT_EQ(VXDisjointSet(-2, -3).getCount(), 6);
+    EXPECT_EQ(VXDisjointSet(INT_MIN, INT_MIN).getCount(), 0);
+    EXPECT_EQ(VXDisjointSet(INT_MAX, INT_MAX).getCount(), 1);
+    EXPECT_EQ(VXDisjointSet(1 << 16, (1 << 16) + 1).getCount(), 1 << 16);
+}
+
+// Elements, but no cells that they stand for.
+TEST(VXDisjointSet, gridsOfNegativeSidesOrTooManyCellsHaveElementsOnly)
+{
+    for (const auto& [rows, columns] : { std::pair(-2, -3), std::pair(1 << 16, (1 << 16) + 1) }) {
+        VXDisjointSet set(rows, columns);
+        set.join(0, 5);
+        EXPECT_EQ(set.find(0), 5);
+        EXPECT_EQ(set.size(5), 2);
+        EXPECT_TRUE(set.getSegmentSizes().isEmpty());
+        EXPECT_TRUE(set.getSegmentInformations().empty());
+        EXPECT_TRUE(labelsOf(set, 0, 0).empty());
     }
 }
 
@@ -308,6 +332,22 @@ TEST(VXDisjointSet, centroidOfThreeCellsIsTheMeanOfTheirSixCorners)
     const segment three = set.getSegmentInformations().at(1);
     EXPECT_EQ(three.centroidX, 5.0F / 6); // 0 + 1 + 1 + 2 + 0 + 1
     EXPECT_EQ(three.centroidY, 5.0F / 6); // 0 + 1 + 0 + 1 + 1 + 2
+}
+
+// Beyond column 2²⁴ not every one is a float. Column 16777217 becomes 16777216, so that the sum of all
+// corners is 0 + 1 + 16777216 + 16777218; it is rounded twice on the way, to 33554432.
+TEST(VXDisjointSet, coordinatesBecomeFloatsBeforeTheyAreAdded)
+{
+    constexpr int far = (1 << 24) + 1;
+    VXDisjointSet set(1, far + 1);
+    set.join(0, far);
+    // One segment of the others, whose root counts two cells: then it needs no hull.
+    set.join(1, 2);
+    for (int i = 3; i < far; ++i)
+        set.join(i, 1);
+    const auto segments = set.getSegmentInformations();
+    EXPECT_EQ(segments.size(), 2U);
+    EXPECT_EQ(segments.at(far).centroidX, 33554432.0F / 4);
 }
 
 TEST(VXDisjointSet, centroidOfCellsOnOneLineIsNoNumber)

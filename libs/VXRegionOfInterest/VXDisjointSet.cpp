@@ -5,7 +5,6 @@
 #include "kernels/Wrapping.h"
 
 #include <algorithm>
-#include <climits>
 #include <stdexcept>
 
 namespace {
@@ -30,8 +29,8 @@ std::pair<float, float> meanOf(const std::vector<QPoint>& points)
     SinglePrecisionSum x;
     SinglePrecisionSum y;
     for (const QPoint& point : points) {
-        x.add(point.x());
-        y.add(point.y());
+        x.add(static_cast<double>(static_cast<float>(point.x())));
+        y.add(static_cast<double>(static_cast<float>(point.y())));
     }
     const auto count = static_cast<float>(points.size());
     return { static_cast<float>(x.value()) / count, static_cast<float>(y.value()) / count };
@@ -45,19 +44,20 @@ bool lexicallySmaller(const QPoint& p, const QPoint& q)
 }
 
 VXDisjointSet::VXDisjointSet(int gridRows, int gridColumns)
-    : rows(std::max(gridRows, 0))
-    , columns(std::max(gridColumns, 0))
+    : rows(gridRows)
+    , columns(gridColumns)
+    , count(wrappingProduct(rows, columns))
 {
-    const qint64 cells = qint64 { rows } * columns;
-    if (cells > INT_MAX) {
-        rows = 0;
-        columns = 0;
-        return;
-    }
-    count = static_cast<int>(cells);
-    elements.reserve(count);
+    elements.reserve(std::max(count, 0));
     for (int i = 0; i < count; ++i)
         elements.append(VXDisjointElement(0, 1, i));
+}
+
+QSize VXDisjointSet::grid() const
+{
+    const QSize sides(std::max(columns, 0), std::max(rows, 0));
+    const bool hasAllElements = qint64 { sides.width() } * sides.height() == elements.size();
+    return hasAllElements ? sides : QSize(0, 0);
 }
 
 bool VXDisjointSet::contains(int i) const { return i >= 0 && i < elements.size(); }
@@ -103,10 +103,11 @@ double VXDisjointSet::value(int i) const
 
 int** VXDisjointSet::getSubSets()
 {
-    int** const labels = new int*[static_cast<std::size_t>(rows)];
-    for (int row = 0; row < rows; ++row) {
-        labels[row] = new int[static_cast<std::size_t>(columns)];
-        for (int column = 0; column < columns; ++column)
+    const QSize cells = grid();
+    int** const labels = new int*[static_cast<std::size_t>(cells.height())];
+    for (int row = 0; row < cells.height(); ++row) {
+        labels[row] = new int[static_cast<std::size_t>(cells.width())];
+        for (int column = 0; column < cells.width(); ++column)
             labels[row][column] = find(row * columns + column);
     }
     return labels;
@@ -115,7 +116,8 @@ int** VXDisjointSet::getSubSets()
 QMap<int, QVector<int>> VXDisjointSet::getSegmentSizes()
 {
     QMap<int, QVector<int>> sizes;
-    for (int i = 0; i < elements.size(); ++i) {
+    const int cells = grid().width() * grid().height();
+    for (int i = 0; i < cells; ++i) {
         const int row = i / columns;
         const int column = i % columns;
         const int root = find(i);
@@ -142,7 +144,8 @@ std::map<int, segment> VXDisjointSet::getSegmentInformations()
 {
     std::map<int, segment> segments;
     std::map<int, std::vector<QPoint>> corners;
-    for (int i = 0; i < elements.size(); ++i) {
+    const int cells = grid().width() * grid().height();
+    for (int i = 0; i < cells; ++i) {
         const int row = i / columns;
         const int column = i % columns;
         const int root = find(i);

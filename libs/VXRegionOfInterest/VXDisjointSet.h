@@ -5,6 +5,7 @@
 
 #include <QMap>
 #include <QPoint>
+#include <QSize>
 #include <QVector>
 
 #include <map>
@@ -48,8 +49,9 @@ public:
     using segment = ::segment;
 
     /// Constructs a grid in which every cell is a segment of its own.
-    /// \param rows,columns sides of the grid; below 0 they count as 0, as both do where the grid
-    ///        would have more than INT_MAX cells.
+    /// \param rows,columns sides of the grid. There are as many elements as the product of both says in
+    ///        32 bits, which wraps; none where that is below 1. Where a side is negative or the product
+    ///        wraps, the grid's own operations find no cells.
     VXDisjointSet(int rows, int columns);
 
     /// The root of element \a i, to which it is re-pointed; -1 for an index outside.
@@ -59,7 +61,8 @@ public:
     /// \a b.
     void join(int a, int b);
 
-    /// The number of segments: the cells less one for every join().
+    /// The number of segments: rows times columns, in 32 bits that wrap, less one for every join(). So a
+    /// grid of -2 rows and 4 columns has -8.
     int getCount();
 
     /// The size field of element \a i: of the segment when \a i is its root; 0 for an index
@@ -106,9 +109,11 @@ public:
 
 private:
     bool contains(int i) const;
+    // The cells, columns by rows.
+    Q_DECL_HIDDEN QSize grid() const;
 
     QVector<VXDisjointElement> elements;
     int rows;
     int columns;
-    int count = 0;
+    int count;
 };
