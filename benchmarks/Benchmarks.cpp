@@ -24,9 +24,8 @@
 #include "kernels/MaxFilter.h"
 #include "kernels/PixelWords.h"
 #include "kernels/RedSums.h"
-#include "kernels/Scaling.h"
 #include "kernels/SurroundContrast.h"
-#include "support/GreyPlanes.h"
+#include "support/GreyImage.h"
 #include "support/Memory.h"
 #include "support/PlainHistogramROI.h"
 #include "support/Random.h"
@@ -125,8 +124,8 @@ void registerMethods()
     registerEverywhere(ImageSubject { "VXGaussROI",
         [](const QImage& image) { return VXGaussROI().evaluate(image); },
         [](const QImage& image) {
-            return support::greyImage(image.size(),
-                [](vx::kernels::BytePlane& levels) { reference::centrePrior(levels); });
+            return support::greyImage(
+                image.size(), [](QImage& levels) { reference::centrePrior(levels); });
         } });
     registerEverywhere(ImageSubject { "VXHistogramROI",
         [](const QImage& image) { return VXHistogramROI().evaluate(image); },
@@ -207,14 +206,12 @@ void registerVariants()
         const std::string name = std::string("loops for ") + loops->name;
         const ImageSubject contrast { name + ": surround contrast",
             [loops](const QImage& image) {
-                return support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
-                    vx::kernels::surroundContrast(image, levels, *loops);
-                });
+                return support::greyImage(image.size(),
+                    [&](QImage& levels) { vx::kernels::surroundContrast(image, levels, *loops); });
             },
             [](const QImage& image) {
-                return support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
-                    reference::surroundContrast(image, levels);
-                });
+                return support::greyImage(image.size(),
+                    [&](QImage& levels) { reference::surroundContrast(image, levels); });
             } };
         const ImageSubject filter { name + ": maximum filter, grey",
             [loops](const QImage& image) { return vx::kernels::maxFilter(image, 45, 150, *loops); },
@@ -223,8 +220,8 @@ void registerVariants()
             [loops](const QImage& image) {
                 QImage bins = mapFor(image);
                 for (int y = 0; y < image.height(); ++y)
-                    loops->findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256, 256,
-                        vx::kernels::writableWordRow(bins, y));
+                    loops->chroma.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256,
+                        256, vx::kernels::writableWordRow(bins, y));
                 return bins;
             },
             [](const QImage& image) {
@@ -241,21 +238,6 @@ void registerVariants()
             registerPair(filter, Kind::Bright, size);
             registerPair(chroma, Kind::Photo, size);
         }
-    }
-}
-
-// Of a picture in RGB32 and of one in ARGB32.
-void registerScaling()
-{
-    const ImageSubject scaling { "scaling into 640x480",
-        [](const QImage& image) { return vx::kernels::scaledInto(workingSize, image); },
-        [](const QImage& image) {
-            return image.scaled(workingSize, Qt::KeepAspectRatio, Qt::FastTransformation);
-        },
-        6000 };
-    for (const QSize& size : { QSize(320, 240), QSize(1920, 1280), QSize(6000, 4000) }) {
-        registerPair(scaling, Kind::Photo, size);
-        registerPair(scaling, Kind::Bright, size);
     }
 }
 
@@ -377,7 +359,6 @@ void benchmarks::registerAll()
     registerMethods();
     registerFilters();
     registerMixerAndReaders();
-    registerScaling();
     registerDecision();
     registerVariants();
     registerMaximumFilterExtremes();

@@ -8,7 +8,7 @@
 #include "kernels/GaussianBlur.h"
 #include "kernels/MaxFilter.h"
 #include "kernels/SurroundContrast.h"
-#include "support/GreyPlanes.h"
+#include "support/GreyImage.h"
 #include "support/PlainHistogramROI.h"
 
 namespace reference = vx::kernels::reference;
@@ -34,15 +34,15 @@ QImage benchmarks::literalEdges(const QImage& image)
 
 QImage benchmarks::literalContrast(const QImage& image)
 {
-    const QImage contrast = support::greyImage(image.size(),
-        [&](vx::kernels::BytePlane& levels) { reference::surroundContrast(image, levels); });
+    const QImage contrast = support::greyImage(
+        image.size(), [&](QImage& levels) { reference::surroundContrast(image, levels); });
     return reference::maxFilter(contrast, 45, 150);
 }
 
 QImage benchmarks::literalAnalysis(const QImage& image)
 {
-    const QImage prior = support::greyImage(
-        image.size(), [](vx::kernels::BytePlane& levels) { reference::centrePrior(levels); });
+    const QImage prior
+        = support::greyImage(image.size(), [](QImage& levels) { reference::centrePrior(levels); });
     QImage blended = mapFor(image);
     reference::blend({ literalEdges(image), prior, support::plainHistogramMap(image, {}),
                          literalContrast(image) },

@@ -1,7 +1,7 @@
 #include <VXRegionOfInterest/VXGaussROI.h>
 
 #include "kernels/CentrePrior.h"
-#include "support/GreyPlanes.h"
+#include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/TestImages.h"
@@ -15,8 +15,8 @@ QImage centrePriorOf(int width, int height)
 
 QImage plainCentrePriorOf(int width, int height)
 {
-    return support::greyImage(QSize(width, height),
-        [](vx::kernels::BytePlane& levels) { vx::kernels::reference::centrePrior(levels); });
+    return support::greyImage(
+        QSize(width, height), [](QImage& levels) { vx::kernels::reference::centrePrior(levels); });
 }
 
 } // namespace

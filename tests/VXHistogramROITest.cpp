@@ -7,7 +7,9 @@
 #include "support/Random.h"
 #include "support/TestImages.h"
 
+#include <QPainter>
 #include <array>
+
 #include <climits>
 #include <limits>
 #include <tuple>
@@ -288,6 +290,22 @@ TEST(VXHistogramROI, drawsIntoGreyAndOtherFormats)
         VXHistogramROI().drawTarget(1, 1, 77.9, target, 5, 5);
         EXPECT_EQ(target.pixel(7, 7), qRgb(77, 77, 77)) << format;
         EXPECT_EQ(target.pixel(4, 7), qRgb(0, 0, 0)) << format;
+    }
+}
+
+// Where several pixels of an image are one for a painter, as on a display of high resolution.
+TEST(VXHistogramROI, drawsWhereAPainterWould)
+{
+    for (const double ratio : { 0.5, 1.0, 1.5, 2.0, 3.0 }) {
+        for (int format = QImage::Format_RGB32; format < QImage::NImageFormats; ++format) {
+            QImage drawn
+                = filled(24, 18, Qt::red).convertToFormat(static_cast<QImage::Format>(format));
+            drawn.setDevicePixelRatio(ratio);
+            QImage painted = drawn.copy();
+            VXHistogramROI().drawTarget(1, 2, 77.9, drawn, 5, 3);
+            QPainter(&painted).fillRect(QRect(QPoint(5, 6), QPoint(9, 8)), QColor(77, 77, 77));
+            EXPECT_EQ(drawn, painted) << "ratio " << ratio << ", format " << format;
+        }
     }
 }
 

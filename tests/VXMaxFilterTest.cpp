@@ -1,7 +1,7 @@
 #include <VXRegionOfInterest/VXMaxFilter.h>
 
 #include "kernels/MaxFilter.h"
-#include "support/GreyPlanes.h"
+#include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/Random.h"
@@ -271,13 +271,12 @@ TEST(VXMaxFilter, equalsThePlainFilterForLargeImages)
     EXPECT_TRUE(equalsPlain(support::noise(5000, 1, 15), 1000, 150));
 }
 
-TEST(VXMaxFilter, sharesThePixelsOfAnImageOfOneColour)
+TEST(VXMaxFilter, equalsThePlainFilterForAlmostOneColour)
 {
     for (const QRgb colour : { qRgb(0, 0, 0), qRgb(255, 255, 255), qRgba(200, 3, 4, 5) }) {
         QImage image(9, 5, QImage::Format_ARGB32);
         image.fill(colour);
-        EXPECT_EQ(VXMaxFilter(7, 50).evaluate(image).constBits(), image.constBits());
-        // One pixel more or less bright, first, last or between, is no longer one colour.
+        EXPECT_TRUE(equalsPlain(image, 7, 50));
         for (const QPoint& position : { QPoint(0, 0), QPoint(8, 4), QPoint(4, 2), QPoint(8, 0) }) {
             QImage other = image;
             other.setPixel(position, colour ^ 0x00400000U);
@@ -286,53 +285,53 @@ TEST(VXMaxFilter, sharesThePixelsOfAnImageOfOneColour)
     }
 }
 
-TEST(VXMaxFilter, keepsThePropertiesOfItsSource)
+// Those that a copy has, whichever way the pixels are spread.
+TEST(VXMaxFilter, hasThePropertiesOfACopyOfItsSource)
 {
-    QImage image = support::noise(6, 6, 3).convertToFormat(QImage::Format_RGB32);
-    for (const bool isGrey : { false, true }) {
-        if (isGrey) {
-            image.fill(Qt::black);
-            image.setPixel(3, 3, qRgb(99, 99, 99));
-        }
+    const QImage noise = support::noise(6, 6, 3);
+    QImage grey = noise.convertToFormat(QImage::Format_Grayscale8);
+    QImage black = noise;
+    black.fill(Qt::black);
+    for (QImage image : { noise, noise.convertToFormat(QImage::Format_RGB888), grey, black,
+             grey.convertToFormat(QImage::Format_RGB32),
+             noise.convertToFormat(QImage::Format_Indexed8) }) {
         image.setDotsPerMeterX(3000);
         image.setDotsPerMeterY(4000);
         image.setDevicePixelRatio(2.0);
         image.setOffset(QPoint(5, 6));
         image.setText(QStringLiteral("Title"), QStringLiteral("Six"));
         image.setColorSpace(QColorSpace::DisplayP3);
-        const QImage filtered = VXMaxFilter(5, 50).evaluate(image);
-        EXPECT_EQ(filtered.format(), image.format());
-        EXPECT_EQ(filtered.dotsPerMeterX(), 3000);
-        EXPECT_EQ(filtered.dotsPerMeterY(), 4000);
-        EXPECT_EQ(filtered.devicePixelRatio(), 2.0);
-        EXPECT_EQ(filtered.offset(), QPoint(5, 6));
-        EXPECT_EQ(filtered.text(QStringLiteral("Title")), QStringLiteral("Six"));
-        EXPECT_EQ(filtered.colorSpace(), image.colorSpace());
+        const QImage copy = image.copy(image.rect());
+        for (const int size : { 0, 5 }) {
+            const QImage filtered = VXMaxFilter(size, 50).evaluate(image);
+            EXPECT_EQ(filtered.format(), copy.format());
+            EXPECT_EQ(filtered.colorTable(), copy.colorTable());
+            EXPECT_EQ(filtered.dotsPerMeterX(), copy.dotsPerMeterX());
+            EXPECT_EQ(filtered.dotsPerMeterY(), copy.dotsPerMeterY());
+            EXPECT_EQ(filtered.devicePixelRatio(), copy.devicePixelRatio());
+            EXPECT_EQ(filtered.offset(), copy.offset());
+            EXPECT_EQ(filtered.textKeys(), copy.textKeys());
+            EXPECT_EQ(filtered.text(QStringLiteral("Title")), copy.text(QStringLiteral("Title")));
+            EXPECT_EQ(filtered.colorSpace(), copy.colorSpace());
+        }
     }
 }
 
-TEST(VXMaxFilter, levelsSpreadLikeTheImageTheyStandFor)
+TEST(VXMaxFilter, equalsThePlainFilterForSparseLevels)
 {
     support::Random random(5);
     for (int round = 0; round < 300; ++round) {
         const QSize size(1 + random.below(150), 1 + random.below(60));
-        vx::kernels::BytePlane levels = vx::kernels::uninitializedPlane(size);
-        std::generate_n(levels.values.get(), vx::kernels::byteCount(size),
-            [&] { return static_cast<quint8>(random.below(5) == 0 ? random.below(256) : 0); });
-        const auto copyLevels = [&](vx::kernels::BytePlane& copy) {
-            std::copy_n(levels.values.get(), vx::kernels::byteCount(size), copy.values.get());
-        };
-        const QImage image = support::greyImage(size, copyLevels);
-        const int arm = random.below(80) - 1;
-        const int threshold = random.below(300) - 20;
-        const QImage plain = vx::kernels::reference::maxFilter(image, arm, threshold);
-        ASSERT_TRUE(support::everyVariantGives(plain,
-            [&](const vx::kernels::RowLoops& loops) {
-                return support::greyImage(size, [&](vx::kernels::BytePlane& spread) {
-                    copyLevels(spread);
-                    vx::kernels::maxFilter(spread, arm, threshold, loops);
+        const QImage map = support::greyImage(size, [&](QImage& levels) {
+            for (int y = 0; y < size.height(); ++y)
+                std::generate_n(levels.scanLine(y), size.width(), [&] {
+                    return static_cast<uchar>(random.below(5) == 0 ? random.below(256) : 0);
                 });
-            }))
-            << "arm " << arm << ", threshold " << threshold;
+        });
+        const int filterSize = 2 * random.below(80) - 2;
+        const int threshold = random.below(300) - 20;
+        for (const QImage& image : { map, map.convertToFormat(QImage::Format_Grayscale8) })
+            ASSERT_TRUE(equalsPlain(image, filterSize, threshold))
+                << "size " << filterSize << ", threshold " << threshold;
     }
 }

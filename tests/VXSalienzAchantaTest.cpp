@@ -2,7 +2,7 @@
 
 #include "kernels/MaxFilter.h"
 #include "kernels/SurroundContrast.h"
-#include "support/GreyPlanes.h"
+#include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/Random.h"
@@ -24,9 +24,8 @@ QImage plainSalience(const QImage& source)
 {
     const QImage words
         = source.depth() == 32 ? source : source.convertToFormat(QImage::Format_ARGB32);
-    const QImage contrast = support::greyImage(words.size(), [&](vx::kernels::BytePlane& levels) {
-        vx::kernels::reference::surroundContrast(words, levels);
-    });
+    const QImage contrast = support::greyImage(words.size(),
+        [&](QImage& levels) { vx::kernels::reference::surroundContrast(words, levels); });
     return vx::kernels::reference::maxFilter(contrast, 45, 150);
 }
 
@@ -87,11 +86,12 @@ TEST(VXSalienzAchanta, surroundsOfFourColumnsSpanWhatTheyShould)
         contrast.at(x) = (means.at(x) - smoothed.at(x)) * (means.at(x) - smoothed.at(x));
     const auto [least, greatest] = std::minmax_element(contrast.begin(), contrast.end());
 
-    vx::kernels::BytePlane levels = vx::kernels::uninitializedPlane(row.size());
+    QImage levels = vx::kernels::uninitializedLevels(row.size());
     vx::kernels::surroundContrast(row, levels);
     for (int x = 0; x < 4; ++x) {
         const double above = contrast.at(static_cast<std::size_t>(x)) - *least;
-        EXPECT_NEAR(levels.row(0)[x], above * 255 / (*greatest - *least), 1) << x;
+        EXPECT_NEAR(vx::kernels::levelRow(levels, 0)[x], above * 255 / (*greatest - *least), 1)
+            << x;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "VXAbstractROI.h"
 
-#include "kernels/FreshMemory.h"
+#include "kernels/ImageMemory.h"
+#include "kernels/PixelWords.h"
 
 VXAbstractROI::VXAbstractROI() = default;
 
@@ -21,5 +22,5 @@ QImage VXAbstractROI::createTargetImage(const QImage& source) const
 
 QImage VXAbstractROI::adjustFormat(const QImage& source) const
 {
-    return source.convertToFormat(QImage::Format_ARGB32, Qt::AutoColor);
+    return vx::kernels::toArgb32(source);
 }

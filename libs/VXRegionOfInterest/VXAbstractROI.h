@@ -4,10 +4,6 @@
 
 #include <QImage>
 
-namespace vx::kernels {
-struct BytePlane;
-} // namespace vx::kernels
-
 /// The common base of every salience method, and of the image filters VXGaussianBlur and
 /// VXMaxFilter.
 ///
@@ -30,8 +26,11 @@ struct BytePlane;
 ///
 /// **Threads and ownership**: reentrant. Methods keep nothing between calls but their settings and
 /// start no threads: use an object from one thread at a time, different objects from as many threads
-/// as you like. Who constructs an object deletes it; those of a mixer belong to the mixer. Images are
-/// taken and given as Qt shares them: none is changed that was handed in.
+/// as you like. Who constructs an object deletes it; those of a mixer belong to the mixer. No image is
+/// changed that was handed in, and what is returned has memory of its own: it outlives the buffer that an
+/// image was constructed over. (adjustFormat() alone shares.)
+///
+/// **Out of memory**, operations that make images throw std::bad_alloc, and leave everything as it was.
 class VXREGIONOFINTEREST_EXPORT VXAbstractROI {
 public:
     /// Constructs a method that is enabled and has weight 0.

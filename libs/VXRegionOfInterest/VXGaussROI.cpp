@@ -1,6 +1,7 @@
 #include "VXGaussROI.h"
 
 #include "kernels/CentrePrior.h"
+#include "kernels/Levels.h"
 
 VXGaussROI::VXGaussROI() = default;
 
@@ -8,14 +9,9 @@ VXGaussROI::~VXGaussROI() = default;
 
 QImage VXGaussROI::evaluate(const QImage& image)
 {
-    // Where Qt has no memory for the map, none is taken for its levels.
-    const bool isPossible = !createTargetImage(image).isNull();
-    return isPossible ? vx::kernels::greyImageOf(levels(image)) : QImage();
-}
-
-vx::kernels::BytePlane VXGaussROI::levels(const QImage& image) const
-{
-    vx::kernels::BytePlane prior = vx::kernels::uninitializedPlane(image.size());
+    QImage map = createTargetImage(image);
+    QImage prior = vx::kernels::uninitializedLevels(map.size());
     vx::kernels::centrePrior(prior);
-    return prior;
+    vx::kernels::writeGrey(prior, map);
+    return map;
 }

@@ -33,10 +33,4 @@ public:
     /// Computes the centre prior for the size of \a image.
     /// \return a salience map of that size; null for a null \a image.
     QImage evaluate(const QImage& image) override;
-
-private:
-    friend class VXSalienzMixer;
-
-    // The levels of the map that evaluate() makes, without its pixels.
-    Q_DECL_HIDDEN vx::kernels::BytePlane levels(const QImage& image) const;
 };

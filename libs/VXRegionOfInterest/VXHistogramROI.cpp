@@ -3,12 +3,13 @@
 #include "VXDisjointSet.h"
 #include "VXSegmentEdge.h"
 #include "kernels/BlockHistograms.h"
-#include "kernels/BytePlane.h"
 #include "kernels/LumaChroma.h"
 #include "kernels/PixelWords.h"
 
 #include <algorithm>
 #include <array>
+#include <climits>
+#include <cmath>
 #include <map>
 #include <utility>
 #include <vector>
@@ -87,7 +88,7 @@ VXDisjointSet merged(const Grid& grid, const Edges& sortedEdges)
     return regions;
 }
 
-// The block at (column, row) of a grid, cut off at the edges of the frame.
+// The block at (column, row) of a grid, cut off at the edges of the frame: the rest would not be painted.
 QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
 {
     const auto part = [](qint64 index, qint64 length, qint64 side) {
@@ -100,11 +101,15 @@ QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
     return QRect(left, top, width, height);
 }
 
-// An image that reads and writes a plane's bytes.
-QImage greyViewOf(const vx::kernels::BytePlane& plane)
+// The coordinates that QPainter has on an image: those of its pixels unless several of them, or a part of
+// one, count for one.
+QSize paintedSize(const QImage& image)
 {
-    return QImage(
-        plane.values.get(), plane.width, plane.height, plane.width, QImage::Format_Grayscale8);
+    const double ratio = image.devicePixelRatio();
+    const auto painted = [ratio](int side) {
+        return ratio > 0 ? static_cast<int>(std::min<double>(std::ceil(side / ratio), INT_MAX)) : 0;
+    };
+    return QSize(painted(image.width()), painted(image.height()));
 }
 
 } // namespace
@@ -115,18 +120,14 @@ VXHistogramROI::~VXHistogramROI() = default;
 
 QImage VXHistogramROI::evaluate(const QImage& image)
 {
-    return vx::kernels::greyImageOf(levels(image));
-}
-
-// What the grid leaves over at the right and below stays black.
-vx::kernels::BytePlane VXHistogramROI::levels(const QImage& image) const
-{
     const QImage words = vx::kernels::toPixelWords(image);
-    vx::kernels::BytePlane regionLevels = vx::kernels::blackPlane(words.size());
     const bool isInRange = verticalBlocks >= 1 && verticalBlocks <= mostBlocks
         && horizontalBlocks >= 1 && horizontalBlocks <= mostBlocks && bin1 >= 1 && bin2 >= 1;
-    if (!isInRange || words.width() < horizontalBlocks || words.height() < verticalBlocks)
-        return regionLevels;
+    if (!isInRange || words.width() < horizontalBlocks || words.height() < verticalBlocks) {
+        QImage black = createTargetImage(words);
+        black.fill(vx::kernels::opaqueBlack);
+        return black;
+    }
 
     const Grid grid { verticalBlocks, horizontalBlocks };
     const QSize block(words.width() / horizontalBlocks, words.height() / verticalBlocks);
@@ -136,23 +137,31 @@ vx::kernels::BytePlane VXHistogramROI::levels(const QImage& image) const
     Edges edges = mergingEdges(blocks, grid, chiSquareThreshold);
     std::stable_sort(edges.begin(), edges.end());
     VXDisjointSet regions = merged(grid, edges);
-    QImage map = greyViewOf(regionLevels);
+    QImage map = createTargetImage(words);
     paintLargeRegions(regions, block, map);
-    return regionLevels;
+    return map;
 }
 
-// The blocks of regions that are not large are black.
+// Blocks of other regions are black, and so is what the grid leaves over at the right and below. All rows
+// of a row of blocks are alike.
 void VXHistogramROI::paintLargeRegions(
     VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
 {
     const QMap<int, QVector<int>> extents = regions.getSegmentSizes();
-    for (int i = 0; i < verticalBlocks * horizontalBlocks; ++i) {
-        const QVector<int> extent = extents.value(regions.find(i));
-        const int dy = extent.at(3) - extent.at(1);
-        const int dx = extent.at(2) - extent.at(0);
-        const bool isLarge = dy > verticalBlocks * minHeight || dx > horizontalBlocks * minWidth;
-        drawTarget(i % horizontalBlocks, i / horizontalBlocks, isLarge ? dy * dx - 1 : 0, map,
-            blockSize.width(), blockSize.height());
+    QImage pixels = createTargetImage(map.copy(0, 0, map.width(), 1));
+    for (int row = 0; row <= verticalBlocks; ++row) {
+        pixels.fill(vx::kernels::opaqueBlack);
+        for (int column = 0; row < verticalBlocks && column < horizontalBlocks; ++column) {
+            const QVector<int> extent
+                = extents.value(regions.find(row * horizontalBlocks + column));
+            const int dy = extent.at(3) - extent.at(1);
+            const int dx = extent.at(2) - extent.at(0);
+            if (dy > verticalBlocks * minHeight || dx > horizontalBlocks * minWidth)
+                drawTarget(column, 0, dy * dx - 1, pixels, blockSize.width(), 1);
+        }
+        const int first = row * blockSize.height();
+        const int end = row < verticalBlocks ? first + blockSize.height() : map.height();
+        vx::kernels::repeatRow(pixels, first, end, map);
     }
 }
 
@@ -175,7 +184,7 @@ QImage VXHistogramROI::convertToYcbcr(QImage sizeImage, const QImage& source) co
 {
     const QImage words = vx::kernels::toPixelWords(source);
     QImage converted = createTargetImage(source);
-    const QSize common = sizeImage.size().boundedTo(source.size());
+    const QSize common = sizeImage.size().boundedTo(words.size());
     if (common != source.size())
         converted.fill(vx::kernels::opaqueBlack);
     vx::kernels::packLumaChroma(words, common, converted);
@@ -194,6 +203,8 @@ void VXHistogramROI::drawTarget(
     if (!isPaintable || blockWidth < 1 || blockHeight < 1)
         return;
     const int level = value >= 256 ? 255 : value > 0 ? static_cast<int>(value) : 0;
-    const QRect block = blockWithin(target.size(), column, row, QSize(blockWidth, blockHeight));
-    vx::kernels::fillOpaque(block, qRgb(level, level, level), target);
+    const QRect block
+        = blockWithin(paintedSize(target), column, row, QSize(blockWidth, blockHeight));
+    if (!block.isEmpty())
+        vx::kernels::fillOpaque(block, qRgb(level, level, level), target);
 }

@@ -81,16 +81,12 @@ public:
     /// \param column,row position of the block in the grid.
     /// \param value the level, truncated and clamped to 0 to 255; 0 when not a number.
     /// \param target the map, of any format but palette ones, which are left alone.
-    /// \param blockWidth,blockHeight size of a block in pixels; below 1 nothing is painted.
+    /// \param blockWidth,blockHeight size of a block in pixels; below 1 nothing is painted. As for every
+    ///        QPainter, where \a target has a device pixel ratio of 2, two pixels are one.
     void drawTarget(
         int column, int row, double value, QImage& target, int blockWidth, int blockHeight) const;
 
 private:
-    friend class VXSalienzMixer;
-
-    // The levels of the map that evaluate() makes, without its pixels.
-    Q_DECL_HIDDEN vx::kernels::BytePlane levels(const QImage& image) const;
-
     void paintLargeRegions(VXDisjointSet& regions, const QSize& blockSize, QImage& map) const;
 
     double chiSquareThreshold = 0.67;

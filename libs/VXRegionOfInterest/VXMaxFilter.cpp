@@ -15,9 +15,3 @@ QImage VXMaxFilter::evaluate(const QImage& source)
     const int arm = size / 2;
     return vx::kernels::maxFilter(source, arm, threshold);
 }
-
-void VXMaxFilter::spread(vx::kernels::BytePlane& levels) const
-{
-    const int arm = size / 2;
-    vx::kernels::maxFilter(levels, arm, threshold);
-}

@@ -9,15 +9,14 @@
 /// equal red a pixel keeps what it has, and among equal candidates the first in scan order wins.
 ///
 /// **Takes** an image of any format, read and written as QImage::pixel and QImage::setPixel do.
-/// ARGB32 and RGB32 are fast. In palette, mono and alpha formats nothing spreads.
+/// ARGB32, RGB32 and Grayscale8 are fast. In palette, mono and alpha formats nothing spreads.
 ///
-/// **Returns** an image of the same size and format, with the properties of the source; null for a
-/// null image. An image of one colour, and any image for a size that spreads nothing, is returned as
-/// it is and shares its pixels.
+/// **Returns** an image of the same size and format, with the properties that QImage::copy takes over from
+/// the source, in memory of its own; null for a null image.
 ///
 /// **Settings**: size and threshold, given once to the constructor.
 ///
-/// **Costs** in ARGB32 and RGB32 hardly more for a large size than for a small one, and the same
+/// **Costs** in the fast formats hardly more for a large size than for a small one, and the same
 /// whatever spreads; least where that is opaque grey, as in every salience map. In other formats it
 /// grows with the size.
 ///
@@ -41,11 +40,6 @@ public:
     QImage evaluate(const QImage& source) override;
 
 private:
-    friend class VXSalienzAchanta;
-
-    // What evaluate() does, to the levels of an opaque grey image.
-    Q_DECL_HIDDEN void spread(vx::kernels::BytePlane& levels) const;
-
     int size;
     int threshold;
 };

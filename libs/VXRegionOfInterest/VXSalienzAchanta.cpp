@@ -1,5 +1,6 @@
 #include "VXSalienzAchanta.h"
 
+#include "kernels/Levels.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Planes.h"
 #include "kernels/SurroundContrast.h"
@@ -7,9 +8,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int spreadSize = 90; // pixels: arms of 45
-constexpr int spreadThreshold = 150; // levels above it spread
 
 bool holds(const QList<double>& plane, int width, int height)
 {
@@ -25,7 +23,7 @@ bool holds(const QList<QList<double>>& rows, int width, int height)
 } // namespace
 
 VXSalienzAchanta::VXSalienzAchanta()
-    : maxFilter(spreadSize, spreadThreshold)
+    : maxFilter(vx::kernels::contrastSpread, vx::kernels::contrastThreshold)
 {
 }
 
@@ -33,16 +31,13 @@ VXSalienzAchanta::~VXSalienzAchanta() = default;
 
 QImage VXSalienzAchanta::evaluate(const QImage& source)
 {
-    return vx::kernels::greyImageOf(levels(source));
-}
-
-vx::kernels::BytePlane VXSalienzAchanta::levels(const QImage& source) const
-{
     const QImage words = vx::kernels::toPixelWords(source);
-    vx::kernels::BytePlane contrast = vx::kernels::uninitializedPlane(words.size());
+    QImage contrast = vx::kernels::uninitializedLevels(words.size());
     vx::kernels::surroundContrast(words, contrast);
-    maxFilter.spread(contrast);
-    return contrast;
+    const QImage spread = maxFilter.evaluate(contrast);
+    QImage map = createTargetImage(words);
+    vx::kernels::writeGrey(spread, map);
+    return map;
 }
 
 QList<double> VXSalienzAchanta::createZeroedList(int count) const

@@ -78,10 +78,5 @@ public:
     double integralSum(const QList<QList<double>>& integral, int x1, int y1, int x2, int y2);
 
 private:
-    friend class VXSalienzMixer;
-
-    // The levels of the map that evaluate() makes, without its pixels.
-    Q_DECL_HIDDEN vx::kernels::BytePlane levels(const QImage& source) const;
-
     VXMaxFilter maxFilter;
 };

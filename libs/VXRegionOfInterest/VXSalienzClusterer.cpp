@@ -1,7 +1,7 @@
 #include "VXSalienzClusterer.h"
 
 #include "kernels/Cubes.h"
-#include "kernels/FreshMemory.h"
+#include "kernels/ImageMemory.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Wrapping.h"
 

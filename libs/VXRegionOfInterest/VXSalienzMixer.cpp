@@ -2,38 +2,104 @@
 
 #include "VXGaussROI.h"
 #include "VXHistogramROI.h"
+#include "VXMaxFilter.h"
 #include "VXSalienzAchanta.h"
 #include "VXSobelROI.h"
 #include "VXVeryImportantAreasROI.h"
 #include "kernels/Blend.h"
-#include "kernels/BytePlane.h"
-#include "kernels/FreshMemory.h"
+#include "kernels/CentrePrior.h"
+#include "kernels/ImageMemory.h"
+#include "kernels/Levels.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Scaling.h"
+#include "kernels/SurroundContrast.h"
 #include "kernels/Wrapping.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+#include <vector>
 
 namespace {
 
-constexpr int sobelWeight = 20;
-constexpr int gaussWeight = 2;
-constexpr int histogramWeight = -10; // the map is subtracted
-constexpr int veryImportantAreasWeight = 20;
-constexpr int achantaWeight = 10;
+// The map of a method, or its levels where kernels make them of the picture alone: a byte a pixel is soon
+// written and read. Null where it is black.
+using MapOf = QImage (*)(VXAbstractROI& roi, const QImage& words);
+
+QImage mapByEvaluating(VXAbstractROI& roi, const QImage& words) { return roi.evaluate(words); }
+
+// Black for every image: its object may as well see one without pixels, which leaves it the kernel that it
+// has after any other.
+QImage edgeLevels(VXAbstractROI& roi, const QImage& /*words*/) { return roi.evaluate(QImage()); }
+
+QImage priorLevels(VXAbstractROI& /*roi*/, const QImage& words)
+{
+    QImage levels = vx::kernels::uninitializedLevels(words.size());
+    vx::kernels::centrePrior(levels);
+    return levels;
+}
+
+QImage contrastLevels(VXAbstractROI& /*roi*/, const QImage& words)
+{
+    QImage levels = vx::kernels::uninitializedLevels(words.size());
+    vx::kernels::surroundContrast(words, levels);
+    return VXMaxFilter(vx::kernels::contrastSpread, vx::kernels::contrastThreshold)
+        .evaluate(levels);
+}
+
+template <typename Method> VXAbstractROI* created() { return new Method(); }
+
+// What the mixer knows of a method; those that it does not create are injected.
+struct KnownMethod {
+    VXSalienzMethod name;
+    int weight;
+    VXAbstractROI* (*create)();
+    MapOf mapOf;
+};
+
+// In the order in which they are created and in which analyze() runs them: the one that takes most memory
+// comes before there are maps of others. A negative weight subtracts the map.
+constexpr std::array<KnownMethod, 5> knownMethods { {
+    { Achanta, 10, created<VXSalienzAchanta>, contrastLevels },
+    { Sobel, 20, created<VXSobelROI>, edgeLevels },
+    { Gauss, 2, created<VXGaussROI>, priorLevels },
+    { Histogram, -10, created<VXHistogramROI>, mapByEvaluating },
+    { VeryImportantAreas, 20, nullptr, mapByEvaluating },
+} };
+
+int defaultWeightOf(VXSalienzMethod method)
+{
+    return std::find_if(knownMethods.begin(), knownMethods.end(),
+        [method](const KnownMethod& known) { return known.name == method; })
+        ->weight;
+}
+
+// Blends maps that nobody needs afterwards. One that is as large as the result becomes it, because to take
+// in fresh memory costs more than the arithmetic.
+QImage blended(const QSize& size, std::vector<QImage> maps, const QList<int>& weights)
+{
+    const std::vector<vx::kernels::MapView> views(maps.begin(), maps.end());
+    const auto reusable = std::find_if(maps.begin(), maps.end(),
+        [](const QImage& map) { return map.format() == QImage::Format_ARGB32; });
+    QImage result = reusable != maps.end()
+        ? std::move(*reusable)
+        : vx::kernels::uninitializedImage(size, QImage::Format_ARGB32);
+    vx::kernels::blend(views, weights, result);
+    return result;
+}
 
 } // namespace
 
 VXSalienzMixer::VXSalienzMixer(const QSize& size)
     : workingSize(size)
 {
-    methods.insert(Achanta, new VXSalienzAchanta());
-    methods.insert(Sobel, new VXSobelROI());
-    methods.insert(Gauss, new VXGaussROI());
-    methods.insert(Histogram, new VXHistogramROI());
-
-    methods.value(Sobel)->setWeight(sobelWeight);
-    methods.value(Gauss)->setWeight(gaussWeight);
-    methods.value(Histogram)->setWeight(histogramWeight);
-    methods.value(Achanta)->setWeight(achantaWeight);
+    for (const KnownMethod& known : knownMethods) {
+        if (known.create == nullptr)
+            continue;
+        methods.insert(known.name, known.create());
+        methods.value(known.name)->setWeight(known.weight);
+    }
 }
 
 VXSalienzMixer::~VXSalienzMixer()
@@ -74,7 +140,7 @@ VXHistogramROI* VXSalienzMixer::histogramROI() const
 void VXSalienzMixer::injectVeryImportantAreas(const QList<QRect>& areas, const QSize& size)
 {
     methods.insert(VeryImportantAreas, new VXVeryImportantAreasROI(areas, size));
-    methods.value(VeryImportantAreas)->setWeight(veryImportantAreasWeight);
+    methods.value(VeryImportantAreas)->setWeight(defaultWeightOf(VeryImportantAreas));
 }
 
 void VXSalienzMixer::updateHistogramBinsChannel1(int bins) { histogramROI()->setBin1(bins); }
@@ -108,49 +174,27 @@ void VXSalienzMixer::updateHistogramMinHeight(double fraction)
 
 QImage VXSalienzMixer::analyze(const QImage& image)
 {
-    const QList<int> weights = gatherWeights();
-    const QImage map = weights.size() > 1 ? blendedLevels(image, weights) : QImage();
-    if (!map.isNull())
-        return map;
-    const QList<QImage> maps = gatherResults(image);
-    return maps.size() > 1 ? mix(maps, weights) : maps.value(0, image);
-}
-
-// The same as mixing what gatherResults() returns, but no map is written only to be read again: to touch
-// fresh memory costs more than the arithmetic on it. Null where a map would be.
-QImage VXSalienzMixer::blendedLevels(const QImage& image, const QList<int>& weights) const
-{
-    const QImage working = vx::kernels::toPixelWords(vx::kernels::scaledInto(workingSize, image));
-    QImage map = vx::kernels::uninitializedImage(working.size(), QImage::Format_ARGB32);
-    if (map.isNull())
-        return map;
-    std::vector<vx::kernels::BytePlane> levels;
-    for (const VXSalienzMethod method : methods.keys()) {
-        if (isMethodEnabled(method))
-            levels.push_back(levelsOf(method, working));
+    // A single map is returned as it is.
+    if (gatherWeights().size() < 2) {
+        const QList<QImage> maps = gatherResults(image);
+        return maps.isEmpty() ? vx::kernels::copyOf(image) : maps.first();
     }
-    vx::kernels::blend(levels, weights, map);
-    return map;
-}
-
-vx::kernels::BytePlane VXSalienzMixer::levelsOf(VXSalienzMethod method, const QImage& working) const
-{
-    // NOLINTBEGIN(cppcoreguidelines-pro-type-static-cast-downcast): as histogramROI()
-    VXAbstractROI* const roi = roiMethod(method);
-    switch (method) {
-    case Sobel:
-        return static_cast<VXSobelROI*>(roi)->levels(working);
-    case Gauss:
-        return static_cast<VXGaussROI*>(roi)->levels(working);
-    case Histogram:
-        return static_cast<VXHistogramROI*>(roi)->levels(working);
-    case Achanta:
-        return static_cast<VXSalienzAchanta*>(roi)->levels(working);
-    case VeryImportantAreas:
-        break;
+    const QImage words = vx::kernels::toPixelWords(vx::kernels::scaledInto(workingSize, image));
+    if (words.isNull())
+        return vx::kernels::copyOf(image);
+    std::vector<QImage> maps;
+    QList<int> weights;
+    QList<int> weightsOfBlack; // they count in the divisor
+    for (const KnownMethod& known : knownMethods) {
+        if (!isMethodEnabled(known.name))
+            continue;
+        VXAbstractROI* const method = roiMethod(known.name);
+        QImage map = known.mapOf(*method, words);
+        (map.isNull() ? weightsOfBlack : weights).append(method->getWeight());
+        if (!map.isNull())
+            maps.push_back(std::move(map));
     }
-    // NOLINTEND(cppcoreguidelines-pro-type-static-cast-downcast)
-    return vx::kernels::redPlaneOf(roi->evaluate(working));
+    return blended(words.size(), std::move(maps), weights + weightsOfBlack);
 }
 
 QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
@@ -180,10 +224,10 @@ QImage VXSalienzMixer::mix(const QList<QImage>& maps, const QList<int>& weights)
     if (maps.isEmpty())
         return QImage();
 
-    std::vector<vx::kernels::BytePlane> levels;
-    for (const QImage& map : maps)
-        levels.push_back(vx::kernels::redPlaneOf(vx::kernels::toPixelWords(map)));
-    QImage blended = vx::kernels::uninitializedImage(maps.first().size(), QImage::Format_ARGB32);
-    vx::kernels::blend(levels, weights, blended);
-    return blended;
+    QList<QImage> words;
+    std::transform(maps.begin(), maps.end(), std::back_inserter(words), vx::kernels::toPixelWords);
+    const std::vector<vx::kernels::MapView> views(words.begin(), words.end());
+    QImage result = vx::kernels::uninitializedImage(maps.first().size(), QImage::Format_ARGB32);
+    vx::kernels::blend(views, weights, result);
+    return result;
 }

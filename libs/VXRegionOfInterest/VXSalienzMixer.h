@@ -47,9 +47,10 @@ public:
     /// \param size bound in pixels into which pictures are scaled, keeping their aspect ratio,
     ///        small ones up as well as large ones down. QSize() and any other size with a side
     ///        below 0 switch scaling off. A size with a zero side leaves nothing to evaluate:
-    ///        analyze() then returns the picture itself. One whose maps do not fit into memory lets
-    ///        std::bad_alloc out of analyze(), or returns the picture where Qt gives up first.
-    explicit VXSalienzMixer(const QSize& size);
+    ///        analyze() then returns a copy of the picture itself, as it does where the working image
+    ///        would have more columns than a QImage can have. One whose images do not fit into memory
+    ///        lets std::bad_alloc out of analyze().
+    VXSalienzMixer(const QSize& size);
 
     /// Deletes the methods.
     ~VXSalienzMixer();
@@ -101,7 +102,7 @@ public:
     /// Computes the blended salience map of \a image.
     /// \return with several maps, mix() of them and of gatherWeights(). With one map, that map as
     ///         it is: its weight, even a negative one, is not applied. With none (every method off,
-    ///         or a null \a image), \a image itself, unscaled and in its own format.
+    ///         or a null \a image), a copy of \a image itself, unscaled and in its own format.
     QImage analyze(const QImage& image);
 
     /// Scales \a image into the working size and evaluates each enabled method on it.
@@ -127,11 +128,6 @@ public:
     QImage mix(const QList<QImage>& maps, const QList<int>& weights);
 
 private:
-    Q_DECL_HIDDEN QImage blendedLevels(const QImage& image, const QList<int>& weights) const;
-    // The levels of the map that a method makes of the working image.
-    Q_DECL_HIDDEN vx::kernels::BytePlane levelsOf(
-        VXSalienzMethod method, const QImage& working) const;
-
     QMap<VXSalienzMethod, VXAbstractROI*> methods;
     QSize workingSize;
 };

@@ -21,8 +21,8 @@
 /// **Settings**: the loaded kernel, which convolute() applies; evaluate() loads both in turn and
 /// leaves the vertical one behind.
 ///
-/// **Costs** nine multiplications per pixel, channel and kernel, and a square root per pixel; where
-/// the image is opaque black, a look at every pixel. In a mixer it costs nothing but the black map.
+/// **Costs** for evaluate() one write per pixel, since the map is known to be black; for convolute() nine
+/// multiplications per pixel and channel, for combine() a square root per pixel.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXSobelROI : public VXAbstractROI {
@@ -39,8 +39,7 @@ public:
     /// For each pixel the absolute sums of the three channels are added and divided by 12,
     /// truncated, which keeps Sobel responses within 0 to 255. Border pixels repeat their nearest
     /// inner pixel. \return a grey ARGB32 image of the same size with the alpha of \a image; opaque
-    /// black when a side is below 3 pixels; null for a null image. An opaque black ARGB32 image is its
-    /// own response and shares its pixels.
+    /// black when a side is below 3 pixels; null for a null image.
     virtual QImage convolute(const QImage& image) const;
 
     /// Loads the kernel that responds to horizontal edges: 1 2 1, 0 0 0, -1 -2 -1.
@@ -63,10 +62,5 @@ public:
     QImage combine(const QImage& horizontal, const QImage& vertical);
 
 private:
-    friend class VXSalienzMixer;
-
-    // The levels of the map that evaluate() makes, without its pixels.
-    Q_DECL_HIDDEN vx::kernels::BytePlane levels(const QImage& image);
-
     std::array<int, 9> kernel {};
 };

@@ -1,6 +1,6 @@
 #include "VXVeryImportantAreasROI.h"
 
-#include "kernels/FreshMemory.h"
+#include "kernels/ImageMemory.h"
 
 #include <QDebug>
 #include <QMessageLogger>

@@ -16,15 +16,17 @@ QImage plainBlend(const QList<QImage>& maps, const QList<int>& weights)
     return target;
 }
 
+std::vector<vx::kernels::MapView> viewsOf(const QList<QImage>& maps)
+{
+    return std::vector<vx::kernels::MapView>(maps.begin(), maps.end());
+}
+
 testing::AssertionResult fastEqualsPlain(const QList<QImage>& maps, const QList<int>& weights)
 {
     return support::everyVariantGives(
         plainBlend(maps, weights), [&](const vx::kernels::RowLoops& loops) {
-            std::vector<vx::kernels::BytePlane> planes;
-            for (const QImage& map : maps)
-                planes.push_back(vx::kernels::redPlaneOf(map, loops));
             QImage target(maps.first().size(), QImage::Format_ARGB32);
-            vx::kernels::blend(planes, weights, target, loops);
+            vx::kernels::blend(viewsOf(maps), weights, target, loops);
             return target;
         });
 }
@@ -98,9 +100,40 @@ TEST(Blend, mapsOfOtherSizesEndWhereTheyEnd)
 
 TEST(Blend, nullTargetIsLeftAlone)
 {
-    std::vector<vx::kernels::BytePlane> maps;
-    maps.push_back(vx::kernels::redPlaneOf(support::noise(4, 4, 1)));
+    const QImage map = support::noise(4, 4, 1);
     QImage target;
-    vx::kernels::blend(maps, { 1 }, target);
+    vx::kernels::blend(viewsOf({ map }), { 1 }, target);
     EXPECT_TRUE(target.isNull());
+}
+
+TEST(Blend, levelsCountLikeTheMapsThatTheyStandFor)
+{
+    for (int width = 1; width <= 40; ++width) {
+        const QImage levels
+            = support::noise(width, 7, 3).convertToFormat(QImage::Format_Grayscale8);
+        const QImage map = support::noise(width, 7, 4);
+        for (const QList<int>& weights : { QList<int> { 9, -2 }, QList<int> { INT_MAX, 5 } }) {
+            const QImage plain
+                = plainBlend({ levels.convertToFormat(QImage::Format_ARGB32), map }, weights);
+            ASSERT_TRUE(support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
+                QImage target(levels.size(), QImage::Format_ARGB32);
+                vx::kernels::blend(viewsOf({ levels, map }), weights, target, loops);
+                return target;
+            })) << width;
+        }
+    }
+}
+
+TEST(Blend, theTargetMayBeOneOfTheMaps)
+{
+    const QImage other = support::noise(67, 9, 5);
+    for (const QList<int>& weights : { QList<int> { 9, -2 }, QList<int> { INT_MAX, 5 } }) {
+        const QImage plain = plainBlend({ other, support::noise(67, 9, 6) }, weights);
+        EXPECT_TRUE(support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
+            QImage target = support::noise(67, 9, 6);
+            vx::kernels::blend({ vx::kernels::MapView(other), vx::kernels::MapView(target) },
+                weights, target, loops);
+            return target;
+        }));
+    }
 }

@@ -1,6 +1,6 @@
 #include "kernels/CentrePrior.h"
 
-#include "support/GreyPlanes.h"
+#include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/Variants.h"
 
@@ -23,13 +23,11 @@ TEST(CentrePrior, fastEqualsPlainForEverySizeUpTo40)
     for (int height = 0; height <= 40; ++height) {
         for (int width = 0; width <= 40; ++width) {
             const QSize size(width, height);
-            const QImage plain = support::greyImage(size, [](vx::kernels::BytePlane& levels) {
-                vx::kernels::reference::centrePrior(levels);
-            });
+            const QImage plain = support::greyImage(
+                size, [](QImage& levels) { vx::kernels::reference::centrePrior(levels); });
             ASSERT_TRUE(support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
-                return support::greyImage(size, [&](vx::kernels::BytePlane& levels) {
-                    vx::kernels::centrePrior(levels, loops);
-                });
+                return support::greyImage(
+                    size, [&](QImage& levels) { vx::kernels::centrePrior(levels, loops); });
             }));
         }
     }

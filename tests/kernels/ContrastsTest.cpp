@@ -1,5 +1,6 @@
 #include "kernels/Contrasts.h"
 #include "kernels/ContrastEstimates.h"
+#include "kernels/Levels.h"
 #include "kernels/LumaChroma.h"
 #include "kernels/PixelWords.h"
 #include "kernels/Planes.h"
@@ -121,7 +122,7 @@ TEST(ContrastEstimates, areWithinToleranceForLargerImages)
 TEST(ContrastEstimates, levelsAreMostlyCertain)
 {
     for (const QImage& image : support::variedImages(640, 480, 5)) {
-        kernels::BytePlane levels = kernels::uninitializedPlane(image.size());
+        QImage levels = kernels::uninitializedLevels(image.size());
         EXPECT_TRUE(
             kernels::ContrastEstimates(image, kernels::fastestRowLoops()).writeLevels(levels));
     }
@@ -131,7 +132,18 @@ TEST(ContrastEstimates, levelsOfAChessboardAreNot)
 {
     const QImage image = support::chessboard(640, 480, 15);
     for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
-        kernels::BytePlane levels = kernels::uninitializedPlane(image.size());
+        QImage levels = kernels::uninitializedLevels(image.size());
+        EXPECT_FALSE(kernels::ContrastEstimates(image, *loops).writeLevels(levels)) << loops->name;
+    }
+}
+
+// The tolerance is derived for lengths that are off by 1 at most, and one colour is never off.
+TEST(ContrastEstimates, levelsOfAnImageOfFiveMillionColumnsAreNot)
+{
+    QImage image(5000000, 1, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
+        QImage levels = kernels::uninitializedLevels(image.size());
         EXPECT_FALSE(kernels::ContrastEstimates(image, *loops).writeLevels(levels)) << loops->name;
     }
 }

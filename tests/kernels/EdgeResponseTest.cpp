@@ -124,31 +124,3 @@ TEST(EdgeResponse, combinationTakesAMissingPartOfTheSecondAsZero)
         EXPECT_TRUE(combinesLikePlain(a, b));
     }
 }
-
-TEST(EdgeResponse, blackSharesItsPixelsWithItsResponseAndMagnitude)
-{
-    QImage black(9, 7, QImage::Format_ARGB32);
-    black.fill(qRgb(0, 0, 0));
-    QImage response(black.size(), QImage::Format_ARGB32);
-    respondToKernel(black, lopsided, 12, response);
-    EXPECT_EQ(response.constBits(), black.constBits());
-    QImage magnitude(black.size(), QImage::Format_ARGB32);
-    combineResponses(response, black, magnitude);
-    EXPECT_EQ(magnitude.constBits(), black.constBits());
-}
-
-TEST(EdgeResponse, almostBlackImagesRespondLikePlain)
-{
-    for (const QPoint& position : { QPoint(0, 0), QPoint(8, 0), QPoint(4, 3), QPoint(8, 6) }) {
-        QImage image(9, 7, QImage::Format_ARGB32);
-        image.fill(qRgb(0, 0, 0));
-        QImage black = image;
-        image.setPixel(position, qRgb(0, 0, 200));
-        EXPECT_TRUE(respondsLikePlain(image, lopsided));
-        image.setPixel(position, qRgba(0, 0, 0, 254));
-        EXPECT_TRUE(respondsLikePlain(image, lopsided));
-        EXPECT_TRUE(combinesLikePlain(image, black));
-        image.setPixel(position, qRgb(7, 0, 0));
-        EXPECT_TRUE(combinesLikePlain(black, image));
-    }
-}

@@ -22,7 +22,7 @@ QImage chromaBins(const QImage& image, const vx::kernels::RowLoops& loops)
 {
     QImage bins(image.size(), QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y)
-        loops.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256, 256,
+        loops.chroma.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256, 256,
             vx::kernels::writableWordRow(bins, y));
     return bins;
 }

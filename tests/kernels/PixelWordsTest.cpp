@@ -46,6 +46,28 @@ TEST(PixelWords, valuesAreWhatQImageSaysOfEachPixel)
     }
 }
 
+// Larger than what is converted at once, narrow and wide.
+TEST(PixelWords, largeImagesBecomeWhatQtMakesOfThem)
+{
+    for (int format = 1; format < QImage::NImageFormats; ++format) {
+        for (const QSize& size : { QSize(401, 333), QSize(1, 140000), QSize(140000, 2) }) {
+            QImage image = support::noise(size.width(), size.height(), 1)
+                               .convertToFormat(static_cast<QImage::Format>(format));
+            image.setText(QStringLiteral("Title"), QStringLiteral("Noise"));
+            image.setDevicePixelRatio(1.5);
+            image.setDotsPerMeterY(77);
+            image.setOffset(QPoint(1, 2));
+            const QImage expected = image.convertToFormat(QImage::Format_ARGB32);
+            const QImage converted = vx::kernels::toArgb32(image);
+            ASSERT_TRUE(support::sameImage(expected, converted)) << "format " << format;
+            EXPECT_EQ(converted.textKeys(), expected.textKeys());
+            EXPECT_EQ(converted.devicePixelRatio(), expected.devicePixelRatio());
+            EXPECT_EQ(converted.dotsPerMeterY(), expected.dotsPerMeterY());
+            EXPECT_EQ(converted.offset(), expected.offset());
+        }
+    }
+}
+
 TEST(PixelWords, aNullImageStaysNullWithoutAMessage)
 {
     const support::MessageTrap trap;
@@ -82,16 +104,6 @@ TEST(PixelWords, fillingAPartIsPaintingIt)
             EXPECT_NE(filled, image) << "format " << format;
         }
     }
-}
-
-TEST(PixelWords, greyIsFilledAsPaintedWherePixelsCountForMoreThanOne)
-{
-    QImage painted = support::noise(21, 15, 1).convertToFormat(QImage::Format_Grayscale8);
-    painted.setDevicePixelRatio(2);
-    QImage filled = painted;
-    QPainter(&painted).fillRect(QRect(3, 1, 5, 4), Qt::white);
-    vx::kernels::fillOpaque(QRect(3, 1, 5, 4), 0xFFFFFFFFU, filled);
-    EXPECT_EQ(filled, painted);
 }
 
 TEST(PixelWords, opaqueGreyRepeatsTheLevel)

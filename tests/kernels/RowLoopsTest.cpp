@@ -22,7 +22,7 @@ TEST(RowLoops, everyVariantIsCompiledOnItsOwn)
             if (a == b)
                 continue;
             EXPECT_STRNE(a->name, b->name);
-            EXPECT_NE(a->writeMaxima, b->writeMaxima);
+            EXPECT_NE(a->dilation.writeMaxima, b->dilation.writeMaxima);
         }
     }
 }
@@ -71,7 +71,8 @@ TEST(RowLoops, smallSumsAreDividedLikeIntegers)
                 expected.push_back(qRgb(level, level, level));
             }
             for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
-                loops->blendFew(maps.data(), static_cast<int>(tall.size()), divisor, actual.data());
+                loops->blend.blendFew(
+                    maps.data(), static_cast<int>(tall.size()), divisor, actual.data());
                 ASSERT_EQ(actual, expected)
                     << loops->name << ", divisor " << divisor << ", sign " << sign;
             }

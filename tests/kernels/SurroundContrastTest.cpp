@@ -1,6 +1,9 @@
 #include "kernels/SurroundContrast.h"
 
-#include "support/GreyPlanes.h"
+#include "kernels/ContrastEstimates.h"
+#include "kernels/Contrasts.h"
+
+#include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/TestImages.h"
 #include "support/Variants.h"
@@ -9,13 +12,11 @@ namespace {
 
 testing::AssertionResult fastEqualsPlain(const QImage& image)
 {
-    const QImage plain = support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
-        vx::kernels::reference::surroundContrast(image, levels);
-    });
+    const QImage plain = support::greyImage(image.size(),
+        [&](QImage& levels) { vx::kernels::reference::surroundContrast(image, levels); });
     return support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
-        return support::greyImage(image.size(), [&](vx::kernels::BytePlane& levels) {
-            vx::kernels::surroundContrast(image, levels, loops);
-        });
+        return support::greyImage(image.size(),
+            [&](QImage& levels) { vx::kernels::surroundContrast(image, levels, loops); });
     });
 }
 
@@ -47,9 +48,33 @@ TEST(SurroundContrast, fastEqualsPlainWhereRoundingDecides)
         EXPECT_TRUE(fastEqualsPlain(support::chessboard(640, 480, side))) << side;
 }
 
+// So many bright rows that the sums of a run outgrow the words that hold them. Runs are as wide as a vector
+// is: each variant of the loops gives up at a number of rows of its own.
+TEST(SurroundContrast, isExactForMoreRowsThanSumsCanHold)
+{
+    for (const vx::kernels::RowLoops* const loops : vx::kernels::availableRowLoops()) {
+        const int runLength = loops->contrast.runLength;
+        const int mostRows = 2147483647 / (2 * runLength * 255);
+        EXPECT_TRUE(vx::kernels::ContrastEstimates::canEstimate(QSize(1, mostRows), *loops));
+        EXPECT_FALSE(vx::kernels::ContrastEstimates::canEstimate(QSize(1, mostRows + 1), *loops));
+
+        QImage image(4 * runLength + 2, mostRows + 300, QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y) {
+            auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
+            for (int x = 0; x < image.width(); ++x) // bright, and not even
+                row[x] = qRgb(255 - x % 3, 255 - y % 7, 250 + (x + y) % 5);
+        }
+        QImage exact = vx::kernels::uninitializedLevels(image.size());
+        vx::kernels::Contrasts(image, *loops).writeLevels(exact);
+        QImage levels = vx::kernels::uninitializedLevels(image.size());
+        vx::kernels::surroundContrast(image, levels, *loops);
+        EXPECT_EQ(levels, exact) << loops->name;
+    }
+}
+
 TEST(SurroundContrast, leavesTheLevelsOfANullImageAlone)
 {
-    vx::kernels::BytePlane levels = vx::kernels::uninitializedPlane(QSize(0, 0));
+    QImage levels = vx::kernels::uninitializedLevels(QSize(0, 0));
     vx::kernels::surroundContrast(QImage(), levels);
-    EXPECT_EQ(levels.width, 0);
+    EXPECT_EQ(levels.width(), 0);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FreshMemory.h"
+#include "ImageMemory.h"
 
 #include <algorithm>
 #include <cstddef>

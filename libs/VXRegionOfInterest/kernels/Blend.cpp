@@ -1,5 +1,6 @@
 #include "Blend.h"
 
+#include "AlignedArray.h"
 #include "PixelWords.h"
 
 #include <algorithm>
@@ -27,47 +28,98 @@ bool areSumsSmall(const QList<int>& weights)
     return most <= mostOfSmallSums;
 }
 
-bool haveAllOf(const QSize& size, const std::vector<BytePlane>& maps)
+bool haveAllOf(const QSize& size, const std::vector<MapView>& maps)
 {
-    return std::all_of(maps.begin(), maps.end(), [&](const BytePlane& map) {
-        return map.width >= size.width() && map.height >= size.height();
+    return std::all_of(maps.begin(), maps.end(), [&](const MapView& map) {
+        return map.width() >= size.width() && map.height() >= size.height();
     });
 }
 
+// The levels of a row of several maps, each with a buffer of its own.
+class RowsOfLevels {
+public:
+    RowsOfLevels(const std::vector<MapView>& blendedMaps, const RowLoops& rowLoops)
+        : maps(blendedMaps)
+        , loops(rowLoops)
+        , stride(widestOf(maps))
+        , buffers(maps.size() * stride)
+    {
+    }
+
+    const quint8* at(std::size_t map, int y) const
+    {
+        return maps[map].levels(y, buffers.get() + map * stride, loops);
+    }
+
+private:
+    static std::size_t widestOf(const std::vector<MapView>& maps)
+    {
+        int widest = 0;
+        for (const MapView& map : maps)
+            widest = std::max(widest, map.width());
+        return static_cast<std::size_t>(widest);
+    }
+
+    const std::vector<MapView>& maps;
+    const RowLoops& loops;
+    std::size_t stride;
+    AlignedArray<quint8> buffers;
+};
+
 // In place of maps that there are too few of, the first one counts nothing.
-void blendFew(const std::vector<BytePlane>& maps, const QList<int>& weights, qint32 divisor,
+void blendFew(const std::vector<MapView>& maps, const QList<int>& weights, qint32 divisor,
     QImage& target, const RowLoops& loops)
 {
+    const RowsOfLevels levels(maps, loops);
     for (int y = 0; y < target.height(); ++y) {
         std::array<WeightedBytes, mapsAtOnce> rows {};
-        rows.fill({ maps.front().row(y), 0 });
         for (std::size_t i = 0; i < maps.size(); ++i)
-            rows[i] = { maps[i].row(y), static_cast<qint16>(weights.value(static_cast<int>(i))) };
-        loops.blendFew(rows.data(), target.width(), divisor, writableWordRow(target, y));
+            rows[i] = { levels.at(i, y), static_cast<qint16>(weights.value(static_cast<int>(i))) };
+        std::fill(rows.begin() + static_cast<std::ptrdiff_t>(maps.size()), rows.end(),
+            WeightedBytes { rows.front().bytes, 0 });
+        loops.blend.blendFew(rows.data(), target.width(), divisor, writableWordRow(target, y));
     }
 }
 
-void blendAny(const std::vector<BytePlane>& maps, const QList<int>& weights, qint32 divisor,
+void blendAny(const std::vector<MapView>& maps, const QList<int>& weights, qint32 divisor,
     QImage& target, const RowLoops& loops)
 {
+    const RowsOfLevels levels(maps, loops);
     std::vector<quint32> sums(static_cast<std::size_t>(target.width()));
     for (int y = 0; y < target.height(); ++y) {
         std::fill(sums.begin(), sums.end(), 0);
-        int index = 0;
-        for (const BytePlane& map : maps) {
-            const auto weight = static_cast<quint32>(weights.value(index++));
-            if (y < map.height)
-                loops.addWeighted(
-                    map.row(y), std::min(map.width, target.width()), weight, sums.data());
+        for (std::size_t i = 0; i < maps.size(); ++i) {
+            const auto weight = static_cast<quint32>(weights.value(static_cast<int>(i)));
+            if (y < maps[i].height())
+                loops.blend.addWeighted(levels.at(i, y), std::min(maps[i].width(), target.width()),
+                    weight, sums.data());
         }
-        loops.divideSums(sums.data(), target.width(), divisor, writableWordRow(target, y));
+        loops.blend.divideSums(sums.data(), target.width(), divisor, writableWordRow(target, y));
     }
 }
 
 } // namespace
 
-void vx::kernels::blend(const std::vector<BytePlane>& maps, const QList<int>& weights,
-    QImage& target, const RowLoops& loops)
+vx::kernels::MapView::MapView(const QImage& map)
+    : first(map.constBits())
+    , bytesPerRow(map.bytesPerLine())
+    , columns(map.width())
+    , rows(map.height())
+    , holdsWords(map.depth() == 32)
+{
+}
+
+const quint8* vx::kernels::MapView::levels(int y, quint8* buffer, const RowLoops& loops) const
+{
+    const uchar* const row = first + y * bytesPerRow;
+    if (!holdsWords)
+        return row;
+    loops.pixels.readReds(reinterpret_cast<const QRgb*>(row), columns, buffer);
+    return buffer;
+}
+
+void vx::kernels::blend(const std::vector<MapView>& maps, const QList<int>& weights, QImage& target,
+    const RowLoops& loops)
 {
     const qint32 divisor = divisorOf(weights);
     const bool areSmall = divisor > 0 && areSumsSmall(weights) && !maps.empty()

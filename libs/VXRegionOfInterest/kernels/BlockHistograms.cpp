@@ -26,8 +26,8 @@ vx::kernels::BinTables vx::kernels::BlockHistograms::ofRow(int row)
 void vx::kernels::BlockHistograms::findBins(int firstRow)
 {
     for (int y = 0; y < grid.block.height(); ++y)
-        loops.findChromaBins(wordRow(words, firstRow + y), width, grid.binRows, grid.binColumns,
-            indices.get() + static_cast<std::ptrdiff_t>(y) * width);
+        loops.chroma.findChromaBins(wordRow(words, firstRow + y), width, grid.binRows,
+            grid.binColumns, indices.get() + static_cast<std::ptrdiff_t>(y) * width);
 }
 
 void vx::kernels::BlockHistograms::writeHistogram(int column, const Bins& histogram)

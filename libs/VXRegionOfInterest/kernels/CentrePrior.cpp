@@ -2,6 +2,8 @@
 
 #include "CentrePrior.h"
 
+#include "Levels.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -31,15 +33,16 @@ std::vector<double> bumpAlong(int length)
 // of the exact level, and truncate alike because no exact level is that close to an integer: 4 d²
 // is an integer n, so the levels are 255 · exp(-n / 135200), and for n > 0 none of them lies within
 // 1e-6 of an integer above 0 (a test walks them all). At n = 0 both are exactly 255.
-void vx::kernels::centrePrior(BytePlane& levels, const RowLoops& loops)
+void vx::kernels::centrePrior(QImage& levels, const RowLoops& loops)
 {
-    const std::vector<double> columnBump = bumpAlong(levels.width);
-    const std::vector<double> rowBump = bumpAlong(levels.height);
-    const int height = levels.height;
+    const std::vector<double> columnBump = bumpAlong(levels.width());
+    const std::vector<double> rowBump = bumpAlong(levels.height());
+    const int height = levels.height();
     for (int y = 0; y <= height / 2 && y < height; ++y) {
         const double rowPeak = rowBump[static_cast<std::size_t>(y)] * peak;
-        loops.writeProducts(columnBump.data(), levels.width, rowPeak, levels.row(y));
+        loops.numbers.writeProducts(
+            columnBump.data(), levels.width(), rowPeak, writableLevelRow(levels, y));
     }
     for (int y = height / 2 + 1; y < height; ++y)
-        std::copy_n(levels.row(height - y), levels.width, levels.row(y));
+        std::copy_n(levelRow(levels, height - y), levels.width(), writableLevelRow(levels, y));
 }

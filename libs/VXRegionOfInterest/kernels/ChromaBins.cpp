@@ -32,7 +32,8 @@ void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
     BinCounts counts(bins.rows, bins.columns);
     std::vector<quint32> indices(static_cast<std::size_t>(words.width()));
     for (int y = 0; y < words.height(); ++y) {
-        loops.findBins(wordRow(words, y), words.width(), bins.rows, bins.columns, indices.data());
+        loops.chroma.findBins(
+            wordRow(words, y), words.width(), bins.rows, bins.columns, indices.data());
         counts.add(indices.data(), words.width());
     }
     counts.moveInto(bins, loops);
@@ -145,7 +146,7 @@ void vx::kernels::BinCounts::add(const quint32* indices, int count)
 
 void vx::kernels::BinCounts::moveInto(const Bins& bins, const RowLoops& loops)
 {
-    loops.sumTables(tables.data(), bins.rows, bins.columns, bins.values, bins.emptyRows);
+    loops.chroma.sumTables(tables.data(), bins.rows, bins.columns, bins.values, bins.emptyRows);
     std::fill_n(counts.get(), tableCount * stride, 0);
 }
 
@@ -162,7 +163,7 @@ void vx::kernels::normalizeBins(const Bins& bins, const RowLoops& loops)
     Range values { 1000.0, 0.0 };
     for (int i = 0; i < bins.rows; ++i) {
         if (bins.emptyRows[i] == 0)
-            loops.widenRange(bins.row(i), bins.columns, values);
+            loops.numbers.widenRange(bins.row(i), bins.columns, values);
         else
             values.least = std::min(values.least, 0.0);
     }

@@ -4,121 +4,74 @@
 #include "SlidingMaximum.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
 using namespace vx::kernels;
 
-// Spreads pixels of any colour. A key holds a red value and says where it comes first, so that of equal
-// reds the earlier one wins. Keys are signed numbers that are never negative: every processor compares
-// vectors of those.
-template <typename Key, int positionBits> class ColourSpreading {
-public:
-    ColourSpreading(const QImage& sourceImage, int armPixels, int redThreshold)
-        : source(sourceImage)
-        , width(static_cast<std::size_t>(source.width()))
-        , height(static_cast<std::size_t>(source.height()))
-        , arm(static_cast<std::size_t>(armPixels))
-        , threshold(redThreshold)
-        , rowKeys(width * height)
-    {
-    }
-
-    void writeInto(QImage& result)
-    {
-        for (std::size_t y = 0; y < height; y += lanes)
-            findRowKeys(y, std::min(lanes, height - y));
-        for (std::size_t x = 0; x < width; x += lanes)
-            overwriteColumns(x, std::min(lanes, width - x), result);
-    }
-
-private:
-    // Rows or columns that are worked on side by side.
-    static constexpr std::size_t lanes = 64;
-
+// Keys of pixels of any colour: a red value, and below it how far the pixel is from the last position of
+// its row or column, so that of equal reds the earlier one is greater. They are never negative: every
+// processor compares vectors of signed numbers.
+template <typename Key, int positionBits> struct ColourKeys {
     static constexpr Key lastPosition = (Key { 1 } << positionBits) - 1;
 
-    // How far it is to the last position: of equal reds, the earlier has the greater key.
-    Key keyOf(QRgb pixel, std::size_t position) const
+    static Key keyOf(QRgb pixel, int position, int threshold)
     {
-        if (qRed(pixel) <= threshold)
-            return 0;
-        return (static_cast<Key>(qRed(pixel)) << positionBits)
-            + (lastPosition - static_cast<Key>(position));
+        return qRed(pixel) <= threshold
+            ? 0
+            : (static_cast<Key>(qRed(pixel)) << positionBits) + (lastPosition - position);
     }
     static int redOf(Key key) { return static_cast<int>(key >> positionBits); }
     static int positionOf(Key key) { return static_cast<int>(lastPosition - (key & lastPosition)); }
-
-    // Scan order meets the column above (x, y) first, then its row, then the column below.
-    QRgb winner(Key row, Key column, int x, int y) const
-    {
-        const bool columnComesFirst
-            = redOf(column) > redOf(row) || (redOf(column) == redOf(row) && positionOf(column) < y);
-        return columnComesFirst ? wordRow(source, positionOf(column))[x]
-                                : wordRow(source, y)[positionOf(row)];
-    }
-
-    const QRgb* sourceRow(std::size_t y) const { return wordRow(source, static_cast<int>(y)); }
-
-    void findRowKeys(std::size_t firstRow, std::size_t count)
-    {
-        std::vector<Key> keys(width * count);
-        for (std::size_t lane = 0; lane < count; ++lane) {
-            const QRgb* const pixels = sourceRow(firstRow + lane);
-            for (std::size_t x = 0; x < width; ++x)
-                keys[x * count + lane] = keyOf(pixels[x], x);
-        }
-        slidingMaximum(keys, width, count, arm);
-        for (std::size_t lane = 0; lane < count; ++lane) {
-            Key* const row = &rowKeys[(firstRow + lane) * width];
-            for (std::size_t x = 0; x < width; ++x)
-                row[x] = keys[x * count + lane];
-        }
-    }
-
-    void overwriteColumns(std::size_t firstColumn, std::size_t count, QImage& result)
-    {
-        std::vector<Key> keys(height * count);
-        for (std::size_t y = 0; y < height; ++y) {
-            const QRgb* const pixels = sourceRow(y) + firstColumn;
-            for (std::size_t lane = 0; lane < count; ++lane)
-                keys[y * count + lane] = keyOf(pixels[lane], y);
-        }
-        slidingMaximum(keys, height, count, arm);
-        for (std::size_t y = 0; y < height; ++y)
-            overwriteRow(firstColumn, y, &keys[y * count], count, result);
-    }
-
-    void overwriteRow(std::size_t firstColumn, std::size_t y, const Key* columnKeys,
-        std::size_t count, QImage& result) const
-    {
-        QRgb* const pixels = writableWordRow(result, static_cast<int>(y)) + firstColumn;
-        const Key* const keys = &rowKeys[y * width + firstColumn];
-        const QRgb alwaysSet = bitsAlwaysSet(source);
-        for (std::size_t i = 0; i < count; ++i) {
-            if (std::max(redOf(keys[i]), redOf(columnKeys[i])) > qRed(pixels[i]))
-                pixels[i] = alwaysSet
-                    | winner(keys[i], columnKeys[i], static_cast<int>(firstColumn + i),
-                        static_cast<int>(y));
-        }
-    }
-
-    const QImage& source;
-    const std::size_t width;
-    const std::size_t height;
-    const std::size_t arm;
-    const int threshold;
-    std::vector<Key> rowKeys;
 };
+
+// Scan order meets the column above row y first, then the row, then the column below.
+template <typename Keys, typename Key> bool comesColumnFirst(Key row, Key column, int y)
+{
+    return Keys::redOf(column) > Keys::redOf(row)
+        || (Keys::redOf(column) == Keys::redOf(row) && Keys::positionOf(column) < y);
+}
+
+template <typename Key, int positionBits>
+void spread(const QImage& source, int arm, int threshold, const RowLoops& loops, QImage& result)
+{
+    using Keys = ColourKeys<Key, positionBits>;
+    const int width = source.width();
+    const QRgb alwaysSet = bitsAlwaysSet(source);
+    KeyPlane<Key> columnKeys(width, source.height());
+    for (int y = 0; y < source.height(); ++y)
+        std::transform(wordRow(source, y), wordRow(source, y) + width, columnKeys.row(y),
+            [=](QRgb pixel) { return Keys::keyOf(pixel, y, threshold); });
+
+    const AlignedArray<Key> rowKeys(static_cast<std::size_t>(width));
+    MaximaAlongRow<Key> alongRow(width, arm, loops);
+    MaximaOfRows<Key> ofRows(columnKeys, arm, loops);
+    for (int y = 0; y < source.height(); ++y) {
+        const QRgb* const pixels = wordRow(source, y);
+        for (int x = 0; x < width; ++x)
+            rowKeys[static_cast<std::size_t>(x)] = Keys::keyOf(pixels[x], x, threshold);
+        const Key* const along = alongRow.of(rowKeys.get());
+        const Key* const down = ofRows.next(y);
+        QRgb* const target = writableWordRow(result, y);
+        for (int x = 0; x < width; ++x) {
+            if (Keys::redOf(std::max(along[x], down[x])) <= qRed(pixels[x]))
+                continue;
+            const QRgb winner = comesColumnFirst<Keys>(along[x], down[x], y)
+                ? wordRow(source, Keys::positionOf(down[x]))[x]
+                : pixels[Keys::positionOf(along[x])];
+            target[x] = alwaysSet | winner;
+        }
+    }
+}
 
 } // namespace
 
-void vx::kernels::spreadColours(const QImage& source, int arm, int threshold, QImage& result)
+void vx::kernels::spreadColours(
+    const QImage& source, int arm, int threshold, const RowLoops& loops, QImage& result)
 {
     constexpr int bitsOfFew = 23;
     if (std::max(source.width(), source.height()) <= (1 << bitsOfFew))
-        ColourSpreading<qint32, bitsOfFew>(source, arm, threshold).writeInto(result);
+        spread<qint32, bitsOfFew>(source, arm, threshold, loops, result);
     else
-        ColourSpreading<qint64, 32>(source, arm, threshold).writeInto(result);
+        spread<qint64, 32>(source, arm, threshold, loops, result);
 }

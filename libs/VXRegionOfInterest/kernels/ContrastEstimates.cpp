@@ -3,20 +3,28 @@
 #include "ContrastEstimates.h"
 
 #include "ContrastTolerance.h"
-#include "FreshMemory.h"
+#include "Levels.h"
 #include "PixelWords.h"
 #include "SurroundSpan.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
+
+// A word of a run's sums holds two columns for each column of the run so far, in each row of the surround,
+// and is read as a signed number. No surround has more rows than the image.
+bool vx::kernels::ContrastEstimates::canEstimate(const QSize& size, const RowLoops& loops)
+{
+    const int mostOfRow = 2 * loops.contrast.runLength * 255;
+    return size.height() <= INT_MAX / mostOfRow;
+}
 
 vx::kernels::ContrastEstimates::ContrastEstimates(const QImage& image, const RowLoops& rowLoops)
     : words(image)
     , loops(rowLoops)
     , width(image.width())
     , height(image.height())
-    , values(
-          withRoomToSpare((byteCount(image.size()) + rowMargin) * sizeof(double)) / sizeof(double))
+    , values(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + rowMargin)
     , sumScales(withMargin(width), 1.0)
     , squareScales(withMargin(width), 1.0)
     , columnTolerances(withMargin(width), 1.0)
@@ -38,7 +46,8 @@ const double* vx::kernels::ContrastEstimates::row(int y) const
 }
 
 // Squares of lengths a and b differ by |a - b| · (a + b). With t the tolerance of the length a, that is
-// at most t · (2a + t), and 2a is at most a² / 32 + 32.
+// at most t · (2a + t), and 2a is at most a² / 32 + 32. For t up to 1 it is at
+// most t · (a² / 32 + 33); writeLevels() sees to that.
 vx::kernels::Tolerance vx::kernels::ContrastEstimates::tolerance(int y) const
 {
     const double ofLength = lengthTolerance(rowTolerance(y, width, height));
@@ -56,7 +65,9 @@ double vx::kernels::ContrastEstimates::greatestLengthTolerance() const
     return lengthTolerance(ofRows * ofColumns);
 }
 
-bool vx::kernels::ContrastEstimates::writeLevels(BytePlane& levels) const
+// Lengths may be off by more than tolerance() allows for, in images of more than four million columns. The
+// range, of two squares that are off by as much each, is never certain then.
+bool vx::kernels::ContrastEstimates::writeLevels(QImage& levels) const
 {
     const double ofLength = greatestLengthTolerance();
     const auto toleranceOf = [=](double estimate) {
@@ -69,13 +80,14 @@ bool vx::kernels::ContrastEstimates::writeLevels(BytePlane& levels) const
     if (range != static_cast<int>(difference + ofRange))
         return false;
     if (range == 0) {
-        std::fill_n(levels.values.get(), byteCount(words.size()), quint8 { 0 });
+        levels.fill(0);
         return true;
     }
     for (int y = 0; y < height; ++y) {
         Tolerance inRow = tolerance(y);
         inRow.floor += ofLeast;
-        if (!loops.writeLevels(row(y), width, inRow, valueRange.least, range, levels.row(y)))
+        if (!loops.contrast.writeLevels(
+                row(y), width, inRow, valueRange.least, range, writableLevelRow(levels, y)))
             return false;
     }
     return true;
@@ -105,7 +117,7 @@ void vx::kernels::ContrastEstimates::estimate()
         const double weights = smoothingWeights(y, height);
         const SurroundScale scale { sumScales.get(), squareScales.get(), weights / rows.count(),
             1.0 / (weights * weights) };
-        loops.estimateContrasts(width, surrounds(),
+        loops.contrast.estimateContrasts(width, surrounds(),
             { smoothedRow(y - 1), smoothedRow(y), smoothedRow(y + 1) }, scale,
             values.get() + static_cast<std::ptrdiff_t>(y) * width, valueRange);
     }
@@ -117,7 +129,7 @@ void vx::kernels::ContrastEstimates::moveRows(int first, int last, bool adds)
     if (first > last)
         return;
     const QRgb* const second = first < last ? wordRow(words, last) : noPixels.get();
-    loops.moveSurrounds(wordRow(words, first), second, width, adds, surrounds());
+    loops.contrast.moveSurrounds(wordRow(words, first), second, width, adds, surrounds());
 }
 
 vx::kernels::Surrounds vx::kernels::ContrastEstimates::surrounds() const
@@ -128,7 +140,7 @@ vx::kernels::Surrounds vx::kernels::ContrastEstimates::surrounds() const
 void vx::kernels::ContrastEstimates::smoothRow(int y)
 {
     if (y < height)
-        loops.smoothAlong(wordRow(words, y), width, smoothedRow(y));
+        loops.contrast.smoothAlong(wordRow(words, y), width, smoothedRow(y));
 }
 
 vx::kernels::PackedRow vx::kernels::ContrastEstimates::smoothedRow(int y) const

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "AlignedArray.h"
-#include "BytePlane.h"
 #include "SurroundBuffers.h"
 #include "loops/RowLoops.h"
 
@@ -19,7 +18,11 @@ namespace vx::kernels {
 /// stretched to are few: nearly always all of them are certain.
 class ContrastEstimates {
 public:
-    /// Makes them all. \pre \a image has 32 bits per pixel and is not null.
+    /// Whether sums of whole surrounds fit into the words that \a loops keep them in: not for images of
+    /// some hundred thousand rows.
+    static bool canEstimate(const QSize& size, const RowLoops& loops);
+
+    /// Makes them all. \pre \a image has 32 bits per pixel and is not null, and canEstimate() is true.
     ContrastEstimates(const QImage& image, const RowLoops& rowLoops);
 
     const double* row(int y) const;
@@ -29,7 +32,7 @@ public:
 
     /// Fills \a levels with the levels of the contrasts.
     /// \return false if a level is not certain; then \a levels holds nothing of use.
-    bool writeLevels(BytePlane& levels) const;
+    bool writeLevels(QImage& levels) const;
 
 private:
     static constexpr std::size_t smoothedCount = 3;

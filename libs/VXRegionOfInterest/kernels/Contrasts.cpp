@@ -2,6 +2,7 @@
 
 #include "Contrasts.h"
 
+#include "Levels.h"
 #include "LumaChroma.h"
 #include "PixelWords.h"
 
@@ -74,20 +75,20 @@ const double* vx::kernels::Contrasts::row(int y) const
     return values.get() + static_cast<std::ptrdiff_t>(y) * width;
 }
 
-void vx::kernels::Contrasts::writeLevels(BytePlane& levels) const
+void vx::kernels::Contrasts::writeLevels(QImage& levels) const
 {
     Range extremes { 1073741824, 0 };
     for (int y = 0; y < height; ++y)
-        loops.widenRange(row(y), width, extremes);
+        loops.numbers.widenRange(row(y), width, extremes);
     const int range = static_cast<int>(extremes.greatest - extremes.least);
     if (range == 0) {
-        std::fill_n(levels.values.get(), byteCount(words.size()), quint8 { 0 });
+        levels.fill(0);
         return;
     }
     const AlignedArray<double> nothing(static_cast<std::size_t>(width), 0.0);
     for (int y = 0; y < height; ++y)
-        loops.writeLevels(
-            row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range, levels.row(y));
+        loops.contrast.writeLevels(row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range,
+            writableLevelRow(levels, y));
 }
 
 // Rows outside the image are zeros.

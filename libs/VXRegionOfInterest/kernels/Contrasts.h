@@ -1,7 +1,6 @@
 #pragma once
 
 #include "AlignedArray.h"
-#include "BytePlane.h"
 #include "SurroundSpan.h"
 #include "loops/RowLoops.h"
 
@@ -47,7 +46,7 @@ public:
     const double* row(int y) const;
 
     /// Fills \a levels with the levels of the contrasts.
-    void writeLevels(BytePlane& levels) const;
+    void writeLevels(QImage& levels) const;
 
 private:
     std::vector<Colour> smoothedAlong(int y) const;

@@ -16,7 +16,7 @@ RedMeasure measureCube(const QImage& words, const QRect& cube, int meanPixel, co
     RedMeasure all {};
     for (int y = cube.top(); y <= cube.bottom(); ++y) {
         const RedMeasure row
-            = loops.measureReds(wordRow(words, y) + cube.left(), cube.width(), meanPixel);
+            = loops.pixels.measureReds(wordRow(words, y) + cube.left(), cube.width(), meanPixel);
         all = { all.sum + row.sum, all.excess + row.excess, all.above + row.above };
     }
     return all;
@@ -59,7 +59,7 @@ int vx::kernels::totalRed(const QImage& words, const RowLoops& loops)
 {
     quint64 total = 0;
     for (int y = 0; y < words.height(); ++y)
-        total += loops.measureReds(wordRow(words, y), words.width(), 0).sum;
+        total += loops.pixels.measureReds(wordRow(words, y), words.width(), 0).sum;
     return static_cast<int>(static_cast<quint32>(total));
 }
 

@@ -42,7 +42,10 @@ private:
         return { { first, first + width, first + 2 * width } };
     }
 
-    void takeIn(int y) { loops.splitChannels(wordRow(words, y), words.width(), channelsOf(y)); }
+    void takeIn(int y)
+    {
+        loops.edges.splitChannels(wordRow(words, y), words.width(), channelsOf(y));
+    }
 
     const QImage& words;
     const RowLoops& loops;
@@ -57,11 +60,6 @@ void vx::kernels::respondToKernel(const QImage& words, const Kernel3x3& kernel, 
 {
     const int width = target.width();
     const int height = target.height();
-    // Black does not respond: it is its own response, and no pixel needs to be written.
-    if (isOpaqueBlack(words) && words.format() == target.format()) {
-        target = words;
-        return;
-    }
     if (width < 3 || height < 3) {
         target.fill(opaqueBlack);
         return;
@@ -71,7 +69,7 @@ void vx::kernels::respondToKernel(const QImage& words, const Kernel3x3& kernel, 
     ChannelWindow window(words, loops);
     for (int y = 1; y < height - 1; ++y) {
         QRgb* const row = writableWordRow(target, y);
-        loops.respondAlongRow(
+        loops.edges.respondAlongRow(
             window.around(y).data(), width, weights.data(), divisor, wordRow(words, y), row);
         row[0] = row[1];
         row[width - 1] = row[width - 2];
@@ -83,13 +81,6 @@ void vx::kernels::respondToKernel(const QImage& words, const Kernel3x3& kernel, 
 void vx::kernels::combineResponses(
     const QImage& horizontal, const QImage& vertical, QImage& target, const RowLoops& loops)
 {
-    // The magnitude of black responses is black as well. Those of a black image are one image.
-    const bool areOneImage = horizontal.constBits() == vertical.constBits();
-    if (isOpaqueBlack(horizontal) && (areOneImage || isOpaqueBlack(vertical))
-        && horizontal.format() == target.format()) {
-        target = horizontal;
-        return;
-    }
     // What lies beyond the edges of the vertical response.
     const std::vector<QRgb> nothing(static_cast<std::size_t>(target.width()));
     const int bothWide = std::min(target.width(), vertical.width());
@@ -98,8 +89,8 @@ void vx::kernels::combineResponses(
         QRgb* const magnitudes = writableWordRow(target, y);
         const int inBoth = y < vertical.height() ? bothWide : 0;
         if (inBoth > 0)
-            loops.writeMagnitudes(across, wordRow(vertical, y), inBoth, magnitudes);
-        loops.writeMagnitudes(
+            loops.edges.writeMagnitudes(across, wordRow(vertical, y), inBoth, magnitudes);
+        loops.edges.writeMagnitudes(
             across + inBoth, nothing.data(), target.width() - inBoth, magnitudes + inBoth);
     }
 }

@@ -6,5 +6,5 @@ void vx::kernels::packLumaChroma(
     const QImage& words, const QSize& size, QImage& target, const RowLoops& loops)
 {
     for (int y = 0; y < size.height(); ++y)
-        loops.packLumaChroma(wordRow(words, y), size.width(), writableWordRow(target, y));
+        loops.chroma.packLumaChroma(wordRow(words, y), size.width(), writableWordRow(target, y));
 }

@@ -1,14 +1,16 @@
 #include "MaxFilter.h"
 
 #include "ColourSpreading.h"
-#include "GreySpreading.h"
 #include "PixelWords.h"
+#include "SlidingMaximum.h"
 
 #include <algorithm>
 
 namespace {
 
 using namespace vx::kernels;
+
+using LevelPlane = KeyPlane<quint8>;
 
 // For formats in which a pixel that was set may read differently: each pixel meets its candidates
 // in scan order and is read anew whenever one overwrites it.
@@ -36,16 +38,60 @@ void spreadThroughPixels(const QImage& source, int arm, int threshold, QImage& r
     }
 }
 
-// The red values above the threshold. \return whether those pixels are opaque grey: then their red value
-// is the whole pixel.
-bool readKeys(const QImage& source, int threshold, const RowLoops& loops, BytePlane& keys)
+// Whether all pixels above the threshold are opaque grey: then their red values, which become the keys,
+// are the whole pixels.
+bool readKeys(const QImage& source, int threshold, const RowLoops& loops, LevelPlane& keys)
 {
     const QRgb alwaysSet = bitsAlwaysSet(source);
-    for (int y = 0; y < source.height(); ++y) {
-        if (!loops.readKeys(wordRow(source, y), source.width(), threshold, alwaysSet, keys.row(y)))
+    for (int y = 0; y < keys.height; ++y) {
+        if (!loops.dilation.readKeys(
+                wordRow(source, y), keys.width, threshold, alwaysSet, keys.row(y)))
             return false;
     }
     return true;
+}
+
+// Calls write(y, along, down) for every row, with the greatest keys in reach of its pixels.
+template <typename Write>
+void spreadKeys(const LevelPlane& keys, int arm, const RowLoops& loops, const Write& write)
+{
+    MaximaAlongRow<quint8> alongRow(keys.width, arm, loops);
+    MaximaOfRows<quint8> ofRows(keys, arm, loops);
+    for (int y = 0; y < keys.height; ++y)
+        write(y, alongRow.of(keys.row(y)), ofRows.next(y));
+}
+
+QImage spreadWords(const QImage& source, int arm, int threshold, const RowLoops& loops)
+{
+    LevelPlane keys(source.width(), source.height());
+    if (!readKeys(source, threshold, loops, keys)) {
+        QImage result = copyOf(source);
+        spreadColours(source, arm, threshold, loops, result);
+        return result;
+    }
+    QImage result = sameWithoutPixels(source);
+    spreadKeys(keys, arm, loops, [&](int y, const quint8* along, const quint8* down) {
+        loops.dilation.spreadRow(
+            along, down, keys.width, wordRow(source, y), writableWordRow(result, y));
+    });
+    return result;
+}
+
+QImage spreadLevels(const QImage& source, int arm, int threshold, const RowLoops& loops)
+{
+    LevelPlane keys(source.width(), source.height());
+    bool spreads = false;
+    for (int y = 0; y < keys.height; ++y)
+        spreads |= loops.dilation.keepAbove(
+            source.constScanLine(y), keys.width, threshold, keys.row(y));
+    if (!spreads)
+        return copyOf(source);
+    QImage result = sameWithoutPixels(source);
+    spreadKeys(keys, arm, loops, [&](int y, const quint8* along, const quint8* down) {
+        loops.dilation.writeGreatest(
+            source.constScanLine(y), along, down, keys.width, result.scanLine(y));
+    });
+    return result;
 }
 
 } // namespace
@@ -53,45 +99,18 @@ bool readKeys(const QImage& source, int threshold, const RowLoops& loops, BytePl
 QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, const RowLoops& loops)
 {
     const bool isIndexed = source.pixelFormat().colorModel() == QPixelFormat::Indexed;
-    if (arm < 1 || isIndexed || source.isNull())
-        return source;
+    if (source.isNull() || arm < 1 || isIndexed)
+        return copyOf(source);
+    if (source.format() == QImage::Format_Grayscale8)
+        return spreadLevels(source, arm, threshold, loops);
 
     const bool holdsWords
         = source.format() == QImage::Format_ARGB32 || source.format() == QImage::Format_RGB32;
-    if (!holdsWords) {
-        QImage result = source.copy();
-        spreadThroughPixels(source, arm, threshold, result);
-        return result;
-    }
-    // Where all pixels are alike, none is below another.
-    if (isOneWord(source))
-        return source;
-    BytePlane keys = uninitializedPlane(source.size());
-    if (readKeys(source, threshold, loops, keys)) {
-        QImage result = sameWithoutPixels(source);
-        spreadKeys(
-            keys, arm, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
-                loops.spreadRow(alongRow, alongColumns, source.width(), wordRow(source, y),
-                    writableWordRow(result, y));
-            });
-        return result;
-    }
-    QImage result = source.copy();
-    spreadColours(source, arm, threshold, result);
+    // Where all words are alike, none is below another.
+    if (holdsWords)
+        return isOneWord(source, loops) ? copyOf(source)
+                                        : spreadWords(source, arm, threshold, loops);
+    QImage result = copyOf(source);
+    spreadThroughPixels(source, arm, threshold, result);
     return result;
-}
-
-void vx::kernels::maxFilter(BytePlane& levels, int arm, int threshold, const RowLoops& loops)
-{
-    const QSize size(levels.width, levels.height);
-    BytePlane keys = uninitializedPlane(size);
-    const bool spreads = loops.keepAbove(levels.values.get(),
-        static_cast<std::ptrdiff_t>(byteCount(size)), threshold, keys.values.get());
-    if (arm < 1 || !spreads)
-        return;
-    spreadKeys(keys, arm, loops, [&](int y, const quint8* alongRow, const quint8* alongColumns) {
-        quint8* const row = levels.row(y);
-        loops.writeMaxima(row, alongRow, levels.width, row);
-        loops.writeMaxima(row, alongColumns, levels.width, row);
-    });
 }

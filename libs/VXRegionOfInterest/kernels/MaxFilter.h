@@ -1,6 +1,5 @@
 #pragma once
 
-#include "BytePlane.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
@@ -13,13 +12,9 @@ namespace vx::kernels {
 /// within \a arm columns in its row, then those within \a arm rows in its column, wherever the
 /// result so far has a smaller red value. Pixels are read and written as QImage::pixel and
 /// QImage::setPixel do; formats whose setPixel takes an index cannot take up a colour and stay as
-/// they are. \return the result, in the format of \a source.
+/// they are. \return the result, in the format of \a source and in memory of its own.
 QImage maxFilter(
     const QImage& source, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
-
-/// The same to the levels of an opaque grey image, in place.
-void maxFilter(
-    BytePlane& levels, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Overwrites pixel by pixel.

@@ -11,17 +11,29 @@ namespace vx::kernels {
 
 /// Decides, for the whole library, how a picture is read.
 /// \return \a image itself, whatever its format, when it has 32 bits per pixel: its words are read
-///         as they are. An ARGB32 copy of any other depth. A null image stays null.
+///         as they are. toArgb32() of any other depth. A null image stays null.
 QImage toPixelWords(const QImage& image);
 
+/// What QImage::convertToFormat makes of \a image in QImage::Format_ARGB32, converted in this thread. (Qt
+/// converts large images in threads of its own, and waits for ever where the system refuses them.) An
+/// ARGB32 image shares its pixels. Null for a null image, and for one that no QImage can hold in 32 bits
+/// per pixel. \throws std::bad_alloc
+QImage toArgb32(const QImage& image);
+
 /// What QImage::pixel says of each pixel of \a image, as an ARGB32 image. A null image stays null.
+/// \throws std::bad_alloc
 QImage toPixelValues(const QImage& image);
 
-/// Whether all pixels of \a words, an image of 32 bits per pixel, are the same word.
-bool isOneWord(const QImage& words, const RowLoops& loops = fastestRowLoops());
+/// A copy of \a image, with all its properties, in memory of its own. A null image stays null.
+/// \throws std::bad_alloc
+QImage copyOf(const QImage& image);
 
-/// Whether all pixels of \a words, an image of 32 bits per pixel, are opaque black.
-bool isOpaqueBlack(const QImage& words);
+/// What copyOf() makes of \a image, but for the pixels, which are not written. \pre \a image is not null.
+/// \throws std::bad_alloc
+QImage sameWithoutPixels(const QImage& image);
+
+/// Whether all pixels of \a words, an image of 32 bits per pixel that is not null, are the same word.
+bool isOneWord(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 /// Row \a y of an image of 32 bits per pixel, for reading.
 inline const QRgb* wordRow(const QImage& words, int y)
@@ -34,9 +46,6 @@ inline QRgb* writableWordRow(QImage& words, int y)
 {
     return reinterpret_cast<QRgb*>(words.scanLine(y));
 }
-
-/// An image with the size, the format and all the properties of \a image; its pixels are not written.
-QImage sameWithoutPixels(const QImage& image);
 
 /// The bits that a pixel read from or set in an ARGB32 or RGB32 image has, whatever its word holds: in
 /// RGB32 all pixels are opaque.
@@ -52,9 +61,14 @@ inline bool holdsOpaqueWords(QImage::Format format)
         || format == QImage::Format_ARGB32_Premultiplied;
 }
 
-/// Fills a part of an image of any format but palette ones. \pre \a part lies within the image, and \a
-/// colour is opaque.
+/// Fills a part of an image of any format but palette ones, given in the coordinates that QPainter has for
+/// it: on an image with a device pixel ratio of 2, two pixels are one. \pre \a part lies within the image,
+/// and \a colour is opaque.
 void fillOpaque(const QRect& part, QRgb colour, QImage& image);
+
+/// Writes the first row of \a words into the rows of \a target from \a first to before \a end. \pre both have
+/// 32 bits per pixel and the same width, and \a target has these rows.
+void repeatRow(const QImage& words, int first, int end, QImage& target);
 
 constexpr QRgb opaqueBlack = 0xFF000000U;
 

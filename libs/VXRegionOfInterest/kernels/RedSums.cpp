@@ -23,7 +23,7 @@ QList<long long> vx::kernels::columnRedSums(const QImage& words, const RowLoops&
         end = words.height() - first < rowsAtOnce ? words.height() : first + rowsAtOnce;
         std::fill(partialSums.begin(), partialSums.end(), 0U);
         for (int y = first; y < end; ++y)
-            loops.addReds(wordRow(words, y), words.width(), partialSums.data());
+            loops.pixels.addReds(wordRow(words, y), words.width(), partialSums.data());
         std::transform(sums.begin(), sums.end(), partialSums.begin(), sums.begin(), std::plus<>());
     }
     return QList<long long>(sums.cbegin(), sums.cend());
@@ -34,7 +34,7 @@ QList<long long> vx::kernels::rowRedSums(const QImage& words, const RowLoops& lo
     QList<long long> sums;
     sums.reserve(words.height());
     for (int y = 0; y < words.height(); ++y)
-        sums.append(
-            static_cast<long long>(loops.measureReds(wordRow(words, y), words.width(), 0).sum));
+        sums.append(static_cast<long long>(
+            loops.pixels.measureReds(wordRow(words, y), words.width(), 0).sum));
     return sums;
 }

@@ -1,11 +1,15 @@
 #pragma once
 
-#include "BytePlane.h"
 #include "loops/RowLoops.h"
 
 #include <QImage>
 
 namespace vx::kernels {
+
+/// How the map of the surround contrast is spread, by a maximum filter of this size in pixels: arms of 45.
+constexpr int contrastSpread = 90;
+/// The level that a pixel of it must exceed to spread.
+constexpr int contrastThreshold = 150;
 
 /// Fills \a levels with the contrast of each pixel of \a words, an image of 32 bits per pixel, to its
 /// surround; both have the same size.
@@ -21,11 +25,11 @@ namespace vx::kernels {
 /// the area, and the smoothed value that of smoothSeparably(). Needs 8 bytes of memory per pixel and
 /// a few rows.
 void surroundContrast(
-    const QImage& words, BytePlane& levels, const RowLoops& loops = fastestRowLoops());
+    const QImage& words, QImage& levels, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
 /// Builds whole planes and integral images.
-void surroundContrast(const QImage& words, BytePlane& levels);
+void surroundContrast(const QImage& words, QImage& levels);
 } // namespace reference
 
 } // namespace vx::kernels

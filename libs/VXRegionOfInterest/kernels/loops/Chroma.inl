@@ -107,3 +107,13 @@ void sumTables(
         emptyRows[row] = all == 0 ? 1 : 0;
     }
 }
+
+constexpr ChromaLoops chromaLoops()
+{
+    ChromaLoops loops {};
+    loops.packLumaChroma = packLumaChroma;
+    loops.findBins = findBins;
+    loops.findChromaBins = findChromaBins;
+    loops.sumTables = sumTables;
+    return loops;
+}

@@ -50,3 +50,12 @@ void writeMagnitudes(const QRgb* across, const QRgb* down, int count, QRgb* __re
         magnitudes[i] = (across[i] & 0xFF000000U) | grey(static_cast<QRgb>(magnitude) & 0xFFU);
     }
 }
+
+constexpr EdgeLoops edgeLoops()
+{
+    EdgeLoops loops {};
+    loops.splitChannels = splitChannels;
+    loops.respondAlongRow = respondAlongRow;
+    loops.writeMagnitudes = writeMagnitudes;
+    return loops;
+}

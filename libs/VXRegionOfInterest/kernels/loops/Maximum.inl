@@ -65,6 +65,15 @@ void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8*
     __builtin_memcpy(maxima + lastFirst, &last, sizeof last);
 }
 
+void writeGreatest(
+    const quint8* a, const quint8* b, const quint8* c, int count, quint8* __restrict greatest)
+{
+    for (int i = 0; i < count; ++i) {
+        const quint8 ofTwo = a[i] > b[i] ? a[i] : b[i];
+        greatest[i] = ofTwo > c[i] ? ofTwo : c[i];
+    }
+}
+
 void spreadRow(
     const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* __restrict target)
 {
@@ -72,4 +81,15 @@ void spreadRow(
         const quint8 key = a[i] > b[i] ? a[i] : b[i];
         target[i] = key > (source[i] >> 16U & 0xFFU) ? opaqueGrey(key) : source[i];
     }
+}
+
+constexpr DilationLoops dilationLoops()
+{
+    DilationLoops loops {};
+    loops.readKeys = readKeys;
+    loops.keepAbove = keepAbove;
+    loops.writeMaxima = writeMaxima;
+    loops.writeGreatest = writeGreatest;
+    loops.spreadRow = spreadRow;
+    return loops;
 }

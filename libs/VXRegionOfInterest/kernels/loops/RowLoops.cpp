@@ -53,47 +53,26 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 // These first, because others stand on them.
 #include "Vectors.inl"
 
-#include "Range.inl"
+#include "Numbers.inl"
 
+#include "Pixels.inl"
+
+#include "Estimates.inl"
+#include "Surrounds.inl"
+
+#include "Contrast.inl"
+
+#include "Blend.inl"
 #include "Chroma.inl"
 #include "Edges.inl"
-#include "Estimates.inl"
-#include "Levels.inl"
 #include "Maximum.inl"
-#include "Surrounds.inl"
 
 } // namespace
 
 namespace vx::kernels::loops {
 
 extern const RowLoops VXROI_LOOPS;
-const RowLoops VXROI_LOOPS = {
-    VX_NAME_OF(VXROI_LOOPS),
-    smoothAlong,
-    moveSurrounds,
-    estimateContrasts,
-    writeLevels,
-    writeProducts,
-    writeGrey,
-    areAll,
-    readReds,
-    addReds,
-    measureReds,
-    addWeighted,
-    divideSums,
-    blendFew,
-    packLumaChroma,
-    findBins,
-    findChromaBins,
-    sumTables,
-    widenRange,
-    splitChannels,
-    respondAlongRow,
-    writeMagnitudes,
-    readKeys,
-    keepAbove,
-    writeMaxima,
-    spreadRow,
-};
+const RowLoops VXROI_LOOPS = { VX_NAME_OF(VXROI_LOOPS), pixelLoops(), numberLoops(),
+    contrastLoops(), blendLoops(), chromaLoops(), edgeLoops(), dilationLoops() };
 
 } // namespace vx::kernels::loops

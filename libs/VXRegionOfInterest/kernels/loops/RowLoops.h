@@ -91,7 +91,7 @@ struct WeightedBytes {
     qint16 weight;
 };
 
-/// How many maps are blended at once: as many as the mixer has methods.
+/// How many maps are blended at once; more of them are added up one after the other.
 constexpr std::size_t mapsAtOnce = 5;
 
 /// What the red values of a row say of it.
@@ -101,9 +101,36 @@ struct RedMeasure {
     quint64 above; ///< how many are above it
 };
 
-/// The loops as they are compiled for one kind of processor.
-struct RowLoops {
-    const char* name; ///< the kind of processor: "plain", "avx2" or "avx512"
+/// Loops over pixels and levels.
+struct PixelLoops {
+    /// Writes levels as opaque grey.
+    void (*writeGrey)(const quint8* levels, int count, QRgb* pixels);
+
+    /// Whether pixels are all the same \a word.
+    bool (*areAll)(const QRgb* pixels, int count, QRgb word);
+
+    /// Reads the red values of pixels.
+    void (*readReds)(const QRgb* pixels, int count, quint8* reds);
+
+    /// Adds the red values of pixels.
+    void (*addReds)(const QRgb* pixels, int count, quint32* sums);
+
+    /// Measures the red values of pixels against \a mean.
+    RedMeasure (*measureReds)(const QRgb* pixels, int count, int mean);
+};
+
+/// Loops over numbers.
+struct NumberLoops {
+    /// Widens \a range to \a count more numbers; what is not a number is passed over.
+    void (*widenRange)(const double* numbers, std::ptrdiff_t count, Range& range);
+
+    /// Writes the products of \a values and \a factor, truncated. \pre all lie between 0 and 255.
+    void (*writeProducts)(const double* values, int count, double factor, quint8* levels);
+};
+
+/// The loops of the surround contrast.
+struct ContrastLoops {
+    int runLength; ///< columns in a run of \ref SurroundSums
 
     /// Adds up a row's pixels with weights 1, 2, 1 along it.
     void (*smoothAlong)(const QRgb* pixels, int width, const PackedRow& target);
@@ -122,25 +149,10 @@ struct RowLoops {
     /// \return whether the levels are the same all over the tolerance.
     bool (*writeLevels)(const double* contrasts, int count, const Tolerance& tolerance,
         double least, int range, quint8* levels);
+};
 
-    /// Writes the products of \a values and \a factor, truncated. \pre all lie between 0 and 255.
-    void (*writeProducts)(const double* values, int count, double factor, quint8* levels);
-
-    /// Writes levels as opaque grey.
-    void (*writeGrey)(const quint8* levels, int count, QRgb* pixels);
-
-    /// Whether pixels are all the same \a word.
-    bool (*areAll)(const QRgb* pixels, int count, QRgb word);
-
-    /// Reads the red values of pixels.
-    void (*readReds)(const QRgb* pixels, int count, quint8* reds);
-
-    /// Adds the red values of pixels.
-    void (*addReds)(const QRgb* pixels, int count, quint32* sums);
-
-    /// Measures the red values of pixels against \a mean.
-    RedMeasure (*measureReds)(const QRgb* pixels, int count, int mean);
-
+/// The loops of the blend.
+struct BlendLoops {
     /// Adds \a values times \a weight, 32 bits that wrap.
     void (*addWeighted)(const quint8* values, int count, quint32 weight, quint32* sums);
 
@@ -151,7 +163,10 @@ struct RowLoops {
     /// As addWeighted() for each of \ref mapsAtOnce maps and then divideSums(), faster. \pre no sum gets
     /// beyond ±\ref mostOfSmallSums, and the divisor is above 0.
     void (*blendFew)(const WeightedBytes* maps, int count, int divisor, QRgb* pixels);
+};
 
+/// The loops of luma, chroma and histograms.
+struct ChromaLoops {
     /// Packs luma and chroma as packedLumaChromaOf() does.
     void (*packLumaChroma)(const QRgb* pixels, int count, QRgb* target);
 
@@ -165,10 +180,10 @@ struct RowLoops {
     /// Adds up four tables of counts, and says of each row whether it holds nothing but zeros.
     void (*sumTables)(
         const qint32* const* tables, int rows, int columns, double* sums, quint8* emptyRows);
+};
 
-    /// Widens \a range to \a count more numbers; what is not a number is passed over.
-    void (*widenRange)(const double* numbers, std::ptrdiff_t count, Range& range);
-
+/// The loops of the edge response.
+struct EdgeLoops {
     /// Reads a row's channels.
     void (*splitChannels)(const QRgb* pixels, int count, const ShortChannels& channels);
 
@@ -179,7 +194,10 @@ struct RowLoops {
 
     /// The magnitudes of two rows of responses, see combineResponses().
     void (*writeMagnitudes)(const QRgb* across, const QRgb* down, int count, QRgb* magnitudes);
+};
 
+/// The loops of the maximum filter.
+struct DilationLoops {
     /// Writes the red values above \a threshold, and 0 for the others.
     /// \return whether all of those pixels are opaque grey once the bits \a alwaysSet are.
     bool (*readKeys)(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* keys);
@@ -188,13 +206,29 @@ struct RowLoops {
     /// \return whether there are any.
     bool (*keepAbove)(const quint8* bytes, std::ptrdiff_t count, int threshold, quint8* kept);
 
-    /// Writes the greater of each two. \a maxima may be \a a, and \a b may lie beyond it.
+    /// Writes the greater of each two. \a maxima may be \a a.
     void (*writeMaxima)(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima);
+
+    /// Writes the greatest of each three.
+    void (*writeGreatest)(
+        const quint8* a, const quint8* b, const quint8* c, int count, quint8* greatest);
 
     /// Copies pixels, except those whose red is below the greater of two keys: they become that key as
     /// opaque grey.
     void (*spreadRow)(
         const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* target);
+};
+
+/// The loops as they are compiled for one kind of processor.
+struct RowLoops {
+    const char* name; ///< the kind of processor: "plain", "avx2" or "avx512"
+    PixelLoops pixels;
+    NumberLoops numbers;
+    ContrastLoops contrast;
+    BlendLoops blend;
+    ChromaLoops chroma;
+    EdgeLoops edges;
+    DilationLoops dilation;
 };
 
 /// The loops that this processor can run, from the plainest to the fastest.

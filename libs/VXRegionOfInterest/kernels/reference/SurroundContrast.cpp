@@ -2,6 +2,7 @@
 
 #include "../SurroundContrast.h"
 
+#include "../Levels.h"
 #include "../LumaChroma.h"
 #include "../PixelWords.h"
 #include "../Planes.h"
@@ -52,7 +53,7 @@ QRect surroundOf(int x, int y, const QSize& size)
 
 } // namespace
 
-void vx::kernels::reference::surroundContrast(const QImage& words, BytePlane& levels)
+void vx::kernels::reference::surroundContrast(const QImage& words, QImage& levels)
 {
     const Channel luma = channelOf(words, &LumaChroma::luma);
     const Channel red = channelOf(words, &LumaChroma::redDifference);
@@ -78,7 +79,7 @@ void vx::kernels::reference::surroundContrast(const QImage& words, BytePlane& le
         for (int x = 0; x < words.width(); ++x) {
             const int above = static_cast<int>(contrasts.at(y * words.width() + x) - smallest);
             const int level = range == 0 ? 0 : above * 255 / range;
-            levels.row(y)[x] = static_cast<quint8>(std::clamp(level, 0, 255));
+            writableLevelRow(levels, y)[x] = static_cast<quint8>(std::clamp(level, 0, 255));
         }
     }
 }

@@ -1,6 +1,7 @@
-#include "FreshMemory.h"
+#include "ImageMemory.h"
 
-#include <algorithm>
+#include <climits>
+#include <new>
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -23,17 +24,20 @@ void vx::kernels::adviseLargePages(void* memory, std::size_t bytes)
 #endif
 }
 
-std::size_t vx::kernels::withRoomToSpare(std::size_t bytes)
-{
-    // What the allocator and an alignment add leaves the block below 32 MiB.
-    constexpr std::size_t mostBytes = (std::size_t { 32 } << 20U) - (std::size_t { 64 } << 10U);
-    return bytes < mostBytes ? std::min(3 * bytes, mostBytes) : bytes;
-}
-
 QImage vx::kernels::uninitializedImage(const QSize& size, QImage::Format format)
 {
-    QImage image(size, format);
+    const int depth = QImage::toPixelFormat(format).bitsPerPixel();
+    QImage image = held(QImage(size, format), size, depth);
     if (!image.isNull())
         adviseLargePages(image.bits(), static_cast<std::size_t>(image.sizeInBytes()));
+    return image;
+}
+
+QImage vx::kernels::held(QImage image, const QSize& size, int depth)
+{
+    // Qt counts the bits of a row, rounded up to whole words, in an int.
+    const bool isPossible = !size.isEmpty() && size.width() <= (INT_MAX - 31) / depth;
+    if (image.isNull() && isPossible)
+        throw std::bad_alloc();
     return image;
 }

@@ -1,4 +1,4 @@
-// The range of numbers.
+// Loops over numbers.
 
 // So many at once that no comparison waits for the one before it.
 constexpr int rangesAtOnce = 32;
@@ -32,4 +32,18 @@ void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
         }
     }
     range = { least[0], greatest[0] };
+}
+
+void writeProducts(const double* values, int count, double factor, quint8* __restrict levels)
+{
+    for (int i = 0; i < count; ++i)
+        levels[i] = static_cast<quint8>(static_cast<int>(values[i] * factor));
+}
+
+constexpr NumberLoops numberLoops()
+{
+    NumberLoops loops {};
+    loops.widenRange = widenRange;
+    loops.writeProducts = writeProducts;
+    return loops;
 }
