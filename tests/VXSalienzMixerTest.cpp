@@ -486,28 +486,3 @@ TEST(VXSalienzMixer, takesAtMostFortyBytesAPixelBesideThePicture)
     EXPECT_GT(peak, 8 * pixels) << "the contrasts alone";
     EXPECT_LT(peak, 40 * pixels);
 }
-
-TEST(VXSalienzMixer, findsTheMemoryOfThePictureBefore)
-{
-#ifndef __GLIBC__
-    GTEST_SKIP() << "other allocators than glibc's keep memory in their own ways";
-#endif
-    if (support::isSanitized)
-        GTEST_SKIP() << "the sanitizer keeps freed memory";
-    constexpr int pictures = 5;
-    constexpr int pagesOfAMap = 640 * 480 * 4 / 4096;
-    const QSize working(640, 480);
-    VXSalienzMixer mixer(working);
-    mixer.injectVeryImportantAreas({ QRect(100, 100, 50, 40) }, working);
-    for (const QSize& size : { working, QSize(800, 600) }) {
-        const QImage image
-            = support::noise(size.width(), size.height(), 8).convertToFormat(QImage::Format_RGB32);
-        for (int i = 0; i < pictures; ++i)
-            mixer.analyze(image);
-        const long before = support::pagesTakenIn();
-        for (int i = 0; i < pictures; ++i)
-            mixer.analyze(image);
-        EXPECT_LT(support::pagesTakenIn() - before, pictures * pagesOfAMap / 2)
-            << "less than half a map for each picture, which fills some four of them";
-    }
-}

@@ -1,7 +1,6 @@
 #include "Memory.h"
 
 #include <array>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -27,6 +26,8 @@ double statusOf(const std::string& name)
 
 double support::residentMemory() { return statusOf("VmRSS"); }
 
+double support::addressSpace() { return statusOf("VmSize"); }
+
 double support::peakMemoryOf(const std::function<void()>& work)
 {
     std::array<int, 2> ends {};
@@ -47,12 +48,4 @@ double support::peakMemoryOf(const std::function<void()>& work)
     close(ends[0]);
     waitpid(child, nullptr, 0);
     return peak;
-}
-
-long support::pagesTakenIn()
-{
-    rusage usage {};
-    getrusage(RUSAGE_SELF, &usage);
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): the system's way to tell
-    return usage.ru_minflt;
 }

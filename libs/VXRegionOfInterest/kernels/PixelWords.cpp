@@ -9,8 +9,8 @@
 
 namespace {
 
-// Qt converts no more pixels than these without its thread pool.
-constexpr int pixelsAtOnce = 1 << 16;
+// Qt converts images of less than twice as many bytes, and single rows, without its thread pool.
+constexpr int bytesAtOnce = 1 << 16;
 
 // An image with the properties of another, whose pixels are not written.
 QImage likeImage(const QImage& image, const QSize& size, QImage::Format format)
@@ -49,7 +49,7 @@ QImage vx::kernels::toArgb32(const QImage& image)
 {
     if (image.format() == QImage::Format_RGB32)
         return opaqueWordsOf(image);
-    const int rowsAtOnce = std::max(1, pixelsAtOnce / std::max(1, image.width()));
+    const int rowsAtOnce = std::max(1, bytesAtOnce / std::max(1, image.bytesPerLine()));
     if (image.height() <= rowsAtOnce || image.format() == QImage::Format_ARGB32)
         return held(image.convertToFormat(QImage::Format_ARGB32), image.size(), 32);
 
@@ -111,6 +111,9 @@ void vx::kernels::repeatRow(const QImage& words, int first, int end, QImage& tar
 
 void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
 {
+    // Qt would copy pixels that are shared as well, but leave a null image behind where there is no memory.
+    if (!image.isDetached())
+        image = copyOf(image);
     if (holdsOpaqueWords(image.format()) && image.devicePixelRatio() == 1) {
         for (int y = part.top(); y <= part.bottom(); ++y)
             std::fill_n(writableWordRow(image, y) + part.left(), part.width(), colour);
