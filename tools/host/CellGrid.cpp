@@ -1,6 +1,7 @@
 #include "CellGrid.h"
 
 #include "HostError.h"
+#include "ImageMemory.h"
 
 #include <VXRegionOfInterest/VXSalienzClusterer.h>
 
@@ -39,9 +40,9 @@ CellGrid rateCells(const QImage& map, const QSize& pictureSize, const QSize& gri
     VXSalienzClusterer clusterer;
     clusterer.setCountCubesV(grid.width()); // the clusterer's axes are crossed
     clusterer.setCountCubesH(grid.height());
-    CellGrid result {
-        clusterer.cluster(map.scaled(even, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)), {}
-    };
+    CellGrid result { clusterer.cluster(
+                          held(map.scaled(even, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))),
+        {} };
     const QSize cell(even.width() / grid.width(), even.height() / grid.height());
     for (int row = 0; row < grid.height(); ++row) {
         for (int column = 0; column < grid.width(); ++column)

@@ -1,5 +1,6 @@
 #include "Cropper.h"
 
+#include "ImageMemory.h"
 #include "PictureWriter.h"
 #include "SalienceMap.h"
 
@@ -166,9 +167,9 @@ void Cropper::write(CropRecord& record, QImage pixels) const
             QDir().mkpath(QFileInfo(crop.outputPath).path());
         const QImage view = viewOf(pixels, crop.choice.window);
         const bool isScaled = crop.outputSize != view.size();
-        files.emplace_back(isScaled
-                ? view.scaled(crop.outputSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                : view,
+        files.emplace_back(isScaled ? held(view.scaled(
+                               crop.outputSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
+                                    : view,
             crop.outputPath);
         if (files.back().differsFromExisting())
             crop.written = planForOtherContent(crop.outputPath);

@@ -1,5 +1,7 @@
 #include "Overlay.h"
 
+#include "ImageMemory.h"
+
 #include <QPainter>
 #include <QRegion>
 #include <QVector>
@@ -51,7 +53,7 @@ QVector<QRgb> heatScale(int brightest)
 // A map is grey, so its levels serve as indices into a colour table.
 QImage heatOf(const QImage& map)
 {
-    QImage heat = map.convertToFormat(QImage::Format_Grayscale8);
+    QImage heat = held(map.convertToFormat(QImage::Format_Grayscale8));
     const int brightest = brightestLevelOf(heat);
     heat.reinterpretAsFormat(QImage::Format_Indexed8);
     heat.setColorTable(heatScale(brightest));
@@ -105,10 +107,10 @@ QImage drawOverlay(
     const QImage& picture, const QImage& map, const QRect& window, const QVector<QRect>& keep)
 {
     const bool isLarge = std::max(picture.width(), picture.height()) > longestSide;
-    const QImage shown = isLarge
-        ? picture.scaled(longestSide, longestSide, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-        : picture;
-    QImage overlay = shown.convertToFormat(QImage::Format_RGB32);
+    const QImage shown = isLarge ? held(picture.scaled(longestSide, longestSide,
+                             Qt::KeepAspectRatio, Qt::SmoothTransformation))
+                                 : picture;
+    QImage overlay = held(shown.convertToFormat(QImage::Format_RGB32));
 
     QPainter painter(&overlay);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -2,6 +2,7 @@
 
 #include "CodecMessages.h"
 #include "HostError.h"
+#include "ImageMemory.h"
 #include "PictureSource.h"
 #include "SalienceMap.h"
 
@@ -49,12 +50,12 @@ bool turns(QImageIOHandler::Transformations transformation)
 // Qt's own turning of what it reads would lose the colour profile and the resolution.
 QImage orientedBy(QImageIOHandler::Transformations transformation, QImage stored)
 {
-    QImage picture
-        = std::move(stored).mirrored(transformation.testFlag(QImageIOHandler::TransformationMirror),
-            transformation.testFlag(QImageIOHandler::TransformationFlip));
+    QImage picture = held(
+        std::move(stored).mirrored(transformation.testFlag(QImageIOHandler::TransformationMirror),
+            transformation.testFlag(QImageIOHandler::TransformationFlip)));
     if (!turns(transformation))
         return picture;
-    QImage turned = picture.transformed(QTransform().rotate(90));
+    QImage turned = held(picture.transformed(QTransform().rotate(90)));
     turned.setColorSpace(picture.colorSpace());
     turned.setDotsPerMeterX(picture.dotsPerMeterY());
     turned.setDotsPerMeterY(picture.dotsPerMeterX());

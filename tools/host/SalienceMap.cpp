@@ -1,6 +1,7 @@
 #include "SalienceMap.h"
 
 #include "HostError.h"
+#include "ImageMemory.h"
 
 #include <VXRegionOfInterest/VXSalienzMixer.h>
 
@@ -51,11 +52,11 @@ QSize workingSizeOf(const QSize& picture)
 
 QImage workingImageOf(const QImage& picture)
 {
-    QImage scaled = picture.scaled(
-        workingSizeOf(picture.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage scaled = held(picture.scaled(
+        workingSizeOf(picture.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     if (!scaled.hasAlphaChannel())
-        return std::move(scaled).convertToFormat(QImage::Format_ARGB32);
-    QImage working(scaled.size(), QImage::Format_ARGB32);
+        return held(std::move(scaled).convertToFormat(QImage::Format_ARGB32));
+    QImage working = held(QImage(scaled.size(), QImage::Format_ARGB32));
     working.fill(midGrey);
     QPainter(&working).drawImage(0, 0, scaled);
     return working;
@@ -100,7 +101,7 @@ QList<QRect> workingAreas(const QVector<QRect>& areas, const QSize& picture, con
 
 QImage stretched(const QImage& map)
 {
-    QImage levels = map.convertToFormat(QImage::Format_Grayscale8);
+    QImage levels = held(map.convertToFormat(QImage::Format_Grayscale8));
     int least = 255;
     int most = 0;
     for (int y = 0; y < levels.height(); ++y) {
@@ -128,7 +129,7 @@ QImage salienceMapOf(
         [&](const NamedMethod& named) { return isEnabled(*mixer, named.method); });
     if (isAnyEnabled)
         return mixer->analyze(working);
-    QImage black(working.size(), QImage::Format_ARGB32);
+    QImage black = held(QImage(working.size(), QImage::Format_ARGB32));
     black.fill(Qt::black);
     return black;
 }

@@ -1,6 +1,7 @@
 #include "ClusterCommand.h"
 
 #include "OutputFiles.h"
+#include "WorkerThreads.h"
 
 #include "host/CellGrid.h"
 #include "host/Json.h"
@@ -37,6 +38,7 @@ void runCluster(const ClusterArguments& arguments)
     if (!output.isEmpty())
         requirePng(output);
 
+    startWorkerThreads();
     host::PictureFile picture(input, arguments.analysis.reading());
     const QImage map = host::salienceMapOf(picture.readWorkingImage(), settings);
     const host::CellGrid rated = host::rateCells(map, picture.orientedSize(), grid);

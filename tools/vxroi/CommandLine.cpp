@@ -10,6 +10,7 @@
 
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -86,6 +87,9 @@ try {
     return exitCode;
 } catch (const HostError& error) {
     return fail(error.code(), error.what());
+} catch (const std::bad_alloc&) {
+    std::cerr << noMemoryLine;
+    return ExitCode::Internal;
 } catch (const std::exception& error) {
     return fail(ExitCode::Internal, error.what() + std::string("; please report this"));
 }

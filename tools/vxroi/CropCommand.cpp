@@ -1,6 +1,7 @@
 #include "CropCommand.h"
 
 #include "Tasks.h"
+#include "WorkerThreads.h"
 #include "host/CodecMessages.h"
 
 #include <CLI/CLI.hpp>
@@ -51,6 +52,7 @@ host::ExitCode runCrop(const CropArguments& arguments)
     host::Cropper cropper(arguments.crop.rules(arguments.analysis), arguments.analysis.maxPixels);
     const bool isOnlyPicture = arguments.pictures.size() == 1;
     const bool isOnlyLine = isOnlyPicture && plan.shapes().size() == 1;
+    startWorkerThreads();
     bool hasFailed = false;
     for (const std::string& picture : arguments.pictures) {
         const CropRecord record = plan.crop(cropper, { QString::fromStdString(picture) });

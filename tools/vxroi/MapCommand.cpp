@@ -1,6 +1,7 @@
 #include "MapCommand.h"
 
 #include "OutputFiles.h"
+#include "WorkerThreads.h"
 
 #include "host/CropWindow.h"
 #include "host/HostError.h"
@@ -68,6 +69,7 @@ void runMap(const MapArguments& arguments)
         wishes.keep.append(parseArea(QString::fromStdString(area)));
 
     const QString input = QString::fromStdString(arguments.picture);
+    startWorkerThreads();
     host::PictureFile picture(input, arguments.analysis.reading());
     const QImage working = picture.readWorkingImage();
     wishes.keep = host::areasWithin(picture.orientedSize(), wishes.keep);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WorkerThreads.h"
+
 #include <QThreadPool>
 
 #include <deque>
@@ -9,9 +11,6 @@
 #include <utility>
 
 namespace vxroi {
-
-/// How many pictures are worked on at a time unless the user says: one for each core.
-int defaultWorkerCount();
 
 /// Work on several cores whose results are taken in the order in which it was begun. What is begun and
 /// not taken is bounded, and so is its memory.
@@ -24,11 +23,15 @@ public:
     explicit OrderedWork(int workers)
         : mostBegun(static_cast<std::size_t>(workers) * begunPerWorker)
     {
-        QThreadPool::globalInstance()->setMaxThreadCount(workers);
+        startWorkerThreads(workers);
     }
 
-    /// Waits for what has begun.
-    ~OrderedWork() { QThreadPool::globalInstance()->waitForDone(); }
+    /// Waits for what has begun. (The pool's own waiting would end its threads.)
+    ~OrderedWork()
+    {
+        for (const std::future<Result>& result : results)
+            result.wait();
+    }
     OrderedWork(const OrderedWork&) = delete;
     OrderedWork& operator=(const OrderedWork&) = delete;
 

@@ -1,22 +1,25 @@
 #include "CommandLine.h"
 #include "Interruption.h"
+#include "host/HostError.h"
 
 #include <QCoreApplication>
 #include <QTextCodec>
 
-#include <malloc.h>
+#include <cstdlib>
+#include <iostream>
 
 namespace {
 
-// Images of the size that is analysed come from memory that was used before, instead of from the
-// system, which clears it page by page: that takes as long as a method does. Larger ones go back to
-// the system at once.
-void keepMemoryForWorkingImages()
+// Whether there is what the program needs beside its pictures. Qt does not say so when it finds none while
+// it starts and loads plugins: it crashes, or waits for ever later.
+bool isMemoryEnough()
 {
-    constexpr int megabyte = 1 << 20;
-    mallopt(M_MMAP_THRESHOLD, 4 * megabyte);
-    mallopt(M_TRIM_THRESHOLD, 16 * megabyte);
-    mallopt(M_TOP_PAD, 4 * megabyte);
+    constexpr std::size_t leastBytes = std::size_t { 64 } << 20U;
+    void* volatile const block
+        = std::malloc(leastBytes); // volatile: compilers leave out what nobody uses
+    const bool isEnough = block != nullptr;
+    std::free(block);
+    return isEnough;
 }
 
 } // namespace
@@ -24,7 +27,10 @@ void keepMemoryForWorkingImages()
 int main(int argc, char** argv)
 {
     vxroi::endAtOnceOnSignals();
-    keepMemoryForWorkingImages();
+    if (!isMemoryEnough()) {
+        std::cerr << vxroi::noMemoryLine;
+        return static_cast<int>(host::ExitCode::Internal);
+    }
     // File names are UTF-8 in every locale, the plain C locale of build scripts included.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     // Qt finds its image format plugins through the application object.

@@ -1,0 +1,49 @@
+// To be loaded before a program: lets it have as many threads beside its first as THREADS_AT_ONCE says, and
+// start as many in all as THREADS_IN_ALL says, as a system that is short of processes would.
+
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <memory>
+#include <pthread.h>
+
+namespace {
+
+using Start = void* (*)(void*);
+
+std::atomic<int> alive { 0 }; // NOLINT(*-avoid-non-const-global-variables)
+std::atomic<int> begun { 0 }; // NOLINT(*-avoid-non-const-global-variables)
+
+struct Thread {
+    Start start;
+    void* argument;
+};
+
+void* run(void* argument)
+{
+    const std::unique_ptr<Thread> thread(static_cast<Thread*>(argument));
+    void* const result = thread->start(thread->argument);
+    --alive;
+    return result;
+}
+
+int limitOf(const char* name)
+{
+    const char* const limit = std::getenv(name);
+    return limit == nullptr ? 1000 : std::atoi(limit);
+}
+
+} // namespace
+
+extern "C" int pthread_create(
+    pthread_t* thread, const pthread_attr_t* attributes, Start start, void* argument)
+{
+    using Create = int (*)(pthread_t*, const pthread_attr_t*, Start, void*);
+    static const auto create = reinterpret_cast<Create>(dlsym(RTLD_NEXT, "pthread_create"));
+    if (alive >= limitOf("THREADS_AT_ONCE") || begun >= limitOf("THREADS_IN_ALL"))
+        return EAGAIN;
+    ++alive;
+    ++begun;
+    return create(thread, attributes, run, new Thread { start, argument });
+}

@@ -1,0 +1,88 @@
+#include "Program.h"
+#include "SampleFiles.h"
+#include "support/Memory.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+
+#include <array>
+#include <set>
+
+namespace {
+
+constexpr qint64 mostMilliseconds = 10000;
+
+// A picture that Qt scales and converts in threads.
+class VxroiThreads : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (support::isSanitized)
+            GTEST_SKIP() << "the sanitizer wants to be loaded first";
+        folder.save(samples::picture(QSize(1200, 900)), QStringLiteral("a.png"));
+    }
+
+    // Runs a command under a limit, which it names.
+    Outcome run(const char* limit, const char* command) const
+    {
+        QElapsedTimer timer;
+        timer.start();
+        const Outcome outcome = runShell(
+            QStringLiteral(
+                "cd '%1' && %2 LD_PRELOAD='" VXROI_REFUSE_THREADS "' timeout 60 \"$VXROI\" %3")
+                .arg(folder.path(QString()), QString::fromUtf8(limit), QString::fromUtf8(command)));
+        EXPECT_LT(timer.elapsed(), mostMilliseconds) << command;
+        return outcome;
+    }
+
+    samples::SampleFolder folder;
+};
+
+const std::array<const char*, 5> commands { "crop a.png --ratio 1:1 -o c.png",
+    "map a.png -o m.png --overlay o.jpg", "cluster a.png --grid 7x5", "batch . --ratio 3:2 -j2",
+    "report . --ratio 1:1 -o r.html" };
+
+} // namespace
+
+TEST_F(VxroiThreads, everyCommandSaysSoWhenThereIsNone)
+{
+    for (const char* const command : commands) {
+        const Outcome outcome = run("THREADS_AT_ONCE=0", command);
+        EXPECT_EQ(outcome.exitCode, 70) << command;
+        EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("threads: the system refuses")))
+            << outcome.err.toStdString();
+    }
+}
+
+TEST_F(VxroiThreads, oneIsEnough)
+{
+    for (const char* const command : commands) {
+        const Outcome outcome = run("THREADS_AT_ONCE=1", command);
+        EXPECT_EQ(outcome.exitCode, 0) << command << outcome.err.toStdString();
+    }
+}
+
+// Another process may take the last one while the program looks.
+TEST_F(VxroiThreads, aCommandEndsWhenThreadsAreRefusedThatWereToBeHad)
+{
+    const Outcome outcome = run("THREADS_IN_ALL=3", commands.at(3));
+    EXPECT_EQ(outcome.exitCode, 70);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("threads: the system refuses")))
+        << outcome.err.toStdString();
+}
+
+// From one in which the program hardly starts to one in which it works. (Lack of memory may pass for damage.)
+TEST_F(VxroiThreads, everyCommandEndsInASmallAddressSpace)
+{
+    for (const int kibibytes : { 110000, 140000, 160000, 180000, 220000, 400000 }) {
+        for (const char* const command : commands) {
+            const QByteArray limit = "rm -f c.png m.png o.jpg r.html; ulimit -v "
+                + QByteArray::number(kibibytes) + ';';
+            const Outcome outcome = run(limit.constData(), command);
+            const std::set<int> documented { 0, 1, 65, 70 };
+            EXPECT_EQ(documented.count(outcome.exitCode), 1U)
+                << kibibytes << ", " << command << ": " << outcome.err.toStdString();
+        }
+    }
+}
