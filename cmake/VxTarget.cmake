@@ -1,5 +1,5 @@
-# vx_target(<target>): the language level, arithmetic and warnings that every target of this project
-# is built with.
+# vx_target(<target>): the language level, arithmetic, warnings and hardening that every target of this
+# project is built with.
 function(vx_target target)
     target_compile_features(${target} PUBLIC cxx_std_17)
     set_target_properties(${target} PROPERTIES
@@ -13,4 +13,9 @@ function(vx_target target)
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
         -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wundef -Wformat=2
         $<$<BOOL:${VXROI_WARNINGS_AS_ERRORS}>:-Werror>)
+    # What Debian hardens its programs with.
+    target_compile_options(${target} PRIVATE
+        $<$<CONFIG:Release>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong
+        -fstack-clash-protection>)
+    target_link_options(${target} PRIVATE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 endfunction()

@@ -5,5 +5,7 @@ function(vx_test name)
     add_executable(${name} ${ARGN})
     vx_target(${name})
     target_link_libraries(${name} PRIVATE vxtestsupport GTest::gtest_main)
+    # What is tested is optimised elsewhere.
+    target_compile_options(${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O1>)
     gtest_discover_tests(${name} PROPERTIES TIMEOUT 300)
 endfunction()

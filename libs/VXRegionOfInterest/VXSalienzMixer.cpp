@@ -11,7 +11,6 @@
 #include "kernels/ImageMemory.h"
 #include "kernels/Levels.h"
 #include "kernels/PixelWords.h"
-#include "kernels/Scaling.h"
 #include "kernels/SurroundContrast.h"
 #include "kernels/Wrapping.h"
 
@@ -46,6 +45,16 @@ QImage contrastLevels(VXAbstractROI& /*roi*/, const QImage& words)
     vx::kernels::surroundContrast(words, levels);
     return VXMaxFilter(vx::kernels::contrastSpread, vx::kernels::contrastThreshold)
         .evaluate(levels);
+}
+
+// The image as it is where the bound has a side below 0, or the image none above.
+QImage scaledInto(const QSize& bound, const QImage& image)
+{
+    if (image.isNull() || !bound.isValid()) // Qt warns when it is asked to scale a null image
+        return image;
+    const QSize size = bound.isEmpty() ? QSize() : image.size().scaled(bound, Qt::KeepAspectRatio);
+    return vx::kernels::held(image.scaled(bound, Qt::KeepAspectRatio, Qt::FastTransformation), size,
+        image.depth());
 }
 
 template <typename Method> VXAbstractROI* created() { return new Method(); }
@@ -179,7 +188,7 @@ QImage VXSalienzMixer::analyze(const QImage& image)
         const QList<QImage> maps = gatherResults(image);
         return maps.isEmpty() ? vx::kernels::copyOf(image) : maps.first();
     }
-    const QImage words = vx::kernels::toPixelWords(vx::kernels::scaledInto(workingSize, image));
+    const QImage words = vx::kernels::toPixelWords(scaledInto(workingSize, image));
     if (words.isNull())
         return vx::kernels::copyOf(image);
     std::vector<QImage> maps;
@@ -199,7 +208,7 @@ QImage VXSalienzMixer::analyze(const QImage& image)
 
 QList<QImage> VXSalienzMixer::gatherResults(const QImage& image) const
 {
-    const QImage working = vx::kernels::scaledInto(workingSize, image);
+    const QImage working = scaledInto(workingSize, image);
     QList<QImage> maps;
     for (VXAbstractROI* const method : methods) {
         const QImage map = method->isEnabled() ? method->evaluate(working) : QImage();

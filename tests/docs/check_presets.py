@@ -1,16 +1,19 @@
-"""check_presets.py EVALUATE PAGE PHOTOGRAPHS: the page's table is what the program prints of them.
+"""check_presets.py EVALUATE PAGE: the page's table is what the program prints of the photographs in the
+folder that VXROI_PHOTOGRAPHS names.
 
-Exit code 77, a skipped test, when the photographs are not there.
+Exit code 77, a skipped test, when it names none.
 """
 
+import os
 import pathlib
 import subprocess
 import sys
 
-evaluate, page, photographs = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
-if not (photographs / "images").is_dir():
-    print(f"skipped: there are no photographs in {photographs}")
+evaluate, page = sys.argv[1], pathlib.Path(sys.argv[2])
+if "VXROI_PHOTOGRAPHS" not in os.environ:
+    print("skipped: VXROI_PHOTOGRAPHS names no folder of photographs; see CONTRIBUTING.md")
     sys.exit(77)
+photographs = pathlib.Path(os.environ["VXROI_PHOTOGRAPHS"])
 
 lines = page.read_text(encoding="utf-8").splitlines()
 start = next(i for i, line in enumerate(lines) if line.startswith("| | tune"))

@@ -72,9 +72,11 @@ TEST(SurroundContrast, isExactForMoreRowsThanSumsCanHold)
     }
 }
 
-TEST(SurroundContrast, leavesTheLevelsOfANullImageAlone)
+TEST(SurroundContrast, writesNothingForANullImage)
 {
-    QImage levels = vx::kernels::uninitializedLevels(QSize(0, 0));
+    QImage levels = vx::kernels::uninitializedLevels(QSize(4, 3));
+    levels.fill(7);
+    const QImage untouched = levels.copy();
     vx::kernels::surroundContrast(QImage(), levels);
-    EXPECT_EQ(levels.width(), 0);
+    EXPECT_EQ(levels, untouched);
 }

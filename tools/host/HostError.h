@@ -13,7 +13,7 @@ enum class ExitCode {
     Usage = 64, ///< the command line is wrong
     UnreadableInput = 65, ///< the file is not a picture, or a damaged one
     MissingInput = 66, ///< the file is not there or must not be opened
-    Internal = 70, ///< a fault of the program itself
+    Internal = 70, ///< the system refuses memory or threads, or a fault of the program itself
     CannotCreate = 73, ///< the output cannot be created
     WriteFailed = 74, ///< writing began and failed; nothing is left behind
     Interrupted = 130, ///< a signal asked the program to end

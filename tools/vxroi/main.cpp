@@ -1,12 +1,15 @@
 #include "CommandLine.h"
 #include "Interruption.h"
+#include "host/CodecMessages.h"
 #include "host/HostError.h"
 
 #include <QCoreApplication>
 #include <QTextCodec>
 
 #include <cstdlib>
+#include <exception>
 #include <iostream>
+#include <new>
 
 namespace {
 
@@ -15,11 +18,24 @@ namespace {
 bool isMemoryEnough()
 {
     constexpr std::size_t leastBytes = std::size_t { 64 } << 20U;
-    void* volatile const block
-        = std::malloc(leastBytes); // volatile: compilers leave out what nobody uses
+    // Volatile, because compilers leave out memory that nobody uses.
+    void* volatile const block = std::malloc(leastBytes);
     const bool isEnough = block != nullptr;
     std::free(block);
     return isEnough;
+}
+
+// For exceptions that nobody catches: Qt's threads let lack of memory out.
+[[noreturn]] void endOnException()
+{
+    try {
+        std::rethrow_exception(std::current_exception());
+    } catch (const std::bad_alloc&) {
+        host::writeError(vxroi::noMemoryLine);
+        std::_Exit(static_cast<int>(host::ExitCode::Internal));
+    } catch (...) {
+        std::abort();
+    }
 }
 
 } // namespace
@@ -27,6 +43,7 @@ bool isMemoryEnough()
 int main(int argc, char** argv)
 {
     vxroi::endAtOnceOnSignals();
+    std::set_terminate(endOnException);
     if (!isMemoryEnough()) {
         std::cerr << vxroi::noMemoryLine;
         return static_cast<int>(host::ExitCode::Internal);

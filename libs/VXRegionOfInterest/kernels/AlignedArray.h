@@ -36,7 +36,9 @@ public:
         std::fill_n(numbers, count, number);
     }
 
+    /// The first number.
     Number* get() const { return numbers; }
+    /// The number at \a index.
     Number& operator[](std::size_t index) const { return numbers[index]; }
 
 private:

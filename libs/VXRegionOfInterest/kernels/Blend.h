@@ -16,7 +16,9 @@ public:
     /// \pre \a map outlives this, or what it is moved to does.
     explicit MapView(const QImage& map);
 
+    /// Columns.
     int width() const { return columns; }
+    /// Rows.
     int height() const { return rows; }
 
     /// The levels of row \a y; \a buffer holds width() bytes.

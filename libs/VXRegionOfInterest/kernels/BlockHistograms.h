@@ -10,9 +10,9 @@ namespace vx::kernels {
 /// A grid of blocks that begins at the upper left of an image, and how many bins their histograms have.
 struct BlockGrid {
     QSize block; ///< in pixels
-    int columns;
-    int binRows;
-    int binColumns;
+    int columns; ///< blocks from left to right
+    int binRows; ///< of each histogram
+    int binColumns; ///< of each histogram
 };
 
 /// Histograms of the chroma of an image's blocks: those that countChroma() makes of what

@@ -12,17 +12,19 @@ namespace vx::kernels {
 
 /// The bins of a two-dimensional histogram, row by row; a view that owns nothing.
 struct Bins {
-    double* values;
+    double* values; ///< of all bins
     quint8* emptyRows; ///< for each row, not 0 only if all its values are 0
-    int rows;
-    int columns;
+    int rows; ///< bins of bits 8 to 15
+    int columns; ///< bins of bits 0 to 7
 
+    /// The values of a row.
     double* row(int index) const { return values + static_cast<std::ptrdiff_t>(index) * columns; }
 };
 
 /// The bins of histograms alike, which are to be counted into first.
 class BinTables {
 public:
+    /// For \a count histograms of so many rows and columns.
     BinTables(int count, int rowCount, int columnCount);
 
     /// Those of histogram \a index.

@@ -25,6 +25,7 @@ public:
     /// Makes them all. \pre \a image has 32 bits per pixel and is not null, and canEstimate() is true.
     ContrastEstimates(const QImage& image, const RowLoops& rowLoops);
 
+    /// The contrasts of row \a y.
     const double* row(int y) const;
 
     /// How far the estimates in row \a y may be from what Contrasts has there.

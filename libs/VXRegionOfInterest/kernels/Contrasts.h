@@ -43,6 +43,7 @@ public:
     /// Computes them all. \pre \a image has 32 bits per pixel and is not null.
     Contrasts(const QImage& image, const RowLoops& rowLoops);
 
+    /// The contrasts of row \a y.
     const double* row(int y) const;
 
     /// Fills \a levels with the levels of the contrasts.

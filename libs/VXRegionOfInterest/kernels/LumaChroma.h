@@ -12,9 +12,9 @@ namespace vx::kernels {
 /// Luma and the two colour differences of a pixel (the weights are those of ITU-R BT.601, the
 /// differences are scaled and moved so that they fill 0 to 255 as well).
 struct LumaChroma {
-    double luma;
-    double redDifference;
-    double blueDifference;
+    double luma; ///< 0 to 255
+    double redDifference; ///< Cr, 128 for greys
+    double blueDifference; ///< Cb, 128 for greys
 };
 
 /// Converts an 0xAARRGGBB word, whose alpha is ignored; nothing is rounded.

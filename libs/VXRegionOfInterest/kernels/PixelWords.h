@@ -70,6 +70,7 @@ void fillOpaque(const QRect& part, QRgb colour, QImage& image);
 /// 32 bits per pixel and the same width, and \a target has these rows.
 void repeatRow(const QImage& words, int first, int end, QImage& target);
 
+/// The word of a black pixel that hides what is behind it.
 constexpr QRgb opaqueBlack = 0xFF000000U;
 
 /// The opaque grey pixel of \a level, which lies between 0 and 255.

@@ -14,9 +14,9 @@ QList<long long> columnRedSums(const QImage& words, const RowLoops& loops = fast
 QList<long long> rowRedSums(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
-/// \copydoc vx::kernels::columnRedSums
+/// Adds column by column.
 QList<long long> columnRedSums(const QImage& words);
-/// \copydoc vx::kernels::rowRedSums
+/// Adds row by row.
 QList<long long> rowRedSums(const QImage& words);
 } // namespace reference
 

@@ -17,10 +17,11 @@ namespace vx::kernels {
 
 /// A key for each pixel of an image, row by row.
 template <typename Key> struct KeyPlane {
-    int width;
-    int height;
-    AlignedArray<Key> keys;
+    int width; ///< keys in a row
+    int height; ///< rows
+    AlignedArray<Key> keys; ///< all of them
 
+    /// Keys that nobody has written yet.
     KeyPlane(int columns, int rows)
         : width(columns)
         , height(rows)
@@ -28,6 +29,7 @@ template <typename Key> struct KeyPlane {
     {
     }
 
+    /// The keys of row \a y.
     Key* row(std::ptrdiff_t y) const { return keys.get() + y * width; }
 };
 

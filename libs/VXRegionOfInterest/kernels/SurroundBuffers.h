@@ -11,12 +11,14 @@ inline std::size_t withMargin(int count) { return static_cast<std::size_t>(count
 /// A row of packed channels, of zeros at first, with the margins that its loops need.
 class PackedRowBuffer {
 public:
+    /// For \a width columns.
     explicit PackedRowBuffer(int width)
         : redBlue(rowMargin + withMargin(width), 0)
         , green(rowMargin + withMargin(width), 0)
     {
     }
 
+    /// The row between its margins.
     PackedRow row() const { return { redBlue.get() + rowMargin, green.get() + rowMargin }; }
 
 private:
@@ -27,6 +29,7 @@ private:
 /// Sums of surrounds, of zeros at first, with the margin that their loops need.
 class SurroundSumsBuffer {
 public:
+    /// For \a columns sums of each channel.
     explicit SurroundSumsBuffer(int columns)
         : count(columns)
         , red(withMargin(columns), 0)
@@ -35,6 +38,7 @@ public:
     {
     }
 
+    /// All of them.
     SurroundSums sums() const { return { red.get(), green.get(), blue.get(), count }; }
 
 private:

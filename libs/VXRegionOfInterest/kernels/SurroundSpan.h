@@ -6,9 +6,10 @@ namespace vx::kernels {
 
 /// Columns of a surround, or rows: \a first to \a last.
 struct SurroundSpan {
-    int first;
-    int last;
+    int first; ///< from here
+    int last; ///< up to here
 
+    /// How many.
     int count() const { return last - first + 1; }
 };
 

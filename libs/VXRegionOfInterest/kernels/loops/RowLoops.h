@@ -18,23 +18,23 @@ constexpr int rowMargin = 16;
 
 /// Channels of a row's pixels as whole numbers: red times 2¹⁶ plus blue, and green times 2⁸.
 struct PackedRow {
-    quint32* redBlue;
-    quint32* green;
+    quint32* redBlue; ///< red in the upper half of a word, blue in the lower
+    quint32* green; ///< in the second byte of a word and above
 };
 
 /// The same, even and odd columns apart. Beside the row both are zero.
 struct PackedColumns {
-    PackedRow even;
-    PackedRow odd;
+    PackedRow even; ///< columns 0, 2, 4 ...
+    PackedRow odd; ///< columns 1, 3, 5 ...
 };
 
 /// What one half of a row's surrounds has of each channel, in runs of 16 columns or fewer, as many as a
 /// vector has: each of a run holds its own and what is before it in the run.
 struct SurroundSums {
-    quint32* red;
-    quint32* green;
-    quint32* blue;
-    std::ptrdiff_t count;
+    quint32* red; ///< sums of red values
+    quint32* green; ///< sums of green values
+    quint32* blue; ///< sums of blue values
+    std::ptrdiff_t count; ///< how many sums of each
 };
 
 /// What the surrounds of a row's pixels have. Those of the left half begin with column 0, and each ends
@@ -43,14 +43,14 @@ struct SurroundSums {
 struct Surrounds {
     PackedColumns moved; ///< the latest rows that came or went
     SurroundSums left; ///< one more than columns, so that the last has all of the row
-    SurroundSums right;
+    SurroundSums right; ///< as many as columns
 };
 
 /// Rows that have been smoothed along themselves, with weights 1, 2, 1; outside the image zeros.
 struct SmoothedRows {
-    PackedRow above;
-    PackedRow here;
-    PackedRow below;
+    PackedRow above; ///< the row before
+    PackedRow here; ///< the row itself
+    PackedRow below; ///< the row after
 };
 
 /// What to multiply by, for each column and for the row. With W the sum of the smoothing weights, along
@@ -58,27 +58,28 @@ struct SmoothedRows {
 struct SurroundScale {
     const double* ofSums; ///< W / n, which gives a surround's mean the weight of a smoothed pixel
     const double* ofSquares; ///< 1 / W², which takes the weight away from squared differences
-    double ofSumsInRow;
-    double ofSquaresInRow;
+    double ofSumsInRow; ///< as ofSums, down the columns
+    double ofSquaresInRow; ///< as ofSquares, down the columns
 };
 
 /// How far estimates in a row may be from what they stand for: by (slope · estimate + offset) ·
 /// ofColumns[x] + floor.
 struct Tolerance {
-    const double* ofColumns;
-    double slope;
-    double offset;
-    double floor;
+    const double* ofColumns; ///< a factor for each column
+    double slope; ///< grows with the estimate
+    double offset; ///< the same for every estimate
+    double floor; ///< the same for every column as well
 };
 
 /// The smallest and the greatest of numbers.
 struct Range {
-    double least;
-    double greatest;
+    double least; ///< the smallest
+    double greatest; ///< the greatest
 };
 
 /// A row's red, green and blue values as numbers.
 struct ShortChannels {
+    /// Red, green and blue.
     qint16* of[3]; // NOLINT(*-avoid-c-arrays): loops take no functions from std::array
 };
 
@@ -87,8 +88,8 @@ constexpr int mostOfSmallSums = 32767;
 
 /// Bytes and what each of them is multiplied by.
 struct WeightedBytes {
-    const quint8* bytes;
-    qint16 weight;
+    const quint8* bytes; ///< a row of them
+    qint16 weight; ///< what each is multiplied by
 };
 
 /// How many maps are blended at once; more of them are added up one after the other.
@@ -96,7 +97,7 @@ constexpr std::size_t mapsAtOnce = 5;
 
 /// What the red values of a row say of it.
 struct RedMeasure {
-    quint64 sum;
+    quint64 sum; ///< of all red values
     quint64 excess; ///< what those above a mean have more than that, together
     quint64 above; ///< how many are above it
 };
@@ -160,8 +161,8 @@ struct BlendLoops {
     /// grey. \pre the divisor is not 0.
     void (*divideSums)(const quint32* sums, int count, int divisor, QRgb* pixels);
 
-    /// As addWeighted() for each of \ref mapsAtOnce maps and then divideSums(), faster. \pre no sum gets
-    /// beyond ±\ref mostOfSmallSums, and the divisor is above 0.
+    /// As addWeighted() for each of `mapsAtOnce` maps and then divideSums(), faster. \pre no sum gets
+    /// beyond ±`mostOfSmallSums`, and the divisor is above 0.
     void (*blendFew)(const WeightedBytes* maps, int count, int divisor, QRgb* pixels);
 };
 
@@ -222,13 +223,13 @@ struct DilationLoops {
 /// The loops as they are compiled for one kind of processor.
 struct RowLoops {
     const char* name; ///< the kind of processor: "plain", "avx2" or "avx512"
-    PixelLoops pixels;
-    NumberLoops numbers;
-    ContrastLoops contrast;
-    BlendLoops blend;
-    ChromaLoops chroma;
-    EdgeLoops edges;
-    DilationLoops dilation;
+    PixelLoops pixels; ///< what several kernels do with pixels
+    NumberLoops numbers; ///< what several kernels do with numbers
+    ContrastLoops contrast; ///< for SurroundContrast.h
+    BlendLoops blend; ///< for Blend.h
+    ChromaLoops chroma; ///< for ChromaBins.h and LumaChroma.h
+    EdgeLoops edges; ///< for EdgeResponse.h
+    DilationLoops dilation; ///< for MaxFilter.h
 };
 
 /// The loops that this processor can run, from the plainest to the fastest.
