@@ -287,6 +287,27 @@ void registerMemory()
     }
 }
 
+// Picture after picture in a process that frees nothing larger: what it costs to come by memory again.
+void registerHost()
+{
+    for (const QSize& size : { QSize(320, 240), workingSize }) {
+        const auto run = [size](benchmark::State& state) {
+            QTemporaryDir folder;
+            const QString path = folder.filePath(QStringLiteral("photo.png"));
+            picture(Kind::Photo, size).save(path);
+            for ([[maybe_unused]] const auto iteration : state) {
+                QProcess host;
+                host.start(QStringLiteral(VXROI_HOST), { path });
+                host.waitForFinished();
+                state.SetIterationTime(host.readAllStandardOutput().toDouble() / 1e3);
+            }
+        };
+        benchmark::RegisterBenchmark(nameOf("host", "fast", Kind::Photo, size).c_str(), run)
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond);
+    }
+}
+
 // One mixer per thread.
 void registerThreads()
 {
@@ -363,6 +384,7 @@ void benchmarks::registerAll()
     registerVariants();
     registerMaximumFilterExtremes();
     registerMemory();
+    registerHost();
     registerThreads();
     registerProcesses();
 }

@@ -53,8 +53,8 @@ QImage scaledInto(const QSize& bound, const QImage& image)
     if (image.isNull() || !bound.isValid()) // Qt warns when it is asked to scale a null image
         return image;
     const QSize size = bound.isEmpty() ? QSize() : image.size().scaled(bound, Qt::KeepAspectRatio);
-    return vx::kernels::held(image.scaled(bound, Qt::KeepAspectRatio, Qt::FastTransformation), size,
-        image.depth());
+    return vx::kernels::held(
+        image.scaled(bound, Qt::KeepAspectRatio, Qt::FastTransformation), size, image.depth());
 }
 
 template <typename Method> VXAbstractROI* created() { return new Method(); }
