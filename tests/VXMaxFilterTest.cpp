@@ -125,6 +125,19 @@ TEST(VXMaxFilter, firstScannedWinsBeyondEightMillionPixelsAsWell)
     EXPECT_EQ(spread.pixel(middle + 3, 0), image.pixel(middle + 3, 0));
 }
 
+// Wider than an image of 32 bits per pixel can be.
+TEST(VXMaxFilter, spreadsInTheWidestImagesToo)
+{
+    constexpr int width = 70000000;
+    QImage image(width, 1, QImage::Format_RGB16);
+    image.fill(Qt::black);
+    image.setPixel(width - 2, 0, qRgb(255, 0, 0));
+    const QImage filtered = VXMaxFilter(3, 50).evaluate(image);
+    EXPECT_EQ(filtered.pixel(width - 4, 0), qRgb(0, 0, 0));
+    for (int x = width - 3; x < width; ++x)
+        EXPECT_EQ(filtered.pixel(x, 0), qRgb(255, 0, 0));
+}
+
 TEST(VXMaxFilter, aTieNeverReplaces)
 {
     QImage image = black(3, 1);

@@ -461,6 +461,20 @@ TEST(VXSalienzMixer, analyzeLeavesTheEdgeMethodTheKernelThatEvaluateLeaves)
     EXPECT_FALSE(support::sameImage(VXSobelROI().convolute(image), edges->convolute(image)));
 }
 
+TEST(VXSalienzMixer, analyzeShowsItsMethodsANullPictureToo)
+{
+    const support::MessageTrap trap;
+    VXSalienzMixer mixer(unscaled);
+    mixer.injectVeryImportantAreas({ QRect(1, 1, 2, 2) }, QSize(10, 10));
+    EXPECT_TRUE(mixer.analyze(QImage()).isNull());
+    EXPECT_EQ(trap.texts().size(), 1) << "the areas were given for another size";
+    const QImage image = support::noise(9, 7, 3);
+    VXSobelROI vertical;
+    vertical.configureSobelV();
+    EXPECT_TRUE(support::sameImage(vertical.convolute(image),
+        dynamic_cast<VXSobelROI*>(mixer.roiMethod(Sobel))->convolute(image)));
+}
+
 TEST(VXSalienzMixer, runsFromSeveralThreadsWithAMixerEach)
 {
     const QImage image = support::noise(120, 90, 6);

@@ -30,7 +30,8 @@
 /// changed that was handed in, and what is returned has memory of its own: it outlives the buffer that an
 /// image was constructed over. (adjustFormat() alone shares.)
 ///
-/// **Out of memory**, operations that make images throw std::bad_alloc, and leave everything as it was.
+/// **Out of memory**, operations throw std::bad_alloc. An image too wide for 32 bits per pixel, of more than
+/// 67108862 columns, has no map: null stands for it.
 class VXREGIONOFINTEREST_EXPORT VXAbstractROI {
 public:
     /// Constructs a method that is enabled and has weight 0.

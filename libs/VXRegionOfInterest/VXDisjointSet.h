@@ -49,9 +49,9 @@ public:
     using segment = ::segment;
 
     /// Constructs a grid in which every cell is a segment of its own.
-    /// \param rows,columns sides of the grid. There are as many elements as the product of both says in
-    ///        32 bits, which wraps; none where that is below 1. Where a side is negative or the product
-    ///        wraps, the grid's own operations find no cells.
+    /// \param rows,columns sides of the grid. There are rows · columns elements, multiplied in 32 bits that
+    ///        wrap; none where the product is below 1. Where a side is negative or the product wraps, the
+    ///        operations on the grid find no cells.
     VXDisjointSet(int rows, int columns);
 
     /// The root of element \a i, to which it is re-pointed; -1 for an index outside.
@@ -73,8 +73,8 @@ public:
     double value(int i) const;
 
     /// The grid of roots: at [row][column] the root of that cell.
-    /// \return as many rows as the grid has. The caller owns them: delete[] each row, then the
-    ///         array.
+    /// \return as many rows as the grid has, none where the product of both sides wraps. The caller owns
+    ///         them: delete[] each row, then the array.
     int** getSubSets();
 
     /// The extents of every segment, by root: first column, top row, second column, bottom row.

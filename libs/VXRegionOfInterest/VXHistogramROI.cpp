@@ -3,6 +3,7 @@
 #include "VXDisjointSet.h"
 #include "VXSegmentEdge.h"
 #include "kernels/BlockHistograms.h"
+#include "kernels/ImageMemory.h"
 #include "kernels/LumaChroma.h"
 #include "kernels/PixelWords.h"
 
@@ -101,8 +102,7 @@ QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
     return QRect(left, top, width, height);
 }
 
-// The coordinates that QPainter has on an image: those of its pixels unless several of them, or a part of
-// one, count for one.
+// The size of an image in QPainter's coordinates: in pixels, divided by the device pixel ratio, rounded up.
 QSize paintedSize(const QImage& image)
 {
     const double ratio = image.devicePixelRatio();
@@ -148,7 +148,7 @@ void VXHistogramROI::paintLargeRegions(
     VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
 {
     const QMap<int, QVector<int>> extents = regions.getSegmentSizes();
-    QImage pixels = createTargetImage(map.copy(0, 0, map.width(), 1));
+    QImage pixels = vx::kernels::uninitializedImage(QSize(map.width(), 1), map.format());
     for (int row = 0; row <= verticalBlocks; ++row) {
         pixels.fill(vx::kernels::opaqueBlack);
         for (int column = 0; row < verticalBlocks && column < horizontalBlocks; ++column) {

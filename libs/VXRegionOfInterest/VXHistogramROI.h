@@ -81,8 +81,8 @@ public:
     /// \param column,row position of the block in the grid.
     /// \param value the level, truncated and clamped to 0 to 255; 0 when not a number.
     /// \param target the map, of any format but palette ones, which are left alone.
-    /// \param blockWidth,blockHeight size of a block in pixels; below 1 nothing is painted. As for every
-    ///        QPainter, where \a target has a device pixel ratio of 2, two pixels are one.
+    /// \param blockWidth,blockHeight size of a block in QPainter's coordinates: where \a target has a device
+    ///        pixel ratio of 2, a unit is two pixels. Below 1 nothing is painted.
     void drawTarget(
         int column, int row, double value, QImage& target, int blockWidth, int blockHeight) const;
 

@@ -22,14 +22,14 @@
 
 namespace {
 
-// The map of a method, or its levels where kernels make them of the picture alone: a byte a pixel is soon
-// written and read. Null where it is black.
+// The map of a method, or its levels where kernels make them of the picture alone: one byte per pixel is
+// quick to write and to read. Null where the map is black.
 using MapOf = QImage (*)(VXAbstractROI& roi, const QImage& words);
 
 QImage mapByEvaluating(VXAbstractROI& roi, const QImage& words) { return roi.evaluate(words); }
 
-// Black for every image: its object may as well see one without pixels, which leaves it the kernel that it
-// has after any other.
+// Black for every image, so the object is given a null image, which leaves the vertical kernel loaded as any
+// other image would.
 QImage edgeLevels(VXAbstractROI& roi, const QImage& /*words*/) { return roi.evaluate(QImage()); }
 
 QImage priorLevels(VXAbstractROI& /*roi*/, const QImage& words)
@@ -47,12 +47,14 @@ QImage contrastLevels(VXAbstractROI& /*roi*/, const QImage& words)
         .evaluate(levels);
 }
 
-// The image as it is where the bound has a side below 0, or the image none above.
+// The image unchanged where the bound has a negative side or the image is null.
 QImage scaledInto(const QSize& bound, const QImage& image)
 {
     if (image.isNull() || !bound.isValid()) // Qt warns when it is asked to scale a null image
         return image;
-    const QSize size = bound.isEmpty() ? QSize() : image.size().scaled(bound, Qt::KeepAspectRatio);
+    const QSize size = bound.isEmpty()
+        ? QSize()
+        : image.size().scaled(bound, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     return vx::kernels::held(
         image.scaled(bound, Qt::KeepAspectRatio, Qt::FastTransformation), size, image.depth());
 }
@@ -84,8 +86,8 @@ int defaultWeightOf(VXSalienzMethod method)
         ->weight;
 }
 
-// Blends maps that nobody needs afterwards. One that is as large as the result becomes it, because to take
-// in fresh memory costs more than the arithmetic.
+// Blends maps that nobody needs afterwards. The first ARGB32 one is overwritten and returned, because
+// touching fresh memory costs more than the arithmetic.
 QImage blended(const QSize& size, std::vector<QImage> maps, const QList<int>& weights)
 {
     const std::vector<vx::kernels::MapView> views(maps.begin(), maps.end());
@@ -183,14 +185,13 @@ void VXSalienzMixer::updateHistogramMinHeight(double fraction)
 
 QImage VXSalienzMixer::analyze(const QImage& image)
 {
-    // A single map is returned as it is.
-    if (gatherWeights().size() < 2) {
+    const bool isBlended = gatherWeights().size() > 1;
+    const QImage words
+        = isBlended ? vx::kernels::toPixelWords(scaledInto(workingSize, image)) : QImage();
+    if (words.isNull()) {
         const QList<QImage> maps = gatherResults(image);
         return maps.isEmpty() ? vx::kernels::copyOf(image) : maps.first();
     }
-    const QImage words = vx::kernels::toPixelWords(scaledInto(workingSize, image));
-    if (words.isNull())
-        return vx::kernels::copyOf(image);
     std::vector<QImage> maps;
     QList<int> weights;
     QList<int> weightsOfBlack; // they count in the divisor

@@ -48,8 +48,8 @@ public:
     ///        small ones up as well as large ones down. QSize() and any other size with a side
     ///        below 0 switch scaling off. A size with a zero side leaves nothing to evaluate:
     ///        analyze() then returns a copy of the picture itself, as it does where the working image
-    ///        would have more columns than a QImage can have. One whose images do not fit into memory
-    ///        lets std::bad_alloc out of analyze().
+    ///        would have more columns than a QImage can have. analyze() throws std::bad_alloc where the
+    ///        images do not fit into memory.
     VXSalienzMixer(const QSize& size);
 
     /// Deletes the methods.

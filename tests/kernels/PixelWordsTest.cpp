@@ -34,18 +34,6 @@ TEST(PixelWords, imagesOfAnyOtherDepthAreConvertedToArgb32)
     EXPECT_GT(converted, 10);
 }
 
-TEST(PixelWords, valuesAreWhatQImageSaysOfEachPixel)
-{
-    for (int format = 1; format < QImage::NImageFormats; ++format) {
-        const QImage image
-            = support::noise(11, 3, 1).convertToFormat(static_cast<QImage::Format>(format));
-        const QImage values = vx::kernels::toPixelValues(image);
-        ASSERT_EQ(values.format(), QImage::Format_ARGB32);
-        for (int i = 0; i < 33; ++i)
-            EXPECT_EQ(vx::kernels::wordRow(values, i / 11)[i % 11], image.pixel(i % 11, i / 11));
-    }
-}
-
 // Larger than what is converted at once, narrow and wide.
 TEST(PixelWords, largeImagesBecomeWhatQtMakesOfThem)
 {
@@ -72,7 +60,6 @@ TEST(PixelWords, aNullImageStaysNullWithoutAMessage)
 {
     const support::MessageTrap trap;
     EXPECT_TRUE(vx::kernels::toPixelWords(QImage()).isNull());
-    EXPECT_TRUE(vx::kernels::toPixelValues(QImage()).isNull());
     EXPECT_TRUE(trap.texts().isEmpty());
 }
 

@@ -42,7 +42,7 @@ QImage analyzed(
 void addMethods(Operations& all)
 {
     all.push_back({ "createTargetImage",
-        [](const QImage& image) { return VXGaussROI().createTargetImage(image); } });
+        [](const QImage& image) { return VXGaussROI().createTargetImage(image); }, false, true });
     all.push_back(
         { "VXGaussROI", [](const QImage& image) { return VXGaussROI().evaluate(image); } });
     all.push_back(
@@ -125,6 +125,12 @@ void addReaders(Operations& all)
                    } });
     all.push_back({ "drawTarget", [](const QImage& image) {
                        QImage target = image;
+                       VXHistogramROI().drawTarget(0, 0, 99, target, 3, 3);
+                       return QImage();
+                   } });
+    all.push_back({ "drawTarget on pixels for reading only", [](const QImage& image) {
+                       QImage target(image.constBits(), image.width(), image.height(),
+                           image.bytesPerLine(), image.format());
                        VXHistogramROI().drawTarget(0, 0, 99, target, 3, 3);
                        return QImage();
                    } });

@@ -66,7 +66,7 @@ private:
     AlignedArray<quint8> buffers;
 };
 
-// In place of maps that there are too few of, the first one counts nothing.
+// Places that no map takes are filled with the first one at weight 0.
 void blendFew(const std::vector<MapView>& maps, const QList<int>& weights, qint32 divisor,
     QImage& target, const RowLoops& loops)
 {

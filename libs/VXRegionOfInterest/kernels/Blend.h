@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QList>
 
+#include <cstddef>
 #include <vector>
 
 namespace vx::kernels {

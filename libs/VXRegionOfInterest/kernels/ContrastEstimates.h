@@ -19,7 +19,7 @@ namespace vx::kernels {
 class ContrastEstimates {
 public:
     /// Whether sums of whole surrounds fit into the words that \a loops keep them in: not for images of
-    /// some hundred thousand rows.
+    /// more than a quarter of a million rows, or up to a million, depending on the processor.
     static bool canEstimate(const QSize& size, const RowLoops& loops);
 
     /// Makes them all. \pre \a image has 32 bits per pixel and is not null, and canEstimate() is true.

@@ -6,7 +6,6 @@
 #include "LumaChroma.h"
 #include "PixelWords.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {

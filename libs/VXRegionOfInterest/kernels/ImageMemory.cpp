@@ -26,7 +26,7 @@ void vx::kernels::adviseLargePages(void* memory, std::size_t bytes)
 
 QImage vx::kernels::uninitializedImage(const QSize& size, QImage::Format format)
 {
-    const int depth = QImage::toPixelFormat(format).bitsPerPixel();
+    const int depth = format == QImage::Format_Grayscale8 ? 8 : 32;
     QImage image = held(QImage(size, format), size, depth);
     if (!image.isNull())
         adviseLargePages(image.bits(), static_cast<std::size_t>(image.sizeInBytes()));

@@ -5,7 +5,7 @@
 #include <cstddef>
 
 /// \file
-/// How the library comes by memory for images.
+/// Where the library gets memory for images.
 
 namespace vx::kernels {
 
@@ -17,11 +17,12 @@ namespace vx::kernels {
 void adviseLargePages(void* memory, std::size_t bytes);
 
 /// An image whose pixels are about to be written, and are not initialized. Null for an empty \a size, and
-/// for one that no QImage can have. \throws std::bad_alloc
+/// for one that no QImage can have. \pre \a format has 32 bits per pixel, or is QImage::Format_Grayscale8.
+/// \throws std::bad_alloc
 QImage uninitializedImage(const QSize& size, QImage::Format format);
 
-/// \a image, which Qt has made with \a size and so many bits per pixel. Where it finds no memory, it makes
-/// a null image.
+/// Returns \a image, which Qt was asked to make with this size and depth in bits per pixel. Qt gives a null
+/// image where memory runs out.
 /// \throws std::bad_alloc for a null image, but not where \a size is empty or no QImage can have it.
 QImage held(QImage image, const QSize& size, int depth);
 

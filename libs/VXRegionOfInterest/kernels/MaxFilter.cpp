@@ -16,12 +16,16 @@ using LevelPlane = KeyPlane<quint8>;
 // in scan order and is read anew whenever one overwrites it.
 void spreadThroughPixels(const QImage& source, int arm, int threshold, QImage& result)
 {
-    const QImage values = toPixelValues(source);
+    const KeyPlane<QRgb> values(source.width(), source.height());
+    for (int y = 0; y < source.height(); ++y) {
+        for (int x = 0; x < source.width(); ++x)
+            values.row(y)[x] = source.pixel(x, y);
+    }
     for (int y = 0; y < source.height(); ++y) {
         for (int x = 0; x < source.width(); ++x) {
-            int red = qRed(values.pixel(x, y));
+            int red = qRed(values.row(y)[x]);
             const auto meet = [&](int otherX, int otherY) {
-                const QRgb other = wordRow(values, otherY)[otherX];
+                const QRgb other = values.row(otherY)[otherX];
                 if (qRed(other) <= threshold || qRed(other) <= red)
                     return;
                 result.setPixel(x, y, other);

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -70,17 +71,6 @@ QImage vx::kernels::toArgb32(const QImage& image)
     return words;
 }
 
-QImage vx::kernels::toPixelValues(const QImage& image)
-{
-    QImage values = uninitializedImage(image.size(), QImage::Format_ARGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        QRgb* const row = writableWordRow(values, y);
-        for (int x = 0; x < image.width(); ++x)
-            row[x] = image.pixel(x, y);
-    }
-    return values;
-}
-
 QImage vx::kernels::copyOf(const QImage& image)
 {
     return image.isNull() ? QImage() : held(image.copy(image.rect()), image.size(), image.depth());
@@ -111,9 +101,11 @@ void vx::kernels::repeatRow(const QImage& words, int first, int end, QImage& tar
 
 void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
 {
-    // Qt would copy pixels that are shared as well, but leave a null image behind where there is no memory.
+    // Qt would copy shared pixels as well, but leave a null image behind where there is no memory.
     if (!image.isDetached())
         image = copyOf(image);
+    if (image.bits() == nullptr) // so it does with pixels that are for reading only
+        throw std::bad_alloc();
     if (holdsOpaqueWords(image.format()) && image.devicePixelRatio() == 1) {
         for (int y = part.top(); y <= part.bottom(); ++y)
             std::fill_n(writableWordRow(image, y) + part.left(), part.width(), colour);

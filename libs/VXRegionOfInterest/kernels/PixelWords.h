@@ -20,10 +20,6 @@ QImage toPixelWords(const QImage& image);
 /// per pixel. \throws std::bad_alloc
 QImage toArgb32(const QImage& image);
 
-/// What QImage::pixel says of each pixel of \a image, as an ARGB32 image. A null image stays null.
-/// \throws std::bad_alloc
-QImage toPixelValues(const QImage& image);
-
 /// A copy of \a image, with all its properties, in memory of its own. A null image stays null.
 /// \throws std::bad_alloc
 QImage copyOf(const QImage& image);
@@ -61,9 +57,9 @@ inline bool holdsOpaqueWords(QImage::Format format)
         || format == QImage::Format_ARGB32_Premultiplied;
 }
 
-/// Fills a part of an image of any format but palette ones, given in the coordinates that QPainter has for
-/// it: on an image with a device pixel ratio of 2, two pixels are one. \pre \a part lies within the image,
-/// and \a colour is opaque.
+/// Fills a part of an image of any format but palette ones, given in QPainter's coordinates: on an image
+/// with a device pixel ratio of 2, a unit is two pixels. \pre \a part lies within the image, and \a colour is
+/// opaque. \throws std::bad_alloc
 void fillOpaque(const QRect& part, QRgb colour, QImage& image);
 
 /// Writes the first row of \a words into the rows of \a target from \a first to before \a end. \pre both have

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 
 /// \file
@@ -130,7 +131,7 @@ public:
     {
     }
 
-    /// Row \a y, which is the one after the last, or 0; valid until the next call.
+    /// The maxima of row \a y; to be called for rows 0, 1, 2 ... in order. Valid until the next call.
     const Key* next(int y)
     {
         if (y % window == 0)
