@@ -13,7 +13,7 @@ VXSobelROI::VXSobelROI() { configureSobelH(); }
 
 QImage VXSobelROI::evaluate(const QImage& image)
 {
-    const QImage blurred = VXGaussianBlur(3, 2.6).evaluate(image);
+    QImage blurred = VXGaussianBlur(3, 2.6).evaluate(image);
     // That blur is black for every image, black has no edges, and nothing spreads: it is the map. Only a
     // derived class may respond in another way.
     if (typeid(*this) == typeid(VXSobelROI)) {

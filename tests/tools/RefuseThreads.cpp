@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <memory>
+#include <new>
 #include <pthread.h>
 
 namespace {
@@ -28,15 +29,17 @@ void* run(void* argument)
     return result;
 }
 
-int limitOf(const char* name)
+long limitOf(const char* name)
 {
     const char* const limit = std::getenv(name);
-    return limit == nullptr ? 1000 : std::atoi(limit);
+    constexpr long none = 1000;
+    constexpr int decimal = 10;
+    return limit == nullptr ? none : std::strtol(limit, nullptr, decimal);
 }
 
 } // namespace
 
-extern "C" int pthread_create(
+extern "C" int createThread(
     pthread_t* thread, const pthread_attr_t* attributes, Start start, void* argument)
 {
     using Create = int (*)(pthread_t*, const pthread_attr_t*, Start, void*);
@@ -45,5 +48,10 @@ extern "C" int pthread_create(
         return EAGAIN;
     ++alive;
     ++begun;
-    return create(thread, attributes, run, new Thread { start, argument });
+    auto* const passed = new (std::nothrow) Thread { start, argument };
+    return passed == nullptr ? EAGAIN : create(thread, attributes, run, passed);
 }
+
+// NOLINTNEXTLINE(readability-named-parameter): the C library has names of its own
+extern "C" int pthread_create(pthread_t*, const pthread_attr_t*, Start, void*) noexcept
+    __attribute__((alias("createThread")));

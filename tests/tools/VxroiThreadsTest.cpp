@@ -22,7 +22,7 @@ protected:
     // Runs a command under a limit, which it names.
     Outcome run(const char* limit, const char* command) const
     {
-        const Outcome outcome = runShell(
+        Outcome outcome = runShell(
             QStringLiteral("cd '%1' && %2 LD_PRELOAD='" VXROI_REFUSE_THREADS
                            "' timeout -s KILL 60 \"$VXROI\" %3")
                 .arg(folder.path(QString()), QString::fromUtf8(limit), QString::fromUtf8(command)));

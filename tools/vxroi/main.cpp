@@ -18,10 +18,11 @@ namespace {
 bool isMemoryEnough()
 {
     constexpr std::size_t leastBytes = std::size_t { 64 } << 20U;
-    // Volatile, because compilers leave out memory that nobody uses.
+    // NOLINTBEGIN(cppcoreguidelines-no-malloc): volatile, because compilers leave out what nobody uses
     void* volatile const block = std::malloc(leastBytes);
     const bool isEnough = block != nullptr;
     std::free(block);
+    // NOLINTEND(cppcoreguidelines-no-malloc)
     return isEnough;
 }
 

@@ -72,7 +72,7 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 namespace vx::kernels::loops {
 
 extern const RowLoops VXROI_LOOPS;
-const RowLoops VXROI_LOOPS = { VX_NAME_OF(VXROI_LOOPS), pixelLoops(), numberLoops(),
+constexpr RowLoops VXROI_LOOPS = { VX_NAME_OF(VXROI_LOOPS), pixelLoops(), numberLoops(),
     contrastLoops(), blendLoops(), chromaLoops(), edgeLoops(), dilationLoops() };
 
 } // namespace vx::kernels::loops
