@@ -4,6 +4,8 @@
 
 #include "kernels/Wrapping.h"
 
+#include <QSize>
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -36,6 +38,13 @@ std::pair<float, float> meanOf(const std::vector<QPoint>& points)
     return { static_cast<float>(x.value()) / count, static_cast<float>(y.value()) / count };
 }
 
+// The cells of a grid, columns by rows: none where there is no element for each of them.
+QSize cellsOf(int rows, int columns, int elements)
+{
+    const QSize cells(std::max(columns, 0), std::max(rows, 0));
+    return qint64 { cells.width() } * cells.height() == elements ? cells : QSize(0, 0);
+}
+
 } // namespace
 
 bool lexicallySmaller(const QPoint& p, const QPoint& q)
@@ -51,13 +60,6 @@ VXDisjointSet::VXDisjointSet(int gridRows, int gridColumns)
     elements.reserve(std::max(count, 0));
     for (int i = 0; i < count; ++i)
         elements.append(VXDisjointElement(0, 1, i));
-}
-
-QSize VXDisjointSet::grid() const
-{
-    const QSize sides(std::max(columns, 0), std::max(rows, 0));
-    const bool hasAllElements = qint64 { sides.width() } * sides.height() == elements.size();
-    return hasAllElements ? sides : QSize(0, 0);
 }
 
 bool VXDisjointSet::contains(int i) const { return i >= 0 && i < elements.size(); }
@@ -103,7 +105,7 @@ double VXDisjointSet::value(int i) const
 
 int** VXDisjointSet::getSubSets()
 {
-    const QSize cells = grid();
+    const QSize cells = cellsOf(rows, columns, elements.size());
     int** const labels = new int*[static_cast<std::size_t>(cells.height())];
     for (int row = 0; row < cells.height(); ++row) {
         labels[row] = new int[static_cast<std::size_t>(cells.width())];
@@ -116,8 +118,8 @@ int** VXDisjointSet::getSubSets()
 QMap<int, QVector<int>> VXDisjointSet::getSegmentSizes()
 {
     QMap<int, QVector<int>> sizes;
-    const int cells = grid().width() * grid().height();
-    for (int i = 0; i < cells; ++i) {
+    const QSize cells = cellsOf(rows, columns, elements.size());
+    for (int i = 0; i < cells.width() * cells.height(); ++i) {
         const int row = i / columns;
         const int column = i % columns;
         const int root = find(i);
@@ -144,8 +146,8 @@ std::map<int, segment> VXDisjointSet::getSegmentInformations()
 {
     std::map<int, segment> segments;
     std::map<int, std::vector<QPoint>> corners;
-    const int cells = grid().width() * grid().height();
-    for (int i = 0; i < cells; ++i) {
+    const QSize cells = cellsOf(rows, columns, elements.size());
+    for (int i = 0; i < cells.width() * cells.height(); ++i) {
         const int row = i / columns;
         const int column = i % columns;
         const int root = find(i);

@@ -5,7 +5,6 @@
 
 #include <QMap>
 #include <QPoint>
-#include <QSize>
 #include <QVector>
 
 #include <map>
@@ -109,8 +108,6 @@ public:
 
 private:
     bool contains(int i) const;
-    // The cells, columns by rows.
-    Q_DECL_HIDDEN QSize grid() const;
 
     QVector<VXDisjointElement> elements;
     int rows;
