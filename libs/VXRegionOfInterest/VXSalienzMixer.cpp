@@ -2,7 +2,6 @@
 
 #include "VXGaussROI.h"
 #include "VXHistogramROI.h"
-#include "VXMaxFilter.h"
 #include "VXSalienzAchanta.h"
 #include "VXSobelROI.h"
 #include "VXVeryImportantAreasROI.h"
@@ -10,6 +9,7 @@
 #include "kernels/CentrePrior.h"
 #include "kernels/ImageMemory.h"
 #include "kernels/Levels.h"
+#include "kernels/MaxFilter.h"
 #include "kernels/PixelWords.h"
 #include "kernels/SurroundContrast.h"
 #include "kernels/Wrapping.h"
@@ -43,8 +43,9 @@ QImage contrastLevels(VXAbstractROI& /*roi*/, const QImage& words)
 {
     QImage levels = vx::kernels::uninitializedLevels(words.size());
     vx::kernels::surroundContrast(words, levels);
-    return VXMaxFilter(vx::kernels::contrastSpread, vx::kernels::contrastThreshold)
-        .evaluate(levels);
+    vx::kernels::spreadLevels(
+        levels, vx::kernels::contrastSpread / 2, vx::kernels::contrastThreshold);
+    return levels;
 }
 
 // The image unchanged where the bound has a negative side or the image is null.

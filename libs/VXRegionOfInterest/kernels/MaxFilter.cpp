@@ -81,23 +81,6 @@ QImage spreadWords(const QImage& source, int arm, int threshold, const RowLoops&
     return result;
 }
 
-QImage spreadLevels(const QImage& source, int arm, int threshold, const RowLoops& loops)
-{
-    LevelPlane keys(source.width(), source.height());
-    bool spreads = false;
-    for (int y = 0; y < keys.height; ++y)
-        spreads |= loops.dilation.keepAbove(
-            source.constScanLine(y), keys.width, threshold, keys.row(y));
-    if (!spreads)
-        return copyOf(source);
-    QImage result = sameWithoutPixels(source);
-    spreadKeys(keys, arm, loops, [&](int y, const quint8* along, const quint8* down) {
-        loops.dilation.writeGreatest(
-            source.constScanLine(y), along, down, keys.width, result.scanLine(y));
-    });
-    return result;
-}
-
 } // namespace
 
 QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, const RowLoops& loops)
@@ -105,8 +88,11 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
     const bool isIndexed = source.pixelFormat().colorModel() == QPixelFormat::Indexed;
     if (source.isNull() || arm < 1 || isIndexed)
         return copyOf(source);
-    if (source.format() == QImage::Format_Grayscale8)
-        return spreadLevels(source, arm, threshold, loops);
+    if (source.format() == QImage::Format_Grayscale8) {
+        QImage result = copyOf(source);
+        spreadLevels(result, arm, threshold, loops);
+        return result;
+    }
 
     const bool holdsWords
         = source.format() == QImage::Format_ARGB32 || source.format() == QImage::Format_RGB32;
@@ -117,4 +103,20 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
     QImage result = copyOf(source);
     spreadThroughPixels(source, arm, threshold, result);
     return result;
+}
+
+void vx::kernels::spreadLevels(QImage& levels, int arm, int threshold, const RowLoops& loops)
+{
+    LevelPlane keys(levels.width(), levels.height());
+    bool spreads = false;
+    for (int y = 0; y < keys.height; ++y)
+        spreads |= loops.dilation.keepAbove(
+            levels.constScanLine(y), keys.width, threshold, keys.row(y));
+    if (!spreads)
+        return;
+    spreadKeys(keys, arm, loops, [&](int y, const quint8* along, const quint8* down) {
+        quint8* const row = levels.scanLine(y);
+        loops.dilation.writeMaxima(row, along, keys.width, row);
+        loops.dilation.writeMaxima(row, down, keys.width, row);
+    });
 }

@@ -16,6 +16,10 @@ namespace vx::kernels {
 QImage maxFilter(
     const QImage& source, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
 
+/// What maxFilter() does, in place, to levels that are not null. \pre \a arm is above 0.
+void spreadLevels(
+    QImage& levels, int arm, int threshold, const RowLoops& loops = fastestRowLoops());
+
 namespace reference {
 /// Overwrites pixel by pixel.
 QImage maxFilter(const QImage& source, int arm, int threshold);

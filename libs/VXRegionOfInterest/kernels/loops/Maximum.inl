@@ -65,15 +65,6 @@ void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8*
     __builtin_memcpy(maxima + lastFirst, &last, sizeof last);
 }
 
-void writeGreatest(
-    const quint8* a, const quint8* b, const quint8* c, int count, quint8* __restrict greatest)
-{
-    for (int i = 0; i < count; ++i) {
-        const quint8 ofTwo = a[i] > b[i] ? a[i] : b[i];
-        greatest[i] = ofTwo > c[i] ? ofTwo : c[i];
-    }
-}
-
 void spreadRow(
     const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* __restrict target)
 {
@@ -89,7 +80,6 @@ constexpr DilationLoops dilationLoops()
     loops.readKeys = readKeys;
     loops.keepAbove = keepAbove;
     loops.writeMaxima = writeMaxima;
-    loops.writeGreatest = writeGreatest;
     loops.spreadRow = spreadRow;
     return loops;
 }

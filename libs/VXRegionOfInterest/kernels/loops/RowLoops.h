@@ -210,10 +210,6 @@ struct DilationLoops {
     /// Writes the greater of each two. \a maxima may be \a a.
     void (*writeMaxima)(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima);
 
-    /// Writes the greatest of each three.
-    void (*writeGreatest)(
-        const quint8* a, const quint8* b, const quint8* c, int count, quint8* greatest);
-
     /// Copies pixels, except those whose red is below the greater of two keys: they become that key as
     /// opaque grey.
     void (*spreadRow)(
