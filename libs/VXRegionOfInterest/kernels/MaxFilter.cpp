@@ -89,7 +89,9 @@ QImage vx::kernels::maxFilter(const QImage& source, int arm, int threshold, cons
     if (source.isNull() || arm < 1 || isIndexed)
         return copyOf(source);
     if (source.format() == QImage::Format_Grayscale8) {
-        QImage result = copyOf(source);
+        QImage result = sameWithoutPixels(source); // in large pages, which a copy by Qt is not
+        for (int y = 0; y < source.height(); ++y)
+            std::copy_n(source.constScanLine(y), source.width(), result.scanLine(y));
         spreadLevels(result, arm, threshold, loops);
         return result;
     }
