@@ -3,6 +3,7 @@
 #include "LiteralAnalysis.h"
 #include "Pictures.h"
 
+#include <VXRegionOfInterest/VXBackgroundROI.h>
 #include <VXRegionOfInterest/VXGaussROI.h>
 #include <VXRegionOfInterest/VXGaussianBlur.h>
 #include <VXRegionOfInterest/VXHistogramROI.h>
@@ -25,6 +26,7 @@
 #include "kernels/PixelWords.h"
 #include "kernels/RedSums.h"
 #include "kernels/SurroundContrast.h"
+#include "kernels/background/BackgroundMap.h"
 #include "support/GreyImage.h"
 #include "support/Memory.h"
 #include "support/PlainHistogramROI.h"
@@ -126,6 +128,13 @@ void registerMethods()
         [](const QImage& image) {
             return support::greyImage(
                 image.size(), [](QImage& levels) { reference::centrePrior(levels); });
+        } });
+    registerEverywhere(ImageSubject { "VXBackgroundROI",
+        [](const QImage& image) { return VXBackgroundROI().evaluate(image); },
+        [](const QImage& image) {
+            QImage map = mapFor(image);
+            reference::writeBackgroundMap(image, map);
+            return map;
         } });
     registerEverywhere(ImageSubject { "VXHistogramROI",
         [](const QImage& image) { return VXHistogramROI().evaluate(image); },

@@ -1,3 +1,4 @@
+#include <VXRegionOfInterest/VXBackgroundROI.h>
 #include <VXRegionOfInterest/VXDisjointSet.h>
 #include <VXRegionOfInterest/VXGaussROI.h>
 #include <VXRegionOfInterest/VXGaussianBlur.h>
@@ -37,6 +38,7 @@ template <typename Function> std::ptrdiff_t slotOf(Function function)
 TEST(Layout, everyClassIsAsLargeAsItsFields)
 {
     EXPECT_EQ(sizeof(VXAbstractROI), 16U) << "table 8, switch 1 and 3 unused, weight 4";
+    EXPECT_EQ(sizeof(VXBackgroundROI), 16U) << "nothing beside the base";
     EXPECT_EQ(sizeof(VXGaussROI), 16U) << "nothing beside the base";
     EXPECT_EQ(sizeof(VXGaussianBlur), 24U) << "the kernel";
     EXPECT_EQ(sizeof(VXMaxFilter), 24U) << "size and threshold";

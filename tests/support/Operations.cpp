@@ -1,5 +1,6 @@
 #include "Operations.h"
 
+#include <VXRegionOfInterest/VXBackgroundROI.h>
 #include <VXRegionOfInterest/VXGaussROI.h>
 #include <VXRegionOfInterest/VXGaussianBlur.h>
 #include <VXRegionOfInterest/VXHistogram.h>
@@ -43,6 +44,8 @@ void addMethods(Operations& all)
 {
     all.push_back({ "createTargetImage",
         [](const QImage& image) { return VXGaussROI().createTargetImage(image); }, false, true });
+    all.push_back({ "VXBackgroundROI",
+        [](const QImage& image) { return VXBackgroundROI().evaluate(image); } });
     all.push_back(
         { "VXGaussROI", [](const QImage& image) { return VXGaussROI().evaluate(image); } });
     all.push_back(

@@ -62,6 +62,7 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 
 #include "Contrast.inl"
 
+#include "Background.inl"
 #include "Blend.inl"
 #include "Chroma.inl"
 #include "Edges.inl"
@@ -73,6 +74,6 @@ namespace vx::kernels::loops {
 
 extern const RowLoops VXROI_LOOPS;
 constexpr RowLoops VXROI_LOOPS = { VX_NAME_OF(VXROI_LOOPS), pixelLoops(), numberLoops(),
-    contrastLoops(), blendLoops(), chromaLoops(), edgeLoops(), dilationLoops() };
+    contrastLoops(), blendLoops(), chromaLoops(), edgeLoops(), dilationLoops(), backgroundLoops() };
 
 } // namespace vx::kernels::loops

@@ -216,6 +216,18 @@ struct DilationLoops {
         const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* target);
 };
 
+/// The loops of the background map.
+struct BackgroundLoops {
+    /// Adds the channels of pixels: red times 2¹⁶ plus blue, and green.
+    void (*addChannels)(const QRgb* pixels, int count, quint32* redBlue, quint32* green);
+
+    /// Writes a row of pixels between cells, as opaque grey. Those from the end of the cell before to
+    /// \a ends of a cell lie between its level and the next one, which there is for the last cell too;
+    /// \a shares says where. The last end is the width of the row.
+    void (*writeBetween)(
+        const float* levels, const int* ends, int cells, const float* shares, QRgb* pixels);
+};
+
 /// The loops as they are compiled for one kind of processor.
 struct RowLoops {
     const char* name; ///< the kind of processor: "plain", "avx2" or "avx512"
@@ -226,6 +238,7 @@ struct RowLoops {
     ChromaLoops chroma; ///< for ChromaBins.h and LumaChroma.h
     EdgeLoops edges; ///< for EdgeResponse.h
     DilationLoops dilation; ///< for MaxFilter.h
+    BackgroundLoops background; ///< for background/
 };
 
 /// The loops that this processor can run, from the plainest to the fastest.

@@ -1,0 +1,16 @@
+#include "VXBackgroundROI.h"
+
+#include "kernels/PixelWords.h"
+#include "kernels/background/BackgroundMap.h"
+
+VXBackgroundROI::VXBackgroundROI() = default;
+
+VXBackgroundROI::~VXBackgroundROI() = default;
+
+QImage VXBackgroundROI::evaluate(const QImage& image)
+{
+    const QImage words = vx::kernels::toPixelWords(image);
+    QImage map = createTargetImage(words);
+    vx::kernels::writeBackgroundMap(words, map);
+    return map;
+}
