@@ -6,7 +6,7 @@ include(GNUInstallDirs)
 set(vx_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/VXRegionOfInterest")
 set(vx_qmake_dir "${CMAKE_INSTALL_DATADIR}/VXRegionOfInterest")
 
-install(TARGETS VXRegionOfInterest EXPORT VXRegionOfInterestTargets
+install(TARGETS VXRegionOfInterest VXCrop EXPORT VXRegionOfInterestTargets
     LIBRARY COMPONENT library NAMELINK_COMPONENT development
     FILE_SET HEADERS COMPONENT development)
 install(EXPORT VXRegionOfInterestTargets
@@ -37,6 +37,11 @@ function(vx_install_relative template folder)
 endfunction()
 vx_install_relative(cmake/VXRegionOfInterest.pc.in "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 vx_install_relative(cmake/VXRegionOfInterest.pri.in "${vx_qmake_dir}")
+vx_install_relative(cmake/VXCrop.pc.in "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+vx_install_relative(cmake/VXCrop.pri.in "${vx_qmake_dir}")
+
+# In an installed tree the libraries find each other in the same folder.
+set_target_properties(VXCrop PROPERTIES INSTALL_RPATH "$ORIGIN")
 
 # vx_compressed(<file> <folder> <component>): installs a file compressed, as manuals and changelogs are.
 find_program(vx_gzip gzip REQUIRED)

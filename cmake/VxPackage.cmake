@@ -8,7 +8,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/libs/VXRegionOfInterest")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/libs")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 # vx_package(<component> <name> <section> <description>): a package, and what every package has beside
@@ -28,15 +28,16 @@ set(vx_library_package "libvxregionofinterest${PROJECT_VERSION_MAJOR}")
 set(vx_same_library "${vx_library_package} (= ${PROJECT_VERSION})")
 
 vx_package(library "${vx_library_package}" libs
-"This package has the shared library, which computes salience maps.
-Programs use them to decide what to keep when they crop or frame pictures.")
+"This package has the shared libraries that compute salience maps and choose
+what to keep of pictures when they are cropped or framed.")
 file(WRITE "${PROJECT_BINARY_DIR}/shlibs"
-    "libVXRegionOfInterest ${PROJECT_VERSION_MAJOR} ${vx_library_package}\n")
+    "libVXRegionOfInterest ${PROJECT_VERSION_MAJOR} ${vx_library_package}\n"
+    "libVXCrop ${PROJECT_VERSION_MAJOR} ${vx_library_package}\n")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
     "${PROJECT_BINARY_DIR}/shlibs" "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
 
 vx_package(development libvxregionofinterest-dev libdevel
-"This package has what is needed to build programs with the library:
+"This package has what is needed to build programs with the libraries:
 headers, and packages for CMake, pkg-config and qmake.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${vx_same_library}, qtbase5-dev")
 

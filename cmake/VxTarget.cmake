@@ -19,3 +19,22 @@ function(vx_target target)
         -fstack-clash-protection>)
     target_link_options(${target} PRIVATE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 endfunction()
+
+# vx_shared_library(<target>): what every library has that is installed: a version, the exports that the file
+# exports.map beside its sources lists, and public headers that compile alone.
+function(vx_shared_library target)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/libs"
+        VERIFY_INTERFACE_HEADER_SETS ON)
+    set(exports "${CMAKE_CURRENT_SOURCE_DIR}/exports.map")
+    if(CMAKE_SYSTEM_NAME STREQUAL Linux)
+        target_link_options(${target} PRIVATE "LINKER:--version-script=${exports}")
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${exports}")
+    endif()
+    if(BUILD_TESTING)
+        # The test of the binary interface reads the types out of the debug information.
+        target_compile_options(${target} PRIVATE -g)
+    endif()
+endfunction()

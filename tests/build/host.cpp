@@ -3,12 +3,12 @@
 
 #include "../install/cropping.h"
 
-#include "VXDisjointSet.h"
-#include "VXGaussianBlur.h"
-#include "VXHistogram.h"
-#include "VXSalienzAchanta.h"
-#include "VXSalienzMaximizerHorizontal.h"
-#include "VXSalienzMixer.h"
+#include <VXRegionOfInterest/VXDisjointSet.h>
+#include <VXRegionOfInterest/VXGaussianBlur.h>
+#include <VXRegionOfInterest/VXHistogram.h>
+#include <VXRegionOfInterest/VXSalienzAchanta.h>
+#include <VXRegionOfInterest/VXSalienzMaximizerHorizontal.h>
+#include <VXRegionOfInterest/VXSalienzMixer.h>
 
 #include <iostream>
 

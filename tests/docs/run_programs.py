@@ -27,7 +27,7 @@ with tempfile.TemporaryDirectory() as folder:
             subprocess.run(
                 [compiler, "-std=c++17", "-fPIC", *flags.split(), f"-I{root}/libs"]
                 + [*pkg_config("--cflags"), str(source), "-o", f"{folder}/program"]
-                + [f"-L{library_folder}", "-lVXRegionOfInterest", *pkg_config("--libs")],
+                + [f"-L{library_folder}", "-lVXCrop", "-lVXRegionOfInterest", *pkg_config("--libs")],
                 check=True,
             )
             print(f"{path}:", flush=True)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <VXRegionOfInterest/VXSalienzMaximizerHorizontal.h>
-#include <VXRegionOfInterest/VXSalienzMixer.h>
+#include <VXCrop/VXCrop.h>
 
 #include <QImage>
 #include <QRect>
@@ -24,14 +23,8 @@ inline QImage picture()
     return image;
 }
 
-/// The square as high as the picture that holds the most salience.
-inline QRect squareOf(const QImage& image)
-{
-    VXSalienzMixer mixer(QSize(320, 240));
-    const QImage map = mixer.analyze(image);
-    const int start = VXSalienzMaximizerHorizontal().startOfBestRange(map, map.height());
-    return { start * image.width() / map.width(), 0, image.height(), image.height() };
-}
+/// The square to keep of it.
+inline QRect squareOf(const QImage& image) { return VXCrop(image).window(QSize(1, 1)).window; }
 
 /// Whether the square lies in the picture and has the whole subject in it.
 inline bool isRight(const QRect& square)

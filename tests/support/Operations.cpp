@@ -1,5 +1,6 @@
 #include "Operations.h"
 
+#include <VXCrop/VXCrop.h>
 #include <VXRegionOfInterest/VXBackgroundROI.h>
 #include <VXRegionOfInterest/VXGaussROI.h>
 #include <VXRegionOfInterest/VXGaussianBlur.h>
@@ -139,6 +140,25 @@ void addReaders(Operations& all)
                    } });
 }
 
+void addCrops(Operations& all)
+{
+    all.push_back({ "VXCrop", [](const QImage& image) { return VXCrop(image).map(); } });
+    all.push_back({ "VXCrop by the library's methods, with areas", [](const QImage& image) {
+                       return VXCrop(image, VXCropSettings::library()).map({ QRect(1, 1, 3, 2) });
+                   } });
+    all.push_back({ "VXCrop::workingImage",
+        [](const QImage& image) { return VXCrop::workingImage(image); } });
+    all.push_back({ "VXCrop::fromMap",
+        [](const QImage& image) { return VXCrop::fromMap(image, QSize(70, 90)).map(); } });
+    all.push_back({ "VXCrop::windows", [](const QImage& image) {
+                       static_cast<void>(
+                           VXCrop::fromMap(image, image.size())
+                               .windows(QSize(2, 5), 3,
+                                   { { QRect(2, 2, 3, 3) }, { QRect(9, 9, 3, 3) }, {} }));
+                       return QImage();
+                   } });
+}
+
 } // namespace
 
 const std::vector<Operation>& operations()
@@ -149,6 +169,7 @@ const std::vector<Operation>& operations()
         addFilters(every);
         addMixers(every);
         addReaders(every);
+        addCrops(every);
         return every;
     }();
     return all;

@@ -12,8 +12,7 @@ namespace vx::kernels {
 /// distances are added and stretched to 0 to 1. What exceeds 0.3 times the mean counts, times a centre prior
 /// exp(−x² / (2 · 0.4²) − y² / (2 · 0.25²)), with x and y how far a cell's middle is from that of the
 /// picture, as a share of its width and height. The largest becomes 1; see writeEnlarged() for the rest.
-/// \param words an image of 32 bits per pixel, of any size.
-/// \param map an image of 32 bits per pixel and the same size.
+/// \a words and \a map have 32 bits per pixel and the same size; nothing is written where they are null.
 void writeBackgroundMap(
     const QImage& words, QImage& map, const RowLoops& loops = fastestRowLoops());
 

@@ -1,0 +1,357 @@
+#include "VXCrop.h"
+
+#include "AxisSearch.h"
+#include "WorkingImage.h"
+
+#include <VXRegionOfInterest/VXAbstractROI.h>
+#include <VXRegionOfInterest/VXBackgroundROI.h>
+#include <VXRegionOfInterest/VXSalienzMaximizerHorizontal.h>
+#include <VXRegionOfInterest/VXSalienzMaximizerVertical.h>
+#include <VXRegionOfInterest/VXSalienzMixer.h>
+#include <VXRegionOfInterest/VXVeryImportantAreasROI.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <numeric>
+
+namespace {
+
+using namespace vx::crop;
+
+using Sums = QList<long long>;
+
+const QSize workingBound(640, 480);
+constexpr int weightOfAreas = 20; // the mixer's own
+
+void configure(VXSalienzMixer& mixer, const VXCropSettings& settings)
+{
+    for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
+        if (!method.ofMixer)
+            continue;
+        // The object's own weight, because the mixer turns the sign of the histogram method's.
+        const int weight = settings.*method.weight;
+        mixer.roiMethod(*method.ofMixer)->setWeight(weight);
+        mixer.setMethodEnabled(*method.ofMixer, weight != 0);
+    }
+    mixer.updateHistogramBinsChannel1(settings.tuning.bins1);
+    mixer.updateHistogramBinsChannel2(settings.tuning.bins2);
+    mixer.updateHistogramChiSquareThreshold(settings.tuning.threshold);
+    mixer.updateHistogramHorizontalBlocks(settings.tuning.columns);
+    mixer.updateHistogramVerticalBlocks(settings.tuning.rows);
+    mixer.updateHistogramMinWidth(settings.tuning.minWidth);
+    mixer.updateHistogramMinHeight(settings.tuning.minHeight);
+}
+
+// Whether workingImage() would make a copy, but for bits that no method looks at.
+bool isWorkingImage(const QImage& image)
+{
+    return image.format() == QImage::Format_RGB32
+        && image.size() == VXCrop::workingSize(image.size());
+}
+
+// The axis on which a window has room to move. It fills the other one.
+struct Direction {
+    Direction(const QSize& pictureSize, const QSize& window)
+        : isAcross(window.width() < pictureSize.width())
+        , picture(pictureSize)
+        , axis(isAcross ? Axis { picture.width(), window.width() }
+                        : Axis { picture.height(), window.height() })
+    {
+    }
+
+    Span extentOf(const QRect& area) const
+    {
+        return isAcross ? Span { area.left(), area.right() } : Span { area.top(), area.bottom() };
+    }
+
+    QRect windowAt(int start) const
+    {
+        return isAcross ? QRect(start, 0, axis.windowLength, picture.height())
+                        : QRect(0, start, picture.width(), axis.windowLength);
+    }
+
+    Sums sumsOf(const QImage& map) const
+    {
+        return isAcross ? VXSalienzMaximizerHorizontal().sums(map)
+                        : VXSalienzMaximizerVertical().sums(map);
+    }
+
+    // The part of a map that is within the window at a start.
+    QRect partOf(const QSize& map, int start) const
+    {
+        const int positions = isAcross ? map.width() : map.height();
+        const int first = std::min(scaled(start, positions, axis.pictureLength), positions - 1);
+        const int end = std::clamp(
+            scaled(start + axis.windowLength, positions, axis.pictureLength), first + 1, positions);
+        return isAcross ? QRect(first, 0, end - first, map.height())
+                        : QRect(0, first, map.width(), end - first);
+    }
+
+    bool isAcross;
+    QSize picture;
+    Axis axis;
+};
+
+QVector<QRect> partsWithin(const QSize& picture, const QVector<QRect>& areas)
+{
+    QVector<QRect> parts;
+    for (const QRect& area : areas) {
+        const QRect part = area & QRect(QPoint(), picture);
+        if (!part.isEmpty())
+            parts.append(part);
+    }
+    return parts;
+}
+
+// An area of the picture in pixels of its working image, those that it has a part of.
+QRect inWorkingPixels(const QRect& area, const QSize& picture, const QSize& working)
+{
+    const auto first
+        = [](qint64 pixel, int to, int from) { return static_cast<int>(pixel * to / from); };
+    const auto last = [](qint64 pixel, int to, int from) {
+        return static_cast<int>(((pixel + 1) * to - 1) / from);
+    };
+    return { QPoint(first(area.left(), working.width(), picture.width()),
+                 first(area.top(), working.height(), picture.height())),
+        QPoint(last(area.right(), working.width(), picture.width()),
+            last(area.bottom(), working.height(), picture.height())) };
+}
+
+// Where the constraints leave room, and which of them leaves not all.
+struct Allowed {
+    QVector<Span> starts;
+    std::optional<VXCropReason> reason;
+};
+
+bool areAll(const QVector<Span>& starts, const Axis& axis)
+{
+    return starts.size() == 1 && starts.first().first == 0
+        && starts.first().last == axis.lastStart();
+}
+
+Allowed startsFor(const Direction& direction, const VXCropConstraints& constraints)
+{
+    QVector<Span> keep;
+    for (const QRect& area : partsWithin(direction.picture, constraints.keep))
+        keep.append(direction.extentOf(area));
+    QVector<Area> avoid;
+    for (const QRect& area : partsWithin(direction.picture, constraints.avoid))
+        avoid.append(
+            { direction.extentOf(area), direction.isAcross ? area.height() : area.width() });
+
+    const QVector<Span> keeping = startsThatKeep(direction.axis, keep);
+    const QVector<Span> starts = startsThatAvoid(direction.axis, keeping, avoid);
+    if (!areAll(keeping, direction.axis))
+        return { starts, VXCropReason::Keep };
+    if (!areAll(starts, direction.axis))
+        return { starts, VXCropReason::Avoid };
+    return { starts, std::nullopt };
+}
+
+int startAt(const Direction& direction, const QPointF& focus)
+{
+    const double share = direction.isAcross ? focus.x() : focus.y();
+    const double centre = std::isnan(share) ? 0.5 : std::clamp(share, 0.0, 1.0);
+    const double start = centre * direction.axis.pictureLength - direction.axis.windowLength / 2.0;
+    return std::clamp(static_cast<int>(std::lround(start)), 0, direction.axis.lastStart());
+}
+
+// The middle of what sums hold, from 0 to their number; of nothing, the middle of all.
+double centreOf(const Sums& sums)
+{
+    double moment = 0;
+    double all = 0;
+    for (int i = 0; i < sums.size(); ++i) {
+        const auto sum = static_cast<double>(sums.at(i));
+        moment += sum * (i + 0.5);
+        all += sum;
+    }
+    return all > 0 ? moment / all : sums.size() / 2.0;
+}
+
+QPointF centreOf(const QImage& map, const QRect& part)
+{
+    // A view of the part; nothing is copied.
+    const QImage view(map.constScanLine(part.top()) + std::ptrdiff_t { 4 } * part.left(),
+        part.width(), part.height(), map.bytesPerLine(), map.format());
+    return { (part.left() + centreOf(VXSalienzMaximizerHorizontal().sums(view))) / map.width(),
+        (part.top() + centreOf(VXSalienzMaximizerVertical().sums(view))) / map.height() };
+}
+
+double shareOf(const Sums& sums, int first, int count)
+{
+    const auto sum = [&](int from, int number) {
+        return std::accumulate(sums.begin() + from, sums.begin() + from + number, 0LL);
+    };
+    const long long all = sum(0, sums.size());
+    return all == 0 ? 0.0 : static_cast<double>(sum(first, count)) / static_cast<double>(all);
+}
+
+// What the map says of windows that lie somewhere.
+class Measure {
+public:
+    Measure(const QImage& salienceMap, const Direction& windowDirection)
+        : map(salienceMap)
+        , direction(windowDirection)
+        , sums(direction.sumsOf(map))
+    {
+    }
+
+    const Sums& alongAxis() const { return sums; }
+
+    VXCropWindow at(int start, VXCropReason reason) const
+    {
+        return { direction.windowAt(start), centreOf(map, direction.partOf(map.size(), start)),
+            reason, heldAt(start), heldAt(direction.axis.centreStart()) };
+    }
+
+private:
+    double heldAt(int start) const
+    {
+        const QRect part = direction.partOf(map.size(), start);
+        return direction.isAcross ? shareOf(sums, part.left(), part.width())
+                                  : shareOf(sums, part.top(), part.height());
+    }
+
+    const QImage& map;
+    const Direction& direction;
+    Sums sums;
+};
+
+} // namespace
+
+VXCrop::VXCrop() = default;
+
+VXCrop::VXCrop(const QImage& image, const VXCropSettings& settings)
+    : VXCrop(fromWorkingImage(
+        isWorkingImage(image) ? image : workingImage(image), image.size(), settings))
+{
+}
+
+VXCrop VXCrop::fromWorkingImage(
+    const QImage& image, const QSize& pictureSize, const VXCropSettings& settings)
+{
+    VXCrop crop;
+    if (image.isNull() || pictureSize.isEmpty())
+        return crop;
+    crop.picture = pictureSize;
+    crop.working = image.size();
+    // The working image is as large as it should be: the mixer scales nothing.
+    VXSalienzMixer mixer { QSize() };
+    configure(mixer, settings);
+    const QList<QImage> ofMixer = mixer.gatherResults(image);
+    for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
+        const int weight = settings.*method.weight;
+        if (weight == 0)
+            continue;
+        crop.maps.append({ QLatin1String(method.name),
+            method.ofMixer ? ofMixer.at(crop.maps.size()) : VXBackgroundROI().evaluate(image) });
+        crop.weights.append(weight);
+    }
+    return crop;
+}
+
+VXCrop VXCrop::fromMap(const QImage& map, const QSize& pictureSize)
+{
+    VXCrop crop;
+    if (map.isNull() || pictureSize.isEmpty())
+        return crop;
+    crop.picture = pictureSize;
+    crop.working = workingSize(pictureSize);
+    crop.maps.append({ QStringLiteral("map"), reduced(opacityOrGrey(map), crop.working) });
+    crop.weights.append(weightOfAreas);
+    return crop;
+}
+
+QSize VXCrop::workingSize(const QSize& picture)
+{
+    if (picture.isEmpty())
+        return {};
+    return picture.scaled(workingBound, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
+QImage VXCrop::workingImage(const QImage& picture)
+{
+    return picture.isNull() ? QImage() : reduced(picture, workingSize(picture.size()));
+}
+
+QSize VXCrop::largestWindow(const QSize& picture, const QSize& ratio)
+{
+    if (picture.isEmpty() || ratio.isEmpty())
+        return {};
+    const bool hasRoomAcross
+        = qint64 { picture.width() } * ratio.height() > qint64 { picture.height() } * ratio.width();
+    if (hasRoomAcross) {
+        const int width = scaled(picture.height(), ratio.width(), ratio.height());
+        return { std::clamp(width, 1, picture.width()), picture.height() };
+    }
+    const int height = scaled(picture.width(), ratio.height(), ratio.width());
+    return { picture.width(), std::clamp(height, 1, picture.height()) };
+}
+
+QSize VXCrop::pictureSize() const { return picture; }
+
+QVector<VXCropMap> VXCrop::methodMaps(const QVector<QRect>& keep) const
+{
+    QList<QRect> areas;
+    for (const QRect& area : partsWithin(picture, keep))
+        areas.append(inWorkingPixels(area, picture, working));
+    QVector<VXCropMap> all = maps;
+    if (!areas.isEmpty()) {
+        QImage anyImage(working, QImage::Format_ARGB32);
+        all.append({ QStringLiteral("areas"),
+            VXVeryImportantAreasROI(areas, working).evaluate(held(anyImage)) });
+    }
+    return all;
+}
+
+QImage VXCrop::map(const QVector<QRect>& keep) const
+{
+    QList<QImage> blended;
+    for (const VXCropMap& single : methodMaps(keep))
+        blended.append(single.map);
+    QList<int> weightsOfBlended = weights;
+    if (blended.size() > weights.size())
+        weightsOfBlended.append(weightOfAreas);
+    if (blended.size() == 1)
+        return blended.first();
+    if (!blended.isEmpty())
+        return VXSalienzMixer(QSize()).mix(blended, weightsOfBlended);
+    if (working.isEmpty())
+        return {};
+    QImage black = held(QImage(working, QImage::Format_ARGB32));
+    black.fill(Qt::black);
+    return black;
+}
+
+VXCropWindow VXCrop::window(const QSize& ratio, const VXCropConstraints& constraints) const
+{
+    const QVector<VXCropWindow> only = windows(ratio, 1, constraints);
+    return only.isEmpty() ? VXCropWindow() : only.first();
+}
+
+QVector<VXCropWindow> VXCrop::windows(
+    const QSize& ratio, int most, const VXCropConstraints& constraints) const
+{
+    const QSize size = largestWindow(picture, ratio);
+    if (size.isEmpty() || most < 1)
+        return {};
+    const QImage blended = map(constraints.keep);
+    const Direction direction(picture, size);
+    const Measure measure(blended, direction);
+    if (size == picture)
+        return { measure.at(0, VXCropReason::WholePicture) };
+    if (constraints.focus)
+        return { measure.at(startAt(direction, *constraints.focus), VXCropReason::Focus) };
+
+    const Allowed allowed = startsFor(direction, constraints);
+    QVector<VXCropWindow> found;
+    for (const Place& place :
+        bestPlaces(measure.alongAxis(), direction.axis, allowed.starts, most)) {
+        const VXCropReason bySalience
+            = place.isCentre ? VXCropReason::Centre : VXCropReason::Salience;
+        found.append(measure.at(place.start, allowed.reason.value_or(bySalience)));
+    }
+    return found;
+}
