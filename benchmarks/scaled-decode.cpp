@@ -1,5 +1,5 @@
 // scaled-decode PICTURE: decodes it at the size that it would be analysed at, and nothing else.
-#include "host/SalienceMap.h"
+#include <VXCrop/VXCrop.h>
 
 #include <QCoreApplication>
 #include <QImageReader>
@@ -8,6 +8,6 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     QImageReader reader(QCoreApplication::arguments().value(1));
-    reader.setScaledSize(host::workingSizeOf(reader.size()));
+    reader.setScaledSize(VXCrop::workingSize(reader.size()));
     return reader.read().isNull() ? 1 : 0;
 }

@@ -246,6 +246,21 @@ TEST(VXCrop, reachesASubjectAtTheVeryEnd)
     EXPECT_EQ(window.reason, VXCropReason::Salience);
 }
 
+// The map's grid is coarser than the picture's, and no multiple of it.
+TEST(VXCrop, reachesBothEndsOfLargePictures)
+{
+    for (const QSize& picture : { QSize(1200, 800), QSize(6001, 3999), QSize(977, 331) }) {
+        QImage map(320, 4, QImage::Format_RGB32);
+        map.fill(Qt::black);
+        QPainter(&map).fillRect(319, 0, 1, 4, Qt::white);
+        const QRect last = VXCrop::fromMap(map, picture).window(square).window;
+        EXPECT_EQ(last.right(), picture.width() - 1);
+        const QRect first
+            = VXCrop::fromMap(map.mirrored(true, false), picture).window(square).window;
+        EXPECT_EQ(first.left(), 0);
+    }
+}
+
 TEST(VXCrop, liesInsideThePictureForRandomSizes)
 {
     support::Random random(9);

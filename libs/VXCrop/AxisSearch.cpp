@@ -33,17 +33,21 @@ public:
         return held;
     }
 
+    // The first starts are each other's, and so are the last ones.
     int gridStartOf(int pictureStart) const
     {
-        return std::min(scaled(pictureStart, positions, axis.pictureLength), positions - length);
+        return axis.lastStart() == 0 ? 0 : scaled(pictureStart, lastGridStart(), axis.lastStart());
     }
 
     int pictureStartOf(int gridStart) const
     {
-        return std::min(scaled(gridStart, axis.pictureLength, positions), axis.lastStart());
+        return lastGridStart() == 0 ? axis.centreStart()
+                                    : scaled(gridStart, axis.lastStart(), lastGridStart());
     }
 
 private:
+    int lastGridStart() const { return positions - length; }
+
     const QList<long long>& sums;
     const Axis& axis;
     int positions;

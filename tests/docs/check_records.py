@@ -37,14 +37,19 @@ with tempfile.TemporaryDirectory() as name:
                        "--json", "-o", "{stem}-{ratio}.jpg", "--if-exists", "skip")
              + records(folder, "crop", "balloon.png", "none.png", "--ratio", "2:1", "--json",
                        "--dry-run", "-o", "other/{stem}.jpg")
+             + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--avoid", "100,0,20,900",
+                       "--weight", "gauss=3", "--json")
+             + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--map", "poppy.png", "--json")
+             + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--map", "none.png", "--json")
              + records(folder, "batch", ".", "--ratio", "1:1"))
 
 statuses = {record["status"] for record in found}
 deciders = {crop["decidedBy"] for record in found for crop in record.get("crops", [])}
 outputs = {crop["output"].get("status") for record in found for crop in record.get("crops", [])}
 assert statuses == {"ok", "failed"}, statuses
-assert {"whole", "focus", "keep", "salience"} <= deciders, deciders
+assert {"whole", "focus", "keep", "avoid", "salience"} <= deciders, deciders
 assert outputs == {None, "written", "planned", "skipped"}, outputs
+assert {"photo", "gauss=3 background=20", "map=poppy.png"} <= {record["settings"] for record in found}
 for record in found:
     validator.validate(record)
 

@@ -8,9 +8,8 @@ namespace {
 
 void expectRatio(const QString& text, double widthToHeight)
 {
-    const host::AspectRatio ratio = host::parseAspectRatio(text);
-    EXPECT_DOUBLE_EQ(
-        static_cast<double>(ratio.width) / static_cast<double>(ratio.height), widthToHeight);
+    const QSize ratio = host::parseAspectRatio(text);
+    EXPECT_DOUBLE_EQ(static_cast<double>(ratio.width()) / ratio.height(), widthToHeight);
 }
 
 } // namespace

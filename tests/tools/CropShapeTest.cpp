@@ -16,8 +16,8 @@ TEST(CropShape, ratiosComeInTheOrderGiven)
 TEST(CropShape, aSizeIsARatioToo)
 {
     const host::CropShape shape = host::parseSize(QStringLiteral("1200x630"));
-    EXPECT_EQ(shape.ratio.width, 1200);
-    EXPECT_EQ(shape.ratio.height, 630);
+    EXPECT_EQ(shape.ratio.width(), 1200);
+    EXPECT_EQ(shape.ratio.height(), 630);
     EXPECT_EQ(shape.size, QSize(1200, 630));
 }
 

@@ -15,7 +15,7 @@ namespace {
 host::CropRules quickRules()
 {
     host::CropRules rules;
-    rules.salience = { { 0, 20, 0, 0 }, {} };
+    rules.analysis.salience = VXCropSettings::photo();
     return rules;
 }
 
@@ -41,10 +41,13 @@ public:
                       .first());
         task.outputs.append(folder + QStringLiteral("-out.bmp"));
         if (random.below(3) == 0)
-            task.wishes.focus = QPointF(random.below(101) / 100.0, random.below(101) / 100.0);
+            task.constraints.focus = QPointF(random.below(101) / 100.0, random.below(101) / 100.0);
         if (random.below(3) == 0)
-            task.wishes.keep.append(QRect(random.below(size.width()), random.below(size.height()),
-                1 + random.below(70), 1 + random.below(70)));
+            task.constraints.keep.append(QRect(random.below(size.width()),
+                random.below(size.height()), 1 + random.below(70), 1 + random.below(70)));
+        if (random.below(3) == 0)
+            task.constraints.avoid.append(QRect(random.below(size.width()),
+                random.below(size.height()), 1 + random.below(70), 1 + random.below(70)));
         return task;
     }
 
@@ -53,10 +56,12 @@ public:
         if (record.failure)
             return QString::fromUtf8(record.failure->what());
         const host::CropResult& crop = record.crops.first();
-        const QRect window = crop.choice.window;
+        const QRect window = crop.chosen.window;
         const host::CropShape& shape = task.shapes.first();
+        if (window != VXCrop(QImage(task.path)).window(shape.ratio, task.constraints).window)
+            return QStringLiteral("what a host chooses");
         if (!QRect(QPoint(), size).contains(window)
-            || window.size() != host::largestWindow(size, shape.ratio))
+            || window.size() != VXCrop::largestWindow(size, shape.ratio))
             return QStringLiteral("the window");
         const bool fits
             = window.width() >= shape.size.width() && window.height() >= shape.size.height();
@@ -109,15 +114,16 @@ TEST(Cropper, decidesTheSameWhetherThePixelsAreWrittenOrNot)
         task.path = folder.save(samples::picture({ 2000, 1300 }), QString::fromUtf8(name));
         task.shapes = host::parseRatios(QStringLiteral("1:1,2:5"));
         host::CropRules rules;
-        rules.salience = host::SalienceSettings::preset(QStringLiteral("library"));
+        rules.analysis.salience = VXCropSettings::library();
         host::Cropper cropper(rules, 1);
         const host::CropRecord decided = cropper.crop(task);
         task.outputs = QStringList { folder.path(QStringLiteral("x-") + QLatin1String(name)),
             folder.path(QStringLiteral("y-") + QLatin1String(name)) };
         const host::CropRecord written = cropper.crop(task);
         for (int i = 0; i < 2; ++i) {
-            EXPECT_EQ(decided.crops.at(i).choice.window, written.crops.at(i).choice.window) << name;
-            EXPECT_EQ(decided.crops.at(i).salience, written.crops.at(i).salience) << name;
+            EXPECT_EQ(decided.crops.at(i).chosen.window, written.crops.at(i).chosen.window) << name;
+            EXPECT_EQ(decided.crops.at(i).chosen.salience, written.crops.at(i).chosen.salience)
+                << name;
         }
     }
 }

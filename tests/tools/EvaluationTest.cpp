@@ -2,6 +2,7 @@
 
 #include "SampleFiles.h"
 #include "host/HostError.h"
+#include "host/SalienceSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +57,7 @@ TEST_F(Evaluation, scoresTheCentreAsNothingAndTheBestWindowAsOne)
 TEST_F(Evaluation, comparesWhatIsChosenWithTheCentre)
 {
     // Every method off: the map says nothing, and the centre is chosen.
-    const evaluate::Kept kept = evaluate::evaluate({ sample() }, { { 0, 0, 0, 0 }, {} }, { 1, 1 });
+    const evaluate::Kept kept = evaluate::evaluate({ sample() }, host::withoutMethods(), { 1, 1 });
     EXPECT_DOUBLE_EQ(kept.chosen, kept.centre);
     EXPECT_DOUBLE_EQ(kept.centre, 0);
     EXPECT_DOUBLE_EQ(kept.best, 0.8);

@@ -2,74 +2,75 @@
 
 #include "host/HostError.h"
 
-#include <VXRegionOfInterest/VXAbstractROI.h>
-#include <VXRegionOfInterest/VXSalienzMixer.h>
-
 #include <gtest/gtest.h>
 
 namespace {
 
 using host::HostError;
-using host::SalienceSettings;
 
-SalienceSettings preset(const char* name) { return SalienceSettings::preset(QLatin1String(name)); }
+VXCropSettings preset(const char* name) { return host::presetCalled(QLatin1String(name)); }
+
+std::string textOf(const VXCropSettings& settings) { return host::textOf(settings).toStdString(); }
 
 } // namespace
 
-TEST(SalienceSettings, photoIsTheCentreAndHalfAsMuchSurroundContrast)
+TEST(SalienceSettings, presetsHaveNames)
 {
-    VXSalienzMixer mixer { QSize() };
-    preset("photo").configure(mixer);
-    EXPECT_FALSE(mixer.isMethodEnabled(Sobel));
-    EXPECT_FALSE(mixer.isMethodEnabled(Histogram));
-    EXPECT_EQ(mixer.roiMethod(Gauss)->getWeight(), 20);
-    EXPECT_EQ(mixer.roiMethod(Achanta)->getWeight(), 10);
+    EXPECT_EQ(
+        host::presetNames(), (QStringList { QStringLiteral("photo"), QStringLiteral("library") }));
+    EXPECT_EQ(preset("photo").background, VXCropSettings::photo().background);
+    EXPECT_EQ(preset("library").sobel, VXCropSettings::library().sobel);
+    EXPECT_THROW(preset("portrait"), HostError);
 }
 
-TEST(SalienceSettings, libraryIsTheMixerAsItIsMade)
+TEST(SalienceSettings, setsTheWeightOfEveryMethod)
 {
-    const VXSalienzMixer untouched { QSize() };
-    VXSalienzMixer mixer { QSize() };
-    preset("library").configure(mixer);
-    for (const VXSalienzMethod method : { Sobel, Gauss, Histogram, Achanta }) {
-        EXPECT_EQ(mixer.isMethodEnabled(method), untouched.isMethodEnabled(method));
-        EXPECT_EQ(mixer.roiMethod(method)->getWeight(), untouched.roiMethod(method)->getWeight());
-    }
-}
-
-TEST(SalienceSettings, aWeightOfZeroSwitchesAMethodOff)
-{
-    SalienceSettings settings = preset("library");
-    settings.setWeight(QStringLiteral("sobel=0"));
-    settings.setWeight(QStringLiteral("achanta=-7"));
-    VXSalienzMixer mixer { QSize() };
-    settings.configure(mixer);
-    EXPECT_FALSE(mixer.isMethodEnabled(Sobel));
-    EXPECT_TRUE(mixer.isMethodEnabled(Gauss));
-    EXPECT_EQ(mixer.roiMethod(Achanta)->getWeight(), -7);
+    VXCropSettings settings = host::withoutMethods();
+    for (const char* const text :
+        { "sobel=-1000", "gauss=2", "histogram=3", "achanta=-7", "background=1000" })
+        host::setWeight(settings, QLatin1String(text));
+    EXPECT_EQ(settings.sobel, -1000);
+    EXPECT_EQ(settings.gauss, 2);
+    EXPECT_EQ(settings.histogram, 3);
+    EXPECT_EQ(settings.achanta, -7);
+    EXPECT_EQ(settings.background, 1000);
 }
 
 TEST(SalienceSettings, tuneSetsEveryFieldOfTheHistogramMethod)
 {
-    SalienceSettings settings = preset("library");
+    VXCropSettings settings = preset("library");
     for (const char* const text : { "bins1=16", "bins2=8", "threshold=0.5", "columns=7", "rows=5",
              "min-width=0.75", "min-height=0.125" })
-        settings.tune(QLatin1String(text));
-    EXPECT_EQ(settings.histogram.bins1, 16);
-    EXPECT_EQ(settings.histogram.bins2, 8);
-    EXPECT_EQ(settings.histogram.threshold, 0.5);
-    EXPECT_EQ(settings.histogram.columns, 7);
-    EXPECT_EQ(settings.histogram.rows, 5);
-    EXPECT_EQ(settings.histogram.minWidth, 0.75);
-    EXPECT_EQ(settings.histogram.minHeight, 0.125);
+        host::tune(settings, QLatin1String(text));
+    EXPECT_EQ(settings.tuning.bins1, 16);
+    EXPECT_EQ(settings.tuning.bins2, 8);
+    EXPECT_EQ(settings.tuning.threshold, 0.5);
+    EXPECT_EQ(settings.tuning.columns, 7);
+    EXPECT_EQ(settings.tuning.rows, 5);
+    EXPECT_EQ(settings.tuning.minWidth, 0.75);
+    EXPECT_EQ(settings.tuning.minHeight, 0.125);
 }
 
 TEST(SalienceSettings, refusesWhatItDoesNotKnow)
 {
-    SalienceSettings settings = preset("photo");
-    EXPECT_THROW(preset("portrait"), HostError);
+    VXCropSettings settings;
     for (const char* const text : { "", "sobel", "sobel=", "edges=1", "sobel=1001", "gauss=1.5" })
-        EXPECT_THROW(settings.setWeight(QLatin1String(text)), HostError) << text;
+        EXPECT_THROW(host::setWeight(settings, QLatin1String(text)), HostError) << text;
     for (const char* const text : { "", "bins1", "bins1=", "bins1=1e9", "bins3=4", "threshold=x" })
-        EXPECT_THROW(settings.tune(QLatin1String(text)), HostError) << text;
+        EXPECT_THROW(host::tune(settings, QLatin1String(text)), HostError) << text;
+}
+
+TEST(SalienceSettings, sameSettingsHaveTheSameText)
+{
+    EXPECT_EQ(textOf(preset("photo")), "photo");
+    EXPECT_EQ(textOf(preset("library")), "library");
+    VXCropSettings settings = host::withoutMethods();
+    EXPECT_EQ(textOf(settings), "none");
+    host::setWeight(settings, QStringLiteral("background=20"));
+    EXPECT_EQ(textOf(settings), "photo");
+    host::setWeight(settings, QStringLiteral("achanta=-3"));
+    host::tune(settings, QStringLiteral("min-width=0.25"));
+    host::tune(settings, QStringLiteral("rows=12"));
+    host::tune(settings, QStringLiteral("bins1=32"));
+    EXPECT_EQ(textOf(settings), "achanta=-3 background=20 rows=12 min-width=0.25");
 }

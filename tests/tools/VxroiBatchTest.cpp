@@ -134,6 +134,37 @@ TEST_F(VxroiBatch, takesAListOfPathsSeparatedByLinesOrNuls)
     EXPECT_EQ(nuls.count('\n'), 1);
 }
 
+// The first picture has 60 columns and 90 rows.
+TEST_F(VxroiBatch, takesAreasToAvoidAndAMapWithEachInput)
+{
+    QImage mask(60, 90, QImage::Format_RGB32);
+    mask.fill(Qt::black);
+    for (int x = 0; x < 60; ++x)
+        mask.setPixel(x, 79, qRgb(255, 255, 255));
+    folder.save(mask, QStringLiteral("mask.png"));
+    folder.save(QByteArray(R"({"path": "in/p00.png", "map": "mask.png"}
+{"path": "in/p00.png", "map": "mask.png", "avoid": [[0, 80, 60, 10]]}
+{"path": "in/p00.png", "avoid": [0, 80, 60, 10]}
+{"path": "in/p00.png", "map": ""})"),
+        QStringLiteral("list"));
+    const QList<QJsonObject> all = records(batch(QStringLiteral("--from list --ratio 1:1")).out);
+    ASSERT_EQ(all.size(), 4);
+    const auto topOf = [&all](int record) {
+        const QJsonObject crop
+            = all.at(record).value(QStringLiteral("crops")).toArray().at(0).toObject();
+        return crop.value(QStringLiteral("oriented")).toObject().value(QStringLiteral("y")).toInt();
+    };
+    const auto settingsOf = [&all](int record) {
+        return all.at(record).value(QStringLiteral("settings")).toString();
+    };
+    EXPECT_EQ(settingsOf(0), QStringLiteral("map=mask.png"));
+    EXPECT_EQ(topOf(0), 30);
+    EXPECT_EQ(topOf(1), 20);
+    EXPECT_TRUE(reasonOf(all.at(2)).contains(QStringLiteral("\"avoid\"")));
+    EXPECT_TRUE(reasonOf(all.at(3)).contains(QStringLiteral("\"map\"")));
+    EXPECT_EQ(settingsOf(3), QStringLiteral("photo"));
+}
+
 TEST_F(VxroiBatch, takesWishesWithEachInput)
 {
     folder.save(QByteArray(R"({"path": "in/p00.png", "ratios": ["1:1", "2:1"]}

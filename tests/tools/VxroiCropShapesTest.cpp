@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -181,11 +182,88 @@ TEST_F(VxroiCropShapes, theFocusWinsOverAreasAndAreasOverSalience)
         free.value(QStringLiteral("centreSalience")).toDouble());
 }
 
+TEST_F(VxroiCropShapes, areasToAvoidAreLeftOutUnlessTheyAreToBeKept)
+{
+    const auto decided = [this](const QString& options) {
+        return cropOf(recordFrom(crop(QStringLiteral("--ratio 1:1 --json ") + options)), 0);
+    };
+    const QRect area(390, 0, 5, 800);
+    const QJsonObject avoided = decided(QStringLiteral("--avoid 390,0,5,800"));
+    EXPECT_EQ(decider(avoided), QStringLiteral("avoid"));
+    EXPECT_FALSE(rectOf(avoided, "oriented").intersects(area)) << "only from column 395 to 400";
+    const QJsonObject both = decided(QStringLiteral("--avoid 390,0,5,800 --keep 390,0,5,800"));
+    EXPECT_EQ(decider(both), QStringLiteral("keep"));
+    EXPECT_TRUE(rectOf(both, "oriented").contains(area));
+}
+
+TEST_F(VxroiCropShapes, takesTheMapFromAFile)
+{
+    QImage mask(120, 80, QImage::Format_ARGB32);
+    mask.fill(Qt::transparent);
+    QPainter(&mask).fillRect(0, 0, 10, 80, Qt::black);
+    const QString maskPath = folder.save(mask, QStringLiteral("mask.png"));
+    const auto recordWith = [this](const QString& map) {
+        return recordFrom(crop(QStringLiteral("--ratio 1:1 --json --map ") + map));
+    };
+    const QJsonObject record = recordWith(maskPath);
+    EXPECT_EQ(rectOf(cropOf(record, 0), "oriented"), QRect(0, 0, 800, 800));
+    EXPECT_EQ(
+        record.value(QStringLiteral("settings")).toString(), QStringLiteral("map=") + maskPath);
+    EXPECT_EQ(recordWith(folder.path(QStringLiteral("{stem}.{ext}")))
+                  .value(QStringLiteral("settings"))
+                  .toString(),
+        QStringLiteral("map=") + path);
+}
+
+TEST_F(VxroiCropShapes, refusesMapsThatAreNone)
+{
+    const QString broken = folder.save(QByteArray("no picture"), QStringLiteral("broken.png"));
+    for (const auto& [map, exitCode] :
+        { std::pair(broken, 65), std::pair(folder.path(QStringLiteral("none.png")), 66),
+            std::pair(QStringLiteral("{ratio}.png"), 64) }) {
+        const Outcome outcome = crop(QStringLiteral("--ratio 1:1 --map ") + map);
+        EXPECT_EQ(outcome.exitCode, exitCode) << outcome.err.toStdString();
+        EXPECT_TRUE(isOneLineNaming(outcome.err, map)) << outcome.err.toStdString();
+    }
+}
+
+TEST_F(VxroiCropShapes, refusesToOverwriteTheMap)
+{
+    const QString mask = folder.save(picture, QStringLiteral("mask.png"));
+    const Outcome outcome
+        = crop(QStringLiteral("--ratio 1:1 --if-exists overwrite --map %1 -o %1").arg(mask));
+    EXPECT_EQ(outcome.exitCode, 73);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, mask)) << outcome.err.toStdString();
+    EXPECT_EQ(QImage(mask).size(), picture.size());
+}
+
+// The mask has the right quarter of the picture: the middle of what the window holds is at 7 / 8, and half
+// way down.
+TEST_F(VxroiCropShapes, tellsSharesOfThePicture)
+{
+    QImage mask(1200, 800, QImage::Format_RGB32);
+    mask.fill(Qt::black);
+    QPainter(&mask).fillRect(900, 0, 300, 800, Qt::white);
+    const QString options
+        = QStringLiteral("--ratio 1:1 --map ") + folder.save(mask, QStringLiteral("mask.png"));
+    EXPECT_EQ(crop(options + QStringLiteral(" --emit focus")).out, "0.8750,0.5000\n");
+    const QJsonObject found = cropOf(recordFrom(crop(options + QStringLiteral(" --json"))), 0);
+    const auto shareOf = [&found](const char* name, const char* side) {
+        return found.value(QLatin1String(name)).toObject().value(QLatin1String(side)).toDouble();
+    };
+    EXPECT_EQ(shareOf("focus", "x"), 0.875);
+    EXPECT_EQ(shareOf("focus", "y"), 0.5);
+    EXPECT_EQ(shareOf("relative", "x"), 0.333333);
+    EXPECT_EQ(shareOf("relative", "y"), 0);
+    EXPECT_EQ(shareOf("relative", "width"), 0.666667);
+    EXPECT_EQ(shareOf("relative", "height"), 1);
+}
+
 TEST_F(VxroiCropShapes, refusesAreasAndPointsThatAreNone)
 {
     for (const char* const options : { "--keep 1,2,3", "--keep 0,0,0,5", "--keep a,b,c,d",
-             "--keep 1200,0,5,5", "--focus 2,0", "--focus 0.5", "--focus nan,0", "--weight sobel=x",
-             "--tune bins9=1", "--preset none" }) {
+             "--keep 1200,0,5,5", "--avoid 1,2", "--avoid 1200,0,5,5", "--focus 2,0", "--focus 0.5",
+             "--focus nan,0", "--weight sobel=x", "--tune bins9=1", "--preset none" }) {
         const Outcome outcome = crop(QStringLiteral("--ratio 1:1 ") + QString::fromUtf8(options));
         EXPECT_EQ(outcome.exitCode, 64) << options;
         EXPECT_TRUE(isOneLineNaming(outcome.err, QString())) << outcome.err.toStdString();

@@ -1,9 +1,9 @@
 #include "Program.h"
 #include "SampleFiles.h"
-#include "host/CropWindow.h"
-#include "host/SalienceMap.h"
 #include "support/ImageAssert.h"
 #include "support/Memory.h"
+
+#include <VXCrop/VXCrop.h>
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -49,9 +49,7 @@ TEST_F(VxroiCrop, printsTheWindowThatTheLibraryChooses)
     const Outcome outcome = crop(path, QStringLiteral("1:1"));
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.err.isEmpty());
-    const QImage map = host::salienceMapOf(
-        host::workingImageOf(picture), host::SalienceSettings::preset(QStringLiteral("photo")));
-    const QRect expected = host::chooseWindow(map, picture.size(), { 1, 1 }).window;
+    const QRect expected = VXCrop(picture).window({ 1, 1 }).window;
     EXPECT_EQ(windowFrom(outcome.out), expected);
     EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") }) << "writes nothing";
 }

@@ -3,7 +3,6 @@
 #include "host/CropWindow.h"
 #include "host/HostError.h"
 #include "host/PictureReader.h"
-#include "host/SalienceMap.h"
 
 #include <algorithm>
 
@@ -76,13 +75,14 @@ double Sample::keptByBest(const QSize& window) const
 
 double Kept::score() const { return best > centre ? (chosen - centre) / (best - centre) : 0; }
 
-Kept evaluate(const QVector<Sample>& samples, const host::SalienceSettings& settings,
-    const host::AspectRatio& ratio)
+Kept evaluate(const QVector<Sample>& samples, const VXCropSettings& settings, const QSize& ratio)
 {
     Kept kept;
     for (const Sample& sample : samples) {
-        const QImage map = host::salienceMapOf(sample.workingImage(), settings);
-        const QRect window = host::chooseWindow(map, sample.size(), ratio).window;
+        const QRect window
+            = VXCrop::fromWorkingImage(sample.workingImage(), sample.size(), settings)
+                  .window(ratio)
+                  .window;
         kept.chosen += sample.keptBy(window) / samples.size();
         kept.centre
             += sample.keptBy(host::centredIn(sample.size(), window.size())) / samples.size();

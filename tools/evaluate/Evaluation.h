@@ -1,7 +1,6 @@
 #pragma once
 
-#include "host/AspectRatio.h"
-#include "host/SalienceSettings.h"
+#include <VXCrop/VXCropSettings.h>
 
 #include <QImage>
 #include <QRect>
@@ -47,7 +46,6 @@ struct Kept {
 };
 
 /// Crops all samples to \a ratio.
-Kept evaluate(const QVector<Sample>& samples, const host::SalienceSettings& settings,
-    const host::AspectRatio& ratio);
+Kept evaluate(const QVector<Sample>& samples, const VXCropSettings& settings, const QSize& ratio);
 
 } // namespace evaluate

@@ -1,6 +1,7 @@
 #include "Evaluation.h"
 
 #include "host/HostError.h"
+#include "host/SalienceSettings.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,16 +15,16 @@ namespace {
 using evaluate::Kept;
 using evaluate::Sample;
 
-const std::array<host::AspectRatio, 3> ratios { { { 1, 1 }, { 9, 16 }, { 3, 1 } } };
+const std::array<QSize, 3> ratios { QSize(1, 1), QSize(9, 16), QSize(3, 1) };
 
 // A preset's name, or weights such as "gauss=20,achanta=10" with all other methods off.
-host::SalienceSettings settingsOf(const QString& name)
+VXCropSettings settingsOf(const QString& name)
 {
     if (!name.contains(QLatin1Char('=')))
-        return host::SalienceSettings::preset(name);
-    host::SalienceSettings settings { { 0, 0, 0, 0 }, {} };
+        return host::presetCalled(name);
+    VXCropSettings settings = host::withoutMethods();
     for (const QString& weight : name.split(QLatin1Char(',')))
-        settings.setWeight(weight);
+        host::setWeight(settings, weight);
     return settings;
 }
 
@@ -73,7 +74,7 @@ void print(const QStringList& names, const QVector<Sample>& tune, const QVector<
     QString best = QStringLiteral("| best windows |");
     for (const QString& name : names) {
         QString row = QStringLiteral("| %1 |").arg(name);
-        for (const host::AspectRatio& ratio : ratios) {
+        for (const QSize& ratio : ratios) {
             const Kept tuned = evaluate::evaluate(tune, settingsOf(name), ratio);
             const Kept judged = evaluate::evaluate(judge, settingsOf(name), ratio);
             for (const Kept& kept :
@@ -102,7 +103,7 @@ try {
             QStringLiteral("give a folder with the folders images and points, then presets or "
                            "weights such as gauss=20,achanta=10"));
     if (settings.isEmpty())
-        settings = host::SalienceSettings::presetNames();
+        settings = host::presetNames();
     for (const QString& name : settings)
         settingsOf(name);
     const QDir folder(QCoreApplication::arguments().at(1));

@@ -3,6 +3,7 @@
 #include "host/CropWindow.h"
 #include "host/Overlay.h"
 #include "host/SalienceMap.h"
+#include "host/SalienceSettings.h"
 #include "scenes/SampleScenes.h"
 
 namespace figures {
@@ -10,7 +11,7 @@ namespace figures {
 namespace {
 
 constexpr int tileWidth = 240;
-constexpr host::AspectRatio square { 1, 1 };
+const QSize square(1, 1);
 
 QImage tileOf(const QImage& image)
 {
@@ -20,31 +21,29 @@ QImage tileOf(const QImage& image)
 
 QImage mapTileOf(const QImage& map) { return tileOf(host::stretched(map)); }
 
-QRect squareOf(const QImage& map, const QImage& scene)
-{
-    return host::chooseWindow(map, scene.size(), square).window;
-}
-
 Figure readmeOverlay()
 {
     const QImage scene = scenes::drawBalloon();
-    const QImage map = host::salienceMapOf(
-        host::workingImageOf(scene), host::SalienceSettings::preset(QStringLiteral("photo")));
-    return { QStringLiteral("overlay"), host::drawOverlay(scene, map, squareOf(map, scene)) };
+    const VXCrop crop(scene);
+    return { QStringLiteral("overlay"),
+        host::drawOverlay(scene, crop.map(), crop.window(square).window) };
 }
 
-// A scene, its four maps, their blend by the mixer's own weights and the crop that it gives.
+// A scene, its maps by the default and by the mixer's methods, their blend and the two crops.
 QVector<Figure> galleryOf(const QString& name, QImage scene)
 {
-    const auto settings = host::SalienceSettings::preset(QStringLiteral("library"));
-    const QImage working = host::workingImageOf(scene);
-    const QImage blend = host::salienceMapOf(working, settings);
-    QVector<Figure> tiles { { QStringLiteral("picture"), tileOf(working) } };
-    for (const host::MethodMap& single : host::methodMapsOf(working, settings))
+    const VXCrop photo(scene);
+    const VXCrop library(scene, VXCropSettings::library());
+    const auto cropTile = [&](const VXCrop& crop) {
+        return tileOf(host::viewOf(scene, crop.window(square).window).copy());
+    };
+    QVector<Figure> tiles { { QStringLiteral("picture"), tileOf(scene) },
+        { QStringLiteral("background"), mapTileOf(photo.map()) },
+        { QStringLiteral("crop"), cropTile(photo) } };
+    for (const VXCropMap& single : library.methodMaps())
         tiles.append({ single.method, mapTileOf(single.map) });
-    tiles.append({ QStringLiteral("blend"), mapTileOf(blend) });
-    tiles.append(
-        { QStringLiteral("crop"), tileOf(host::viewOf(scene, squareOf(blend, scene)).copy()) });
+    tiles.append({ QStringLiteral("blend"), mapTileOf(library.map()) });
+    tiles.append({ QStringLiteral("blend-crop"), cropTile(library) });
     for (Figure& tile : tiles)
         tile.name = QStringLiteral("gallery-%1-%2").arg(name, tile.name);
     return tiles;
@@ -53,15 +52,15 @@ QVector<Figure> galleryOf(const QString& name, QImage scene)
 // The map of the histogram method alone, as the mixer takes it, with one setting changed.
 Figure tuned(const char* assignment)
 {
-    host::SalienceSettings settings { { 0, 0, 1, 0 }, {} };
+    VXCropSettings settings = host::withoutMethods();
+    settings.histogram = 1;
     if (*assignment != '\0')
-        settings.tune(QLatin1String(assignment));
-    const QImage working = host::workingImageOf(scenes::drawSailboat());
+        host::tune(settings, QLatin1String(assignment));
     const QString name = *assignment == '\0'
         ? QStringLiteral("default")
         : QString::fromLatin1(assignment).replace(QLatin1Char('='), QLatin1Char('-'));
     return { QStringLiteral("tuning-") + name,
-        mapTileOf(host::methodMapsOf(working, settings).first().map) };
+        mapTileOf(VXCrop(scenes::drawSailboat(), settings).map()) };
 }
 
 } // namespace

@@ -9,21 +9,21 @@ namespace host {
 namespace {
 
 // In ten-thousandths, so that the four digits after the point are exact.
-qint64 tenThousandths(const QString& whole, const QString& fraction)
+int tenThousandths(const QString& whole, const QString& fraction)
 {
-    return (whole + fraction.leftJustified(4, QLatin1Char('0'))).toLongLong();
+    return (whole + fraction.leftJustified(4, QLatin1Char('0'))).toInt();
 }
 
 } // namespace
 
-AspectRatio parseAspectRatio(const QString& text)
+QSize parseAspectRatio(const QString& text)
 {
     static const QRegularExpression pattern(
         QStringLiteral(R"(\A([0-9]{1,5})(?:\.([0-9]{1,4}))?:([0-9]{1,5})(?:\.([0-9]{1,4}))?\z)"));
     const QRegularExpressionMatch match = pattern.match(text);
-    const AspectRatio ratio { tenThousandths(match.captured(1), match.captured(2)),
-        tenThousandths(match.captured(3), match.captured(4)) };
-    if (!match.hasMatch() || ratio.width == 0 || ratio.height == 0)
+    const QSize ratio(tenThousandths(match.captured(1), match.captured(2)),
+        tenThousandths(match.captured(3), match.captured(4)));
+    if (!match.hasMatch() || ratio.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("--ratio %1").arg(text),
             QStringLiteral("not a ratio"),
             QStringLiteral("write two numbers above 0, width first, such as 16:9"));

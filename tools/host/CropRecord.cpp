@@ -30,15 +30,34 @@ QString nameOf(Written written)
     return QString();
 }
 
-QJsonObject cropJson(const CropResult& crop)
+QJsonObject pointJson(const QPointF& point)
+{
+    return { { QStringLiteral("x"), rounded(point.x()) },
+        { QStringLiteral("y"), rounded(point.y()) } };
+}
+
+// Six digits tell every pixel of pictures that are up to 100000 pixels wide.
+QJsonObject relativeJson(const QRect& window, const QSize& picture)
+{
+    const auto share
+        = [](double part, int whole) { return std::round(part / whole * 1000000) / 1000000; };
+    return { { QStringLiteral("x"), share(window.x(), picture.width()) },
+        { QStringLiteral("y"), share(window.y(), picture.height()) },
+        { QStringLiteral("width"), share(window.width(), picture.width()) },
+        { QStringLiteral("height"), share(window.height(), picture.height()) } };
+}
+
+QJsonObject cropJson(const CropResult& crop, const QSize& picture)
 {
     QJsonObject object {
         { QStringLiteral("shape"), crop.shape },
-        { QStringLiteral("decidedBy"), nameOf(crop.choice.decider) },
-        { QStringLiteral("oriented"), jsonOf(crop.choice.window) },
+        { QStringLiteral("decidedBy"), host::nameOf(crop.chosen.reason) },
+        { QStringLiteral("oriented"), jsonOf(crop.chosen.window) },
+        { QStringLiteral("relative"), relativeJson(crop.chosen.window, picture) },
         { QStringLiteral("source"), jsonOf(crop.stored) },
-        { QStringLiteral("salience"), rounded(crop.salience) },
-        { QStringLiteral("centreSalience"), rounded(crop.centreSalience) },
+        { QStringLiteral("focus"), pointJson(crop.chosen.focus) },
+        { QStringLiteral("salience"), rounded(crop.chosen.salience) },
+        { QStringLiteral("centreSalience"), rounded(crop.chosen.centreSalience) },
         { QStringLiteral("output"), jsonOf(crop.outputSize) },
     };
     if (crop.written != Written::Nothing) {
@@ -62,6 +81,8 @@ QJsonObject failureJson(const HostError& failure)
 QByteArray CropRecord::toJson() const
 {
     QJsonObject object { { QStringLiteral("path"), path },
+        { QStringLiteral("version"), QStringLiteral(VXROI_VERSION) },
+        { QStringLiteral("settings"), settings },
         { QStringLiteral("status"), failure ? QStringLiteral("failed") : QStringLiteral("ok") } };
     if (failure) {
         object.insert(QStringLiteral("error"), failureJson(*failure));
@@ -73,7 +94,7 @@ QByteArray CropRecord::toJson() const
         object.insert(QStringLiteral("picture"), picture);
         QJsonArray list;
         for (const CropResult& crop : crops)
-            list.append(cropJson(crop));
+            list.append(cropJson(crop, oriented));
         object.insert(QStringLiteral("crops"), list);
     }
     if (!warnings.isEmpty())

@@ -23,10 +23,8 @@ enum class Written {
 /// One crop of a picture.
 struct CropResult {
     QString shape; ///< the ratio or the size, as asked for
-    Choice choice;
+    VXCropWindow chosen;
     QRect stored; ///< the window in pixels of the picture as it is stored
-    double salience = 0; ///< the share of the map that the window holds, 0 to 1
-    double centreSalience = 0; ///< the same of the window in the middle
     QSize outputSize; ///< of the picture that is written
     QString outputPath;
     Written written = Written::Nothing;
@@ -35,6 +33,7 @@ struct CropResult {
 /// What the program has to say of one picture: its crops, or why there are none.
 struct CropRecord {
     QString path; ///< as given
+    QString settings; ///< how it was analysed
     QString format;
     QSize stored;
     QSize oriented;

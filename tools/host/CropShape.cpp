@@ -36,7 +36,7 @@ CropShape parseSize(const QString& text)
         throw HostError(ExitCode::Usage, QStringLiteral("--size %1").arg(text),
             QStringLiteral("not a size"),
             QStringLiteral("write width and height in pixels, such as 1200x630"));
-    return { text, { size.width(), size.height() }, size };
+    return { text, size, size };
 }
 
 } // namespace host

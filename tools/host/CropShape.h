@@ -11,7 +11,7 @@ namespace host {
 /// What a crop should look like: a ratio, or a size in pixels.
 struct CropShape {
     QString name; ///< as the user wrote it: "16:9", "1200x630"
-    AspectRatio ratio;
+    QSize ratio; ///< width to height
     QSize size; ///< invalid: as large as the picture allows
 
     /// The name as part of a file name: "16x9".

@@ -2,7 +2,7 @@
 
 #include "ImageMemory.h"
 #include "PictureWriter.h"
-#include "SalienceMap.h"
+#include "SalienceSettings.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -44,6 +44,11 @@ CropRecord Cropper::crop(const CropTask& task)
 {
     CropRecord record;
     record.path = task.path;
+    record.settings
+        = task.map.isEmpty() ? textOf(rules.analysis.salience) : QStringLiteral("map=") + task.map;
+    record.failure = task.failure;
+    if (record.failure)
+        return record;
     try {
         plan(record, task);
         try {
@@ -72,6 +77,8 @@ void Cropper::plan(CropRecord& record, const CropTask& task) const
         crop.outputPath = task.outputs.value(i);
         if (!crop.outputPath.isEmpty()) {
             refuseToOverwriteInput(task.path, crop.outputPath);
+            if (!task.map.isEmpty())
+                refuseToOverwriteInput(task.map, crop.outputPath);
             requireReplaceable(crop.outputPath);
             formatOf(crop.outputPath);
         }
@@ -92,7 +99,7 @@ void Cropper::refuseForeignOutputs(const CropTask& task) const
 
 void Cropper::fill(CropRecord& record, const CropTask& task)
 {
-    PictureFile picture(task.path, rules.reading);
+    PictureFile picture(task.path, rules.analysis.reading);
     record.format = picture.format();
     record.stored = picture.storedSize();
     record.oriented = picture.orientedSize();
@@ -107,31 +114,29 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     // depend on whether they are.
     const bool writes = writesAny(record);
     QImage pixels = writes && !picture.isJpeg() ? picture.readPixels() : QImage();
-    const QImage working = pixels.isNull() ? picture.readWorkingImage() : workingImageOf(pixels);
-    Wishes wishes = task.wishes;
-    wishes.keep = areasWithin(record.oriented, wishes.keep);
-    const QImage map = salienceMapOf(
-        working, rules.salience, workingAreas(wishes.keep, record.oriented, working.size()));
-    choose(record, { task.path, task.shapes, task.outputs, wishes }, map, picture);
+    const VXCropSettings& salience = rules.analysis.salience;
+    const VXCrop analysis = !task.map.isEmpty()
+        ? analysisFromMap(task.map, record.oriented, rules.analysis.reading)
+        : pixels.isNull() ? analysisOf(picture, salience)
+                          : VXCrop(pixels, salience);
+    choose(record, task, analysis, picture);
     if (writes)
         write(record, pixels.isNull() ? picture.readPixels() : std::move(pixels));
     record.warnings = picture.warnings();
 }
 
-void Cropper::choose(
-    CropRecord& record, const CropTask& task, const QImage& map, const PictureFile& picture) const
+void Cropper::choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
+    const PictureFile& picture) const
 {
-    const QSize size = picture.orientedSize();
+    const VXCropConstraints constraints = within(analysis.pictureSize(), task.constraints);
     for (int i = 0; i < task.shapes.size(); ++i) {
         CropResult& crop = record.crops[i];
-        crop.choice = chooseWindow(map, size, task.shapes.at(i).ratio, task.wishes);
-        const QRect& window = crop.choice.window;
+        crop.chosen = analysis.window(task.shapes.at(i).ratio, constraints);
+        const QRect& window = crop.chosen.window;
         crop.stored = picture.toStored(window);
-        crop.salience = salienceWithin(map, size, window);
-        crop.centreSalience = salienceWithin(map, size, centredIn(size, window.size()));
         crop.outputSize = task.shapes.at(i).outputSize(window.size(), rules.upscales);
         const qint64 pixels = qint64 { crop.outputSize.width() } * crop.outputSize.height();
-        if (pixels > rules.reading.mostPixels)
+        if (pixels > rules.analysis.reading.mostPixels)
             throw HostError(ExitCode::Usage, crop.shape,
                 QStringLiteral("more pixels than are allowed"),
                 QStringLiteral("allow them with --max-pixels %1").arg(pixels));
@@ -165,7 +170,7 @@ void Cropper::write(CropRecord& record, QImage pixels) const
             continue;
         if (rules.makesFolders)
             QDir().mkpath(QFileInfo(crop.outputPath).path());
-        const QImage view = viewOf(pixels, crop.choice.window);
+        const QImage view = viewOf(pixels, crop.chosen.window);
         const bool isScaled = crop.outputSize != view.size();
         files.emplace_back(isScaled ? held(view.scaled(
                                crop.outputSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))

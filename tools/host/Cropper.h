@@ -1,9 +1,8 @@
 #pragma once
 
+#include "Analysis.h"
 #include "CropRecord.h"
 #include "CropShape.h"
-#include "PictureReader.h"
-#include "SalienceSettings.h"
 
 #include <QSemaphore>
 #include <QStringList>
@@ -19,8 +18,7 @@ enum class IfExists {
 
 /// What holds for every picture of a run.
 struct CropRules {
-    SalienceSettings salience;
-    ReadingRules reading;
+    AnalysisRules analysis;
     IfExists ifExists = IfExists::Fail;
     bool isResumed
         = false; ///< a file that is what would be written is from an earlier run: it counts
@@ -34,7 +32,9 @@ struct CropTask {
     QString path;
     QVector<CropShape> shapes;
     QStringList outputs; ///< one for each shape, or none at all
-    Wishes wishes;
+    VXCropConstraints constraints;
+    QString map = {}; ///< a file to take the salience map from; empty: it is computed
+    std::optional<HostError> failure = std::nullopt; ///< why there is nothing to crop
 };
 
 /// Crops pictures. One object serves any number of threads.
@@ -52,7 +52,7 @@ private:
     void plan(CropRecord& record, const CropTask& task) const;
     void refuseForeignOutputs(const CropTask& task) const;
     void fill(CropRecord& record, const CropTask& task);
-    void choose(CropRecord& record, const CropTask& task, const QImage& map,
+    void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
     void write(CropRecord& record, QImage pixels) const;
     Written planFor(const QString& output) const;

@@ -19,15 +19,19 @@ const QRegularExpression& places()
 
 } // namespace
 
-OutputName::OutputName(const QString& pattern)
+OutputName::OutputName(const QString& pattern, Of owner)
     : text(pattern)
 {
+    const bool isOfCrop = owner == Of::Crop;
     const bool hasOtherBraces
         = QString(text).remove(places()).contains(QRegularExpression(QStringLiteral("[{}]")));
-    if (hasOtherBraces)
-        throw HostError(ExitCode::Usage, QStringLiteral("--output %1").arg(pattern),
+    if (hasOtherBraces || (!isOfCrop && text.contains(QLatin1String("{ratio}"))))
+        throw HostError(ExitCode::Usage,
+            QStringLiteral("%1 %2").arg(
+                isOfCrop ? QStringLiteral("--output") : QStringLiteral("--map"), pattern),
             QStringLiteral("braces hold something else than a known place"),
-            QStringLiteral("use {dir}, {stem}, {ratio} and {ext}"));
+            isOfCrop ? QStringLiteral("use {dir}, {stem}, {ratio} and {ext}")
+                     : QStringLiteral("use {dir}, {stem} and {ext}"));
 }
 
 QString OutputName::nameFor(const QString& input, const CropShape& shape) const

@@ -6,12 +6,15 @@
 
 namespace host {
 
-/// The name of an output file, with places for what differs between pictures and crops: {dir}, {stem}
-/// and {ext} of the picture's name, and {ratio}, the shape of the crop as in "16x9".
+/// The name of a file that belongs to a picture or a crop, with places for what differs between them: {dir}, {stem}
+/// and {ext} of the picture's name, and for a crop {ratio}, its shape as in "16x9".
 class OutputName {
 public:
+    /// What has a file: a crop its output, a picture its map.
+    enum class Of { Crop, Picture };
+
     /// \throws HostError when \a pattern has a place of another name, or an unmatched brace.
-    explicit OutputName(const QString& pattern);
+    explicit OutputName(const QString& pattern, Of owner = Of::Crop);
 
     /// The name for a crop of \a shape of the picture at \a input.
     QString nameFor(const QString& input, const CropShape& shape) const;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace host {
 
@@ -15,9 +16,9 @@ namespace {
 
 constexpr int longestSide = 1600;
 
-// Stops of the heat scale, evenly spaced from level 0 to level 255.
+// Stops of the heat scale, evenly spaced from level 0 to level 255: nothing is tinted below a quarter.
 constexpr std::array<QRgb, 5> heatStops
-    = { 0x00000010, 0x50581A6E, 0x90B6365A, 0xB0F07F18, 0xC0FCF060 };
+    = { 0x00581A6E, 0x00581A6E, 0x90B6365A, 0xB0F07F18, 0xC0FCF060 };
 
 int brightestLevelOf(const QImage& levels)
 {
@@ -76,56 +77,105 @@ void outline(QPainter& painter, const QRect& frame, const QRect& window)
     painter.drawRect(window.adjusted(before, before, -behind, -behind));
 }
 
-void mark(QPainter& painter, const QRect& frame, const QRect& area)
+void mark(QPainter& painter, const QRect& frame, const QRect& area, Qt::GlobalColor colour)
 {
     painter.setPen(
-        QPen(Qt::cyan, lineWidthFor(frame.size()), Qt::DashLine, Qt::SquareCap, Qt::MiterJoin));
+        QPen(colour, lineWidthFor(frame.size()), Qt::DashLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(area);
 }
 
-// The colours of all levels over black, from left to right, framed.
-void drawLegend(QPainter& painter, const QRect& frame)
+// What labels are written with. There are no fonts where there is no display.
+struct Glyph {
+    char character;
+    std::array<const char*, 5> rows;
+};
+
+constexpr std::array<Glyph, 4> glyphs { {
+    { '0', { "###", "# #", "# #", "# #", "###" } },
+    { '1', { " # ", "## ", " # ", " # ", "###" } },
+    { '5', { "###", "#  ", "###", "  #", "###" } },
+    { '%', { "# #", "  #", " # ", "#  ", "# #" } },
+} };
+
+constexpr int glyphAdvance = 4;
+
+// Writes \a label with dots of so many pixels, centred below a point.
+void write(QPainter& painter, const char* label, const QPoint& top, int dot)
 {
-    const int lineWidth = lineWidthFor(frame.size());
-    const QRect bar(frame.left() + 4 * lineWidth, frame.bottom() - 8 * lineWidth, frame.width() / 4,
-        4 * lineWidth);
-    if (bar.width() < 16 || bar.top() < frame.top())
-        return;
+    const int length = static_cast<int>(std::strlen(label));
+    int left = top.x() - (length * glyphAdvance - 1) * dot / 2;
+    for (const char* character = label; *character != '\0'; ++character) {
+        const auto* const glyph = std::find_if(glyphs.begin(), glyphs.end(),
+            [=](const Glyph& candidate) { return candidate.character == *character; });
+        for (int row = 0; row < 5; ++row) {
+            for (int column = 0; column < 3; ++column) {
+                if (glyph->rows.at(static_cast<std::size_t>(row))[column] == '#')
+                    painter.fillRect(left + column * dot, top.y() + row * dot, dot, dot, Qt::white);
+            }
+        }
+        left += glyphAdvance * dot;
+    }
+}
+
+// The height of the strip below the picture that holds the scale; 0 for pictures too narrow for it.
+int scaleHeightFor(const QSize& frame)
+{
+    constexpr int leastWidth = 120;
+    return frame.width() < leastWidth ? 0 : 13 * lineWidthFor(frame);
+}
+
+// The colours of all levels over mid-grey, from left to right, and what share of the brightest they stand for.
+void drawScale(QPainter& painter, const QRect& strip)
+{
+    const int dot = strip.height() / 13;
+    const QRect bar(
+        strip.left() + strip.width() / 10, strip.top() + dot, strip.width() * 8 / 10, 4 * dot);
     QImage levels(256, 1, QImage::Format_Indexed8);
     levels.setColorTable(heatScale(255));
     for (int level = 0; level < 256; ++level)
         levels.setPixel(level, 0, static_cast<uint>(level));
-    painter.fillRect(bar, Qt::black);
+    painter.fillRect(strip, Qt::black);
+    painter.fillRect(bar, Qt::gray);
     painter.drawImage(bar, levels);
-    painter.setPen(QPen(Qt::white, std::max(lineWidth / 2, 1)));
-    painter.drawRect(bar);
+    write(painter, "0%", { bar.left(), bar.bottom() + 2 * dot }, dot);
+    write(painter, "50%", { bar.center().x(), bar.bottom() + 2 * dot }, dot);
+    write(painter, "100%", { bar.right(), bar.bottom() + 2 * dot }, dot);
 }
 
 } // namespace
 
-QImage drawOverlay(
-    const QImage& picture, const QImage& map, const QRect& window, const QVector<QRect>& keep)
+QImage drawOverlay(const QImage& picture, const QImage& map, const QRect& window,
+    const VXCropConstraints& constraints)
 {
     const bool isLarge = std::max(picture.width(), picture.height()) > longestSide;
     const QImage shown = isLarge ? held(picture.scaled(longestSide, longestSide,
                              Qt::KeepAspectRatio, Qt::SmoothTransformation))
                                  : picture;
-    QImage overlay = held(shown.convertToFormat(QImage::Format_RGB32));
+    const QRect frame = shown.rect();
+    const QRect strip(0, frame.height(), frame.width(), scaleHeightFor(frame.size()));
+    QImage overlay
+        = held(QImage(frame.width(), frame.height() + strip.height(), QImage::Format_RGB32));
 
     QPainter painter(&overlay);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(overlay.rect(), heatOf(map));
-    const double scale = static_cast<double>(overlay.width()) / picture.width();
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(frame, held(shown.convertToFormat(QImage::Format_RGB32)));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.drawImage(frame, heatOf(map));
+    const double scale = static_cast<double>(frame.width()) / picture.width();
     const auto shownRect = [scale](const QRect& rect) {
         return QRectF(
             rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale)
             .toAlignedRect();
     };
     if (!window.isNull())
-        outline(painter, overlay.rect(), shownRect(window));
-    for (const QRect& area : keep)
-        mark(painter, overlay.rect(), shownRect(area));
-    drawLegend(painter, overlay.rect());
+        outline(painter, frame, shownRect(window));
+    for (const QRect& area : constraints.keep)
+        mark(painter, frame, shownRect(area), Qt::cyan);
+    for (const QRect& area : constraints.avoid)
+        mark(painter, frame, shownRect(area), Qt::red);
+    if (!strip.isEmpty())
+        drawScale(painter, strip);
     painter.end();
     return overlay;
 }

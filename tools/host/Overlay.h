@@ -1,18 +1,20 @@
 #pragma once
 
+#include <VXCrop/VXCrop.h>
+
 #include <QImage>
 #include <QRect>
-#include <QVector>
 
 namespace host {
 
 /// Draws \a picture with its salience \a map over it as heat, from clear through violet and orange
-/// to yellow for the map's brightest level, and with \a window outlined and all around it dimmed. A
-/// bar in the lower left corner shows the heat scale, from no salience to that level.
+/// to yellow for the map's brightest level, and with \a window outlined and all around it dimmed. Where the
+/// map has less than a quarter of its brightest level, nothing is tinted. A strip below the picture shows
+/// the scale, unless the picture is too narrow for it.
 /// \param window in picture pixels; a null rectangle outlines nothing.
-/// \param keep areas to mark with dashed lines, in picture pixels.
-/// \return an image of the picture's shape, at most 1600 pixels on its longer side.
-QImage drawOverlay(
-    const QImage& picture, const QImage& map, const QRect& window, const QVector<QRect>& keep = {});
+/// \param constraints areas to mark with dashed lines: cyan to keep, red to avoid.
+/// \return an image of the picture, at most 1600 pixels on its longer side, and the strip.
+QImage drawOverlay(const QImage& picture, const QImage& map, const QRect& window,
+    const VXCropConstraints& constraints = {});
 
 } // namespace host

@@ -4,7 +4,8 @@
 #include "HostError.h"
 #include "ImageMemory.h"
 #include "PictureSource.h"
-#include "SalienceMap.h"
+
+#include <VXCrop/VXCrop.h>
 
 #include <QColorSpace>
 #include <QTransform>
@@ -159,7 +160,7 @@ int PictureFile::orientation() const
 
 QImage PictureFile::readWorkingImage()
 {
-    return workingImageOf(decode(isJpeg() ? workingSizeOf(stored) : QSize()));
+    return VXCrop::workingImage(decode(isJpeg() ? VXCrop::workingSize(stored) : QSize()));
 }
 
 QImage PictureFile::readPixels() { return decode(QSize()); }

@@ -53,7 +53,7 @@ public:
     /// The EXIF orientation, 1 to 8.
     int orientation() const;
 
-    /// Decodes the picture and makes of it what workingImageOf() does. A JPEG is decoded no larger than
+    /// Decodes the picture and makes of it what VXCrop::workingImage() does. A JPEG is decoded no larger than
     /// that needs.
     /// \throws HostError when the picture is damaged.
     QImage readWorkingImage();

@@ -2,43 +2,23 @@
 
 #include "HostError.h"
 
-#include <VXRegionOfInterest/VXAbstractROI.h>
-#include <VXRegionOfInterest/VXSalienzMixer.h>
-
 #include <algorithm>
 #include <array>
-#include <optional>
 
 namespace host {
 
 namespace {
 
-using Weights = SalienceSettings::Weights;
-using HistogramTuning = SalienceSettings::HistogramTuning;
+using HistogramTuning = VXCropSettings::HistogramTuning;
 
 struct Preset {
-    const char* name = nullptr;
-    Weights weights;
-};
-
-// The first keeps more of what people look at than the centre does; docs/presets.md has the scores.
-// The second has the weights that a mixer comes with.
-constexpr std::array<Preset, 2> presets { {
-    { "photo", { 0, 20, 0, 10 } },
-    { "library", { 20, 2, -10, 10 } },
-} };
-
-struct Method {
     const char* name;
-    VXSalienzMethod method;
-    int Weights::*weight;
+    VXCropSettings (*settings)();
 };
 
-constexpr std::array<Method, 4> methods { {
-    { "sobel", Sobel, &Weights::sobel },
-    { "gauss", Gauss, &Weights::gauss },
-    { "histogram", Histogram, &Weights::histogram },
-    { "achanta", Achanta, &Weights::achanta },
+constexpr std::array<Preset, 2> presets { {
+    { "photo", VXCropSettings::photo },
+    { "library", VXCropSettings::library },
 } };
 
 template <typename Value> struct Setting {
@@ -109,45 +89,91 @@ template <typename Table> QStringList namesIn(const Table& table)
     return names;
 }
 
+bool haveSameWeights(const VXCropSettings& one, const VXCropSettings& other)
+{
+    const auto& methods = VXCropSettings::methods();
+    return std::all_of(methods.begin(), methods.end(), [&](const VXCropSettings::Method& method) {
+        return one.*method.weight == other.*method.weight;
+    });
+}
+
+// The preset's name, or the weights of the methods that are on.
+QString weightsText(const VXCropSettings& settings)
+{
+    for (const Preset& preset : presets) {
+        if (haveSameWeights(settings, preset.settings()))
+            return QLatin1String(preset.name);
+    }
+    QStringList weights;
+    for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
+        if (settings.*method.weight != 0)
+            weights.append(QStringLiteral("%1=%2")
+                               .arg(QLatin1String(method.name))
+                               .arg(settings.*method.weight));
+    }
+    return weights.isEmpty() ? QStringLiteral("none") : weights.join(QLatin1Char(' '));
+}
+
+// The settings in a table that are not as they come.
+template <typename Table> QStringList changesOf(const Table& table, const HistogramTuning& tuning)
+{
+    QStringList changes;
+    for (const auto& setting : table) {
+        if (tuning.*setting.value != HistogramTuning().*setting.value)
+            changes.append(QStringLiteral("%1=%2")
+                               .arg(QLatin1String(setting.name))
+                               .arg(tuning.*setting.value));
+    }
+    return changes;
+}
+
 } // namespace
 
-SalienceSettings SalienceSettings::preset(const QString& name)
+VXCropSettings presetCalled(const QString& name)
 {
     for (const Preset& preset : presets) {
         if (name == QLatin1String(preset.name))
-            return { preset.weights, {} };
+            return preset.settings();
     }
     throw HostError(ExitCode::Usage, QStringLiteral("--preset %1").arg(name),
         QStringLiteral("no such preset"),
         QStringLiteral("choose %1").arg(presetNames().join(QStringLiteral(" or "))));
 }
 
-QStringList SalienceSettings::presetNames() { return namesIn(presets); }
+QStringList presetNames() { return namesIn(presets); }
 
-void SalienceSettings::setWeight(const QString& text)
+VXCropSettings withoutMethods()
+{
+    VXCropSettings settings;
+    for (const VXCropSettings::Method& method : VXCropSettings::methods())
+        settings.*method.weight = 0;
+    return settings;
+}
+
+void setWeight(VXCropSettings& settings, const QString& text)
 {
     constexpr int mostWeight = 1000;
     const Assignment assignment(text);
     bool isNumber = false;
     const int weight = assignment.value.toInt(&isNumber);
-    for (const Method& method : methods) {
+    for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
         const bool isMeant = assignment.name == QLatin1String(method.name);
         if (isMeant && isNumber && weight >= -mostWeight && weight <= mostWeight) {
-            weights.*(method.weight) = weight;
+            settings.*method.weight = weight;
             return;
         }
     }
     throw HostError(ExitCode::Usage, QStringLiteral("--weight %1").arg(text),
         QStringLiteral("not a method and a weight from -1000 to 1000"),
         QStringLiteral("write one such as gauss=20, of %1")
-            .arg(namesIn(methods).join(QStringLiteral(", "))));
+            .arg(namesIn(VXCropSettings::methods()).join(QStringLiteral(", "))));
 }
 
-void SalienceSettings::tune(const QString& text)
+void tune(VXCropSettings& settings, const QString& text)
 {
     const Assignment assignment(text);
-    const bool isKnown = assign(wholeSettings, assignment, histogram)
-        || assign(realSettings, assignment, histogram);
+    const bool isKnown = assign(wholeSettings, assignment, settings.tuning)
+        || assign(realSettings, assignment, settings.tuning);
     if (!isKnown)
         throw HostError(ExitCode::Usage, QStringLiteral("--tune %1").arg(text),
             QStringLiteral("the histogram method has no such setting"),
@@ -155,21 +181,11 @@ void SalienceSettings::tune(const QString& text)
                 .arg((namesIn(wholeSettings) + namesIn(realSettings)).join(QStringLiteral(", "))));
 }
 
-void SalienceSettings::configure(VXSalienzMixer& mixer) const
+QString textOf(const VXCropSettings& settings)
 {
-    for (const Method& method : methods) {
-        const int weight = weights.*(method.weight);
-        // The object's own weight, because the mixer turns the sign of the histogram method's.
-        mixer.roiMethod(method.method)->setWeight(weight);
-        mixer.setMethodEnabled(method.method, weight != 0);
-    }
-    mixer.updateHistogramBinsChannel1(histogram.bins1);
-    mixer.updateHistogramBinsChannel2(histogram.bins2);
-    mixer.updateHistogramChiSquareThreshold(histogram.threshold);
-    mixer.updateHistogramHorizontalBlocks(histogram.columns);
-    mixer.updateHistogramVerticalBlocks(histogram.rows);
-    mixer.updateHistogramMinWidth(histogram.minWidth);
-    mixer.updateHistogramMinHeight(histogram.minHeight);
+    const QStringList parts = QStringList { weightsText(settings) }
+        + changesOf(wholeSettings, settings.tuning) + changesOf(realSettings, settings.tuning);
+    return parts.join(QLatin1Char(' '));
 }
 
 } // namespace host

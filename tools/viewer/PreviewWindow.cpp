@@ -1,10 +1,10 @@
 #include "PreviewWindow.h"
 
-#include "host/CropWindow.h"
+#include "host/Analysis.h"
+#include "host/AspectRatio.h"
 #include "host/HostError.h"
 #include "host/Overlay.h"
 #include "host/PictureReader.h"
-#include "host/SalienceMap.h"
 
 #include <QFileDialog>
 #include <QStatusBar>
@@ -31,8 +31,7 @@ PreviewWindow::PreviewWindow()
 void PreviewWindow::open(const QString& path)
 try {
     host::PictureFile file(path, host::ReadingRules());
-    const auto photo = host::SalienceSettings::preset(QStringLiteral("photo"));
-    map = host::salienceMapOf(file.readWorkingImage(), photo);
+    analysis = host::analysisOf(file, VXCropSettings::photo());
     picture = file.readPixels();
     setWindowTitle(path);
     refresh();
@@ -44,8 +43,7 @@ QRect PreviewWindow::crop() const
 {
     if (picture.isNull())
         return {};
-    const host::AspectRatio ratio = host::parseAspectRatio(shapeBox.currentText());
-    return host::chooseWindow(map, picture.size(), ratio).window;
+    return analysis.window(host::parseAspectRatio(shapeBox.currentText())).window;
 }
 
 void PreviewWindow::chooseFile()
@@ -60,7 +58,7 @@ void PreviewWindow::refresh()
     if (picture.isNull())
         return;
     const QRect window = crop();
-    const QImage overlay = host::drawOverlay(picture, map, window);
+    const QImage overlay = host::drawOverlay(picture, analysis.map(), window);
     view.setPixmap(QPixmap::fromImage(
         overlay.scaled(view.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)));
     statusBar()->showMessage(QStringLiteral("keeps %1 × %2 pixels from %3, %4")

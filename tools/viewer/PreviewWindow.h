@@ -1,5 +1,7 @@
 #pragma once
 
+#include <VXCrop/VXCrop.h>
+
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
@@ -26,7 +28,7 @@ private:
     void resizeEvent(QResizeEvent* event) override;
 
     QImage picture;
-    QImage map;
+    VXCrop analysis;
     QComboBox shapeBox;
     QLabel view;
 };

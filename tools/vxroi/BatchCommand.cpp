@@ -86,16 +86,16 @@ private:
     void begin(const Input& input)
     {
         // Also for what an earlier run has done: its outputs are taken.
-        TaskPlan::Planned planned = plan.plan(input);
+        host::CropTask task = plan.plan(input);
         bool hasFailed = false;
         if (records.takeKept(input.path, hasFailed)) {
             progress.addKept(hasFailed);
             return;
         }
-        work.begin([this, planned = std::move(planned)]() -> std::optional<CropRecord> {
+        work.begin([this, task = std::move(task)]() -> std::optional<CropRecord> {
             if (Interruption::isRequested())
                 return std::nullopt;
-            return planned.record.failure ? planned.record : cropper.crop(planned.task);
+            return cropper.crop(task);
         });
     }
 

@@ -3,10 +3,10 @@
 #include "OutputFiles.h"
 #include "WorkerThreads.h"
 
+#include "host/Analysis.h"
 #include "host/CellGrid.h"
 #include "host/Json.h"
 #include "host/PictureReader.h"
-#include "host/SalienceMap.h"
 
 #include <CLI/CLI.hpp>
 
@@ -34,13 +34,13 @@ void runCluster(const ClusterArguments& arguments)
     const QString input = QString::fromStdString(arguments.picture);
     const QString output = QString::fromStdString(arguments.output);
     const QSize grid = host::parseGrid(QString::fromStdString(arguments.grid));
-    const host::SalienceSettings settings = arguments.analysis.salience();
+    const host::AnalysisRules rules = arguments.analysis.rules();
     if (!output.isEmpty())
         requirePng(output);
 
     startWorkerThreads();
-    host::PictureFile picture(input, arguments.analysis.reading());
-    const QImage map = host::salienceMapOf(picture.readWorkingImage(), settings);
+    host::PictureFile picture(input, rules.reading);
+    const QImage map = host::analysisOf(picture, rules.salience).map();
     const host::CellGrid rated = host::rateCells(map, picture.orientedSize(), grid);
     if (!output.isEmpty()) {
         OutputFiles files(input, arguments.ifExists);

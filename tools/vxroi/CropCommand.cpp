@@ -3,6 +3,7 @@
 #include "Tasks.h"
 #include "WorkerThreads.h"
 #include "host/CodecMessages.h"
+#include "host/CropWindow.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,6 +28,21 @@ QString objectPositionOf(const QRect& window, const QSize& picture)
             percent(window.y(), picture.height() - window.height()));
 }
 
+// Both shares of the picture, as --focus takes them.
+QString focusOf(const VXCropWindow& chosen)
+{
+    return QStringLiteral("%1,%2")
+        .arg(chosen.focus.x(), 0, 'f', 4)
+        .arg(chosen.focus.y(), 0, 'f', 4);
+}
+
+QString lineOf(const VXCropWindow& chosen, const QSize& picture, const std::string& emitted)
+{
+    if (emitted == "css")
+        return objectPositionOf(chosen.window, picture);
+    return emitted == "focus" ? focusOf(chosen) : host::geometryOf(chosen.window);
+}
+
 void print(const CropRecord& record, const CropArguments& arguments, bool isOnlyLine)
 {
     if (arguments.json) {
@@ -34,9 +50,7 @@ void print(const CropRecord& record, const CropArguments& arguments, bool isOnly
         return;
     }
     for (const CropResult& crop : record.crops) {
-        const QRect& window = crop.choice.window;
-        const QString line = arguments.emit == "css" ? objectPositionOf(window, record.oriented)
-                                                     : host::geometryOf(window);
+        const QString line = lineOf(crop.chosen, record.oriented, arguments.emit);
         if (!isOnlyLine)
             std::cout << host::onOneLine(record.path).toStdString() << '\t'
                       << crop.shape.toStdString() << '\t';
@@ -80,9 +94,11 @@ void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exi
     arguments.crop.addTo(*crop);
     crop->add_flag("--json", arguments.json, "print one record for each picture, as JSON");
     crop->add_option("--emit", arguments.emit,
-            "print windows as geometry, WxH+X+Y in pixels, or as css, object-position")
+            "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or their "
+            "focus, "
+            "FX,FY")
         ->type_name("WHAT")
-        ->check(CLI::IsMember({ "geometry", "css" }))
+        ->check(CLI::IsMember({ "geometry", "css", "focus" }))
         ->capture_default_str();
     arguments.analysis.addTo(*crop);
     crop->callback([&] { exitCode = runCrop(arguments); });

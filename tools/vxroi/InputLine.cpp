@@ -16,6 +16,8 @@ using host::HostError;
 
 constexpr QLatin1String pathKey("path", 4);
 constexpr QLatin1String keepKey("keep", 4);
+constexpr QLatin1String avoidKey("avoid", 5);
+constexpr QLatin1String mapKey("map", 3);
 constexpr QLatin1String focusKey("focus", 5);
 constexpr QLatin1String ratiosKey("ratios", 6);
 constexpr QLatin1String outKey("out", 3);
@@ -58,9 +60,21 @@ QString withCommas(const QJsonArray& numbers, const QString& key)
     return texts.join(QLatin1Char(','));
 }
 
+// The areas that the object has under the key, if any.
+QVector<QRect> areasIn(const QJsonObject& object, const QString& key)
+{
+    QVector<QRect> areas;
+    if (!object.contains(key))
+        return areas;
+    const QJsonArray array = arrayOf(object.value(key), key);
+    for (const QJsonValue& area : array)
+        areas.append(parseArea(withCommas(arrayOf(area, key), key), QStringLiteral("--") + key));
+    return areas;
+}
+
 void requireKnownKeys(const QJsonObject& object)
 {
-    const QStringList known { pathKey, keepKey, focusKey, ratiosKey, outKey };
+    const QStringList known { pathKey, keepKey, avoidKey, focusKey, mapKey, ratiosKey, outKey };
     for (const QString& key : object.keys()) {
         if (!known.contains(key))
             refuse(QStringLiteral("\"%1\" is not known").arg(key));
@@ -70,16 +84,16 @@ void requireKnownKeys(const QJsonObject& object)
 void fill(Input& input, const QJsonObject& object)
 {
     requireKnownKeys(object);
-    host::Wishes wishes;
-    if (object.contains(keepKey)) {
-        const QJsonArray areas = arrayOf(object.value(keepKey), keepKey);
-        for (const QJsonValue& area : areas)
-            wishes.keep.append(parseArea(withCommas(arrayOf(area, keepKey), keepKey)));
-    }
+    VXCropConstraints constraints;
+    constraints.keep = areasIn(object, keepKey);
+    constraints.avoid = areasIn(object, avoidKey);
     if (object.contains(focusKey))
-        wishes.focus = parsePoint(withCommas(arrayOf(object.value(focusKey), focusKey), focusKey));
-    if (object.contains(keepKey) || object.contains(focusKey))
-        input.wishes = wishes;
+        constraints.focus
+            = parsePoint(withCommas(arrayOf(object.value(focusKey), focusKey), focusKey));
+    if (object.contains(keepKey) || object.contains(avoidKey) || object.contains(focusKey))
+        input.constraints = constraints;
+    if (object.contains(mapKey))
+        input.map = stringOf(object.value(mapKey), mapKey);
     if (object.contains(ratiosKey)) {
         const QJsonArray ratios = arrayOf(object.value(ratiosKey), ratiosKey);
         for (const QJsonValue& ratio : ratios)

@@ -3,10 +3,11 @@
 #include "OutputFiles.h"
 #include "WorkerThreads.h"
 
+#include "host/Analysis.h"
+#include "host/AspectRatio.h"
 #include "host/CropWindow.h"
 #include "host/HostError.h"
 #include "host/Overlay.h"
-#include "host/PictureReader.h"
 #include "host/SalienceMap.h"
 
 #include <CLI/CLI.hpp>
@@ -23,7 +24,7 @@ using host::ExitCode;
 using host::HostError;
 
 // No text asks for no window.
-std::optional<host::AspectRatio> ratioOf(const std::string& text)
+std::optional<QSize> ratioOf(const std::string& text)
 {
     if (text.empty())
         return std::nullopt;
@@ -62,20 +63,21 @@ struct MapOutputs {
 void runMap(const MapArguments& arguments)
 {
     const MapOutputs outputs(arguments);
-    const std::optional<host::AspectRatio> ratio = ratioOf(arguments.ratio);
-    const host::SalienceSettings settings = arguments.analysis.salience();
-    host::Wishes wishes;
-    for (const std::string& area : arguments.keep)
-        wishes.keep.append(parseArea(QString::fromStdString(area)));
+    const std::optional<QSize> ratio = ratioOf(arguments.ratio);
+    const host::AnalysisRules rules = arguments.analysis.rules();
+    VXCropConstraints constraints;
+    constraints.keep = parseAreas(arguments.keep, QStringLiteral("--keep"));
+    constraints.avoid = parseAreas(arguments.avoid, QStringLiteral("--avoid"));
 
     const QString input = QString::fromStdString(arguments.picture);
     startWorkerThreads();
-    host::PictureFile picture(input, arguments.analysis.reading());
-    const QImage working = picture.readWorkingImage();
-    wishes.keep = host::areasWithin(picture.orientedSize(), wishes.keep);
-    const QList<QRect> areas
-        = host::workingAreas(wishes.keep, picture.orientedSize(), working.size());
-    const QImage map = host::salienceMapOf(working, settings, areas);
+    host::PictureFile picture(input, rules.reading);
+    constraints = host::within(picture.orientedSize(), constraints);
+    const VXCrop analysis = arguments.map.empty()
+        ? host::analysisOf(picture, rules.salience)
+        : host::analysisFromMap(
+            QString::fromStdString(arguments.map), picture.orientedSize(), rules.reading);
+    const QImage map = analysis.map(constraints.keep);
 
     const auto shown = [&](const QImage& levels) {
         return arguments.stretch ? host::stretched(levels) : levels;
@@ -85,13 +87,12 @@ void runMap(const MapArguments& arguments)
         files.add(shown(map), outputs.map);
     if (!outputs.overlay.isEmpty()) {
         const QImage pixels = picture.readPixels();
-        const QRect window
-            = ratio ? host::chooseWindow(map, pixels.size(), *ratio, wishes).window : QRect();
-        files.add(host::drawOverlay(pixels, map, window, wishes.keep), outputs.overlay);
+        const QRect window = ratio ? analysis.window(*ratio, constraints).window : QRect();
+        files.add(host::drawOverlay(pixels, map, window, constraints), outputs.overlay);
     }
     if (!outputs.folder.isEmpty()) {
         createFolder(outputs.folder);
-        for (const host::MethodMap& single : host::methodMapsOf(working, settings, areas))
+        for (const VXCropMap& single : analysis.methodMaps(constraints.keep))
             files.add(
                 shown(single.map), QStringLiteral("%1/%2.png").arg(outputs.folder, single.method));
     }
@@ -114,11 +115,10 @@ void addMapCommand(CLI::App& app, MapArguments& arguments)
     map->add_option("--ratio", arguments.ratio, "outline the crop of this shape in the overlay")
         ->type_name("W:H")
         ->needs(overlay);
-    map->add_option("--keep", arguments.keep, "a very important area, in pixels")
-        ->type_name("X,Y,W,H")
-        ->expected(1)
-        ->take_all()
-        ->allow_extra_args(false);
+    addAreaOptions(*map, arguments.keep, arguments.avoid);
+    map->add_option(
+           "--map", arguments.map, "take the salience map from this picture or mask instead")
+        ->type_name("FILE");
     map->add_flag("--stretch", arguments.stretch,
         "stretch the levels of maps to reach from black to white, for the eye");
     addIfExistsOption(*map, arguments.ifExists);

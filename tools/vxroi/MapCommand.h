@@ -14,7 +14,9 @@ struct MapArguments {
     std::string perMethod; ///< a folder; empty: write no maps of single methods
     std::string overlay; ///< empty: write no overlay
     std::string ratio; ///< empty: outline no crop in the overlay
-    std::vector<std::string> keep; ///< very important areas
+    std::vector<std::string> keep;
+    std::vector<std::string> avoid;
+    std::string map; ///< a file to take the map from; empty: it is computed
     bool stretch = false; ///< stretch the levels of maps from black to white
     std::string ifExists = "fail";
     AnalysisOptions analysis;

@@ -2,6 +2,7 @@
 
 #include "host/HostError.h"
 #include "host/OutputName.h"
+#include "host/SalienceSettings.h"
 
 #include <CLI/CLI.hpp>
 
@@ -60,20 +61,16 @@ void AnalysisOptions::addTo(CLI::App& command)
               ->capture_default_str());
 }
 
-host::SalienceSettings AnalysisOptions::salience() const
+host::AnalysisRules AnalysisOptions::rules() const
 {
-    auto settings = host::SalienceSettings::preset(QString::fromStdString(preset));
+    VXCropSettings settings = host::presetCalled(QString::fromStdString(preset));
     for (const std::string& weight : weights)
-        settings.setWeight(QString::fromStdString(weight));
+        host::setWeight(settings, QString::fromStdString(weight));
     for (const std::string& tuning : tunings)
-        settings.tune(QString::fromStdString(tuning));
-    return settings;
-}
-
-host::ReadingRules AnalysisOptions::reading() const
-{
-    return { maxPixels, maxBytes,
-        onBroken == "warn" ? host::OnBroken::Warn : host::OnBroken::Error };
+        host::tune(settings, QString::fromStdString(tuning));
+    return { settings,
+        { maxPixels, maxBytes,
+            onBroken == "warn" ? host::OnBroken::Warn : host::OnBroken::Error } };
 }
 
 void CropOptions::addTo(CLI::App& command)
@@ -89,13 +86,15 @@ void CropOptions::addTo(CLI::App& command)
         .add_option("-o,--output", output,
             "write crops to this file; {dir} {stem} {ratio} {ext} stand for parts of its name")
         ->type_name("FILE");
-    command.add_option("--keep", keep, "an area that the crop should hold, in pixels")
-        ->type_name("X,Y,W,H")
-        ->expected(1)
-        ->take_all()
-        ->allow_extra_args(false);
+    addAreaOptions(command, keep, avoid);
     command.add_option("--focus", focus, "centre the crop here, 0 to 1 across and down")
         ->type_name("FX,FY");
+    command
+        .add_option("--map", map,
+            "take the salience map from this picture or mask; {dir} {stem} {ext} stand for parts "
+            "of the "
+            "picture's name")
+        ->type_name("FILE");
     command.add_option("--if-exists", ifExists, "what to do with outputs that are there already")
         ->type_name("WHAT")
         ->check(CLI::IsMember({ "fail", "skip", "overwrite" }))
@@ -114,19 +113,19 @@ QVector<host::CropShape> CropOptions::shapes() const
     return shapes;
 }
 
-host::Wishes CropOptions::wishes() const
+VXCropConstraints CropOptions::constraints() const
 {
-    host::Wishes wishes;
-    for (const std::string& area : keep)
-        wishes.keep.append(parseArea(QString::fromStdString(area)));
+    VXCropConstraints constraints;
+    constraints.keep = parseAreas(keep, QStringLiteral("--keep"));
+    constraints.avoid = parseAreas(avoid, QStringLiteral("--avoid"));
     if (!focus.empty())
-        wishes.focus = parsePoint(QString::fromStdString(focus));
-    return wishes;
+        constraints.focus = parsePoint(QString::fromStdString(focus));
+    return constraints;
 }
 
 host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
 {
-    host::CropRules rules { analysis.salience(), analysis.reading() };
+    host::CropRules rules { analysis.rules() };
     rules.ifExists = ifExistsCalled(ifExists);
     rules.upscales = upscale;
     rules.isDryRun = dryRun;
@@ -134,7 +133,29 @@ host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
     return rules;
 }
 
-QRect parseArea(const QString& text)
+void addAreaOptions(
+    CLI::App& command, std::vector<std::string>& keep, std::vector<std::string>& avoid)
+{
+    const auto add = [&](const char* name, std::vector<std::string>& areas, const char* what) {
+        command.add_option(name, areas, what)
+            ->type_name("X,Y,W,H")
+            ->expected(1)
+            ->take_all()
+            ->allow_extra_args(false);
+    };
+    add("--keep", keep, "an area that the crop should hold, in pixels");
+    add("--avoid", avoid, "an area that the crop should leave out, in pixels");
+}
+
+QVector<QRect> parseAreas(const std::vector<std::string>& texts, const QString& option)
+{
+    QVector<QRect> areas;
+    for (const std::string& text : texts)
+        areas.append(parseArea(QString::fromStdString(text), option));
+    return areas;
+}
+
+QRect parseArea(const QString& text, const QString& option)
 {
     static const QRegularExpression pattern(
         QStringLiteral(R"(\A(-?[0-9]{1,9}),(-?[0-9]{1,9}),([0-9]{1,9}),([0-9]{1,9})\z)"));
@@ -142,7 +163,7 @@ QRect parseArea(const QString& text)
     const QRect area(match.captured(1).toInt(), match.captured(2).toInt(),
         match.captured(3).toInt(), match.captured(4).toInt());
     if (!match.hasMatch() || area.isEmpty())
-        throw HostError(ExitCode::Usage, QStringLiteral("--keep %1").arg(text),
+        throw HostError(ExitCode::Usage, QStringLiteral("%1 %2").arg(option, text),
             QStringLiteral("not an area"),
             QStringLiteral("write left, top, width and height in pixels, such as 10,20,300,200"));
     return area;

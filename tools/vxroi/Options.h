@@ -1,10 +1,7 @@
 #pragma once
 
 #include "host/CropShape.h"
-#include "host/CropWindow.h"
 #include "host/Cropper.h"
-#include "host/PictureReader.h"
-#include "host/SalienceSettings.h"
 
 #include <string>
 #include <vector>
@@ -27,8 +24,7 @@ struct AnalysisOptions {
     void addTo(CLI::App& command);
 
     /// \throws host::HostError when one of them is wrong.
-    host::SalienceSettings salience() const;
-    host::ReadingRules reading() const;
+    host::AnalysisRules rules() const;
 };
 
 /// The options of what is cropped and where it goes, as given.
@@ -37,7 +33,9 @@ struct CropOptions {
     std::vector<std::string> sizes;
     std::string output;
     std::vector<std::string> keep;
+    std::vector<std::string> avoid;
     std::string focus;
+    std::string map;
     std::string ifExists = "fail";
     bool upscale = false;
     bool dryRun = false;
@@ -46,13 +44,21 @@ struct CropOptions {
 
     /// \throws host::HostError when one of them is wrong.
     QVector<host::CropShape> shapes() const;
-    host::Wishes wishes() const;
+    VXCropConstraints constraints() const;
     host::CropRules rules(const AnalysisOptions& analysis) const;
 };
 
-/// Reads an area such as "10,20,300,200": left, top, width and height in pixels.
+/// Adds the options --keep and --avoid, which are areas as parseArea() reads them.
+void addAreaOptions(
+    CLI::App& command, std::vector<std::string>& keep, std::vector<std::string>& avoid);
+
+/// Reads areas such as "10,20,300,200": left, top, width and height in pixels.
+/// \throws host::HostError when one is anything else.
+QVector<QRect> parseAreas(const std::vector<std::string>& texts, const QString& option);
+
+/// Reads one such area.
 /// \throws host::HostError when \a text is anything else.
-QRect parseArea(const QString& text);
+QRect parseArea(const QString& text, const QString& option);
 
 /// Reads a point such as "0.5,0.33", each from 0 to 1.
 /// \throws host::HostError when \a text is anything else.

@@ -1,5 +1,8 @@
 #include "ReportArticle.h"
 
+#include "host/CropWindow.h"
+#include "host/SalienceMap.h"
+
 #include <QBuffer>
 
 #include <algorithm>
@@ -63,7 +66,7 @@ QString outlined(const ReportEntry& entry)
 {
     QString rects;
     for (const ReportCrop& crop : entry.crops)
-        rects += rectTag(crop.window, "halo") + rectTag(crop.window, "ours");
+        rects += rectTag(crop.chosen.window, "halo") + rectTag(crop.chosen.window, "ours");
     return QStringLiteral("<div class=\"outlined\">%1<svg viewBox=\"0 0 %2 %3\" "
                           "preserveAspectRatio=\"none\">%4</svg></div>\n")
         .arg(imageTag(entry.working, QStringLiteral("the picture")))
@@ -82,10 +85,11 @@ QString cropFigures(const ReportEntry& entry)
     QString html;
     for (const ReportCrop& crop : entry.crops) {
         html += QStringLiteral("<div class=\"crops\">\n")
-            + figureOf(cutOut(entry, crop.window),
-                QStringLiteral("%1, chosen: %2").arg(crop.shape, percent(crop.salience)))
+            + figureOf(cutOut(entry, crop.chosen.window),
+                QStringLiteral("%1, chosen: %2").arg(crop.shape, percent(crop.chosen.salience)))
             + figureOf(cutOut(entry, crop.centred),
-                QStringLiteral("%1, centre: %2").arg(crop.shape, percent(crop.centreSalience)))
+                QStringLiteral("%1, centre: %2")
+                    .arg(crop.shape, percent(crop.chosen.centreSalience)))
             + QStringLiteral("</div>\n");
     }
     return html;
@@ -95,7 +99,7 @@ QString mapFigures(const ReportEntry& entry)
 {
     QString html = QStringLiteral("<h3>Maps, stretched</h3>\n<div class=\"maps\">\n")
         + figureOf(atMost(host::stretched(entry.map), mapPixels), QStringLiteral("blended"));
-    for (const host::MethodMap& single : entry.methodMaps)
+    for (const VXCropMap& single : entry.methodMaps)
         html += figureOf(atMost(host::stretched(single.map), mapPixels), single.method);
     return html + QStringLiteral("</div>\n");
 }
@@ -106,9 +110,9 @@ QString numbersOf(const ReportEntry& entry)
     for (const ReportCrop& crop : entry.crops)
         rows += QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td>"
                                "<td>%6</td></tr>\n")
-                    .arg(crop.shape, host::geometryOf(crop.window), crop.decidedBy,
-                        percent(crop.salience), percent(crop.centreSalience),
-                        percent(crop.offset(entry.size)));
+                    .arg(crop.shape, host::geometryOf(crop.chosen.window),
+                        host::nameOf(crop.chosen.reason), percent(crop.chosen.salience),
+                        percent(crop.chosen.centreSalience), percent(crop.offset(entry.size)));
     return QStringLiteral("<div class=\"numbers\"><table>\n<tr><th>shape</th><th>window</th>"
                           "<th>decided by</th><th>keeps</th><th>centre keeps</th>"
                           "<th>from the centre</th></tr>\n%1</table></div>\n")
@@ -129,8 +133,8 @@ QByteArray articleOf(const ReportEntry& entry, int position)
 {
     const double offset = largestOf(
         entry.crops, [&entry](const ReportCrop& crop) { return crop.offset(entry.size); });
-    const double gain = largestOf(
-        entry.crops, [](const ReportCrop& crop) { return crop.salience - crop.centreSalience; });
+    const double gain = largestOf(entry.crops,
+        [](const ReportCrop& crop) { return crop.chosen.salience - crop.chosen.centreSalience; });
     const QString content = entry.failure.isEmpty()
         ? QStringLiteral("<div class=\"views\">\n%1<div>\n%2</div></div>\n")
                 .arg(outlined(entry), cropFigures(entry))

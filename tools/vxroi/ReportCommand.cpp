@@ -77,8 +77,7 @@ ExitCode runReport(const ReportArguments& arguments)
     for (const QString& picture : pictures)
         requireFreeName(picture, output, arguments.ifExists);
     const auto shapes = host::parseRatios(QString::fromStdString(arguments.ratios));
-    const host::SalienceSettings settings = arguments.analysis.salience();
-    const host::ReadingRules rules = arguments.analysis.reading();
+    const host::AnalysisRules rules = arguments.analysis.rules();
 
     Page page(output);
     page.addPart("head.html");
@@ -104,7 +103,7 @@ ExitCode runReport(const ReportArguments& arguments)
     };
     for (int position = 0; position < pictures.size(); ++position) {
         work.begin([&, position]() -> Article {
-            const ReportEntry entry = reportEntryOf(pictures.at(position), shapes, settings, rules);
+            const ReportEntry entry = reportEntryOf(pictures.at(position), shapes, rules);
             return { articleOf(entry, position), entry.failure };
         });
         if (work.isFull())

@@ -1,5 +1,7 @@
 #include "ReportEntry.h"
 
+#include "host/CropWindow.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <new>
@@ -8,24 +10,26 @@ namespace vxroi {
 
 double ReportCrop::offset(const QSize& picture) const
 {
-    const QSize room = picture - window.size();
+    const QSize room = picture - chosen.window.size();
     const int farthest = (std::max(room.width(), room.height()) + 1) / 2;
-    const QPoint away = window.topLeft() - centred.topLeft();
+    const QPoint away = chosen.window.topLeft() - centred.topLeft();
     const int distance = std::max(std::abs(away.x()), std::abs(away.y()));
     return farthest == 0 ? 0 : static_cast<double>(distance) / farthest;
 }
 
-ReportEntry reportEntryOf(const QString& path, const QVector<host::CropShape>& shapes,
-    const host::SalienceSettings& settings, const host::ReadingRules& rules)
+ReportEntry reportEntryOf(
+    const QString& path, const QVector<host::CropShape>& shapes, const host::AnalysisRules& rules)
 {
     ReportEntry entry;
     entry.path = path;
+    VXCrop analysis;
     try {
-        host::PictureFile picture(path, rules);
+        host::PictureFile picture(path, rules.reading);
         entry.size = picture.orientedSize();
         entry.working = picture.readWorkingImage();
-        entry.map = host::salienceMapOf(entry.working, settings);
-        entry.methodMaps = host::methodMapsOf(entry.working, settings);
+        analysis = VXCrop::fromWorkingImage(entry.working, entry.size, rules.salience);
+        entry.map = analysis.map();
+        entry.methodMaps = analysis.methodMaps();
     } catch (const host::HostError& error) {
         entry.failure = QString::fromUtf8(error.what());
     } catch (const std::bad_alloc&) {
@@ -35,11 +39,9 @@ ReportEntry reportEntryOf(const QString& path, const QVector<host::CropShape>& s
     if (!entry.failure.isEmpty())
         return entry;
     for (const host::CropShape& shape : shapes) {
-        const host::Choice choice = host::chooseWindow(entry.map, entry.size, shape.ratio);
-        const QRect centred = host::centredIn(entry.size, choice.window.size());
-        entry.crops.append({ shape.name, choice.window, centred, host::nameOf(choice.decider),
-            host::salienceWithin(entry.map, entry.size, choice.window),
-            host::salienceWithin(entry.map, entry.size, centred) });
+        const VXCropWindow chosen = analysis.window(shape.ratio);
+        entry.crops.append(
+            { shape.name, chosen, host::centredIn(entry.size, chosen.window.size()) });
     }
     return entry;
 }

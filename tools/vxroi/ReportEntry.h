@@ -2,7 +2,7 @@
 
 #include "Options.h"
 
-#include "host/SalienceMap.h"
+#include "host/Analysis.h"
 
 #include <QImage>
 #include <QString>
@@ -13,11 +13,8 @@ namespace vxroi {
 /// One crop of a picture in a report.
 struct ReportCrop {
     QString shape;
-    QRect window; ///< in picture pixels
+    VXCropWindow chosen;
     QRect centred; ///< the window of that size in the middle
-    QString decidedBy;
-    double salience; ///< the share of the map that the window holds, 0 to 1
-    double centreSalience;
 
     /// How far the window lies from the middle, of how far it could: 0 to 1.
     double offset(const QSize& picture) const;
@@ -30,12 +27,12 @@ struct ReportEntry {
     QSize size; ///< of the picture, in pixels
     QImage working; ///< what was analysed
     QImage map; ///< the blended map
-    QVector<host::MethodMap> methodMaps;
+    QVector<VXCropMap> methodMaps;
     QVector<ReportCrop> crops;
 };
 
 /// Analyses a picture for a report; a failure is in the entry, and never thrown.
-ReportEntry reportEntryOf(const QString& path, const QVector<host::CropShape>& shapes,
-    const host::SalienceSettings& settings, const host::ReadingRules& rules);
+ReportEntry reportEntryOf(
+    const QString& path, const QVector<host::CropShape>& shapes, const host::AnalysisRules& rules);
 
 } // namespace vxroi

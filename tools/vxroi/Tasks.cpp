@@ -7,32 +7,36 @@ using host::HostError;
 
 TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes)
     : commonShapes(options.shapes())
-    , commonWishes(options.wishes())
+    , commonConstraints(options.constraints())
 {
     if (!options.output.empty())
         commonOutput = host::OutputName(QString::fromStdString(options.output));
+    if (!options.map.empty())
+        commonMap
+            = host::OutputName(QString::fromStdString(options.map), host::OutputName::Of::Picture);
     if (needsShapes && commonShapes.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
             QStringLiteral("no shape is named"),
             QStringLiteral("add --ratio 16:9 or --size 1200x630; see vxroi --help"));
 }
 
-TaskPlan::Planned TaskPlan::plan(const Input& input)
+host::CropTask TaskPlan::plan(const Input& input)
 {
-    Planned planned;
-    planned.task = { input.path, input.shapes.isEmpty() ? commonShapes : input.shapes, {},
-        input.wishes.value_or(commonWishes) };
-    planned.record.path = input.path;
-    planned.record.failure = input.failure;
+    host::CropTask task;
+    task.path = input.path;
+    task.shapes = input.shapes.isEmpty() ? commonShapes : input.shapes;
+    task.constraints = input.constraints.value_or(commonConstraints);
+    task.map = commonMap && input.map.isEmpty() ? commonMap->nameFor(input.path, {}) : input.map;
+    task.failure = input.failure;
     try {
-        if (!input.failure && planned.task.shapes.isEmpty())
+        if (!input.failure && task.shapes.isEmpty())
             throw HostError(ExitCode::Usage, input.path, QStringLiteral("no shape is named"),
                 QStringLiteral("add --ratio or --size, or \"ratios\" to its line"));
-        addOutputs(input, planned.task);
+        addOutputs(input, task);
     } catch (const HostError& error) {
-        planned.record.failure = error;
+        task.failure = error;
     }
-    return planned;
+    return task;
 }
 
 void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
@@ -54,8 +58,7 @@ void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
 
 host::CropRecord TaskPlan::crop(host::Cropper& cropper, const Input& input)
 {
-    const Planned planned = plan(input);
-    return planned.record.failure ? planned.record : cropper.crop(planned.task);
+    return cropper.crop(plan(input));
 }
 
 } // namespace vxroi

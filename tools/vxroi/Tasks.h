@@ -9,11 +9,12 @@
 
 namespace vxroi {
 
-/// One input of a run, and what it wishes for itself.
+/// One input of a run, and what its line of a list says of it.
 struct Input {
     QString path;
     QVector<host::CropShape> shapes = {}; ///< empty: those of the run
-    std::optional<host::Wishes> wishes = std::nullopt; ///< none: those of the run
+    std::optional<VXCropConstraints> constraints = std::nullopt; ///< none: those of the run
+    QString map = {}; ///< empty: that of the run
     QString output = {}; ///< empty: that of the run
     std::optional<host::HostError> failure = std::nullopt; ///< why there is nothing to crop
 };
@@ -27,12 +28,8 @@ public:
 
     const QVector<host::CropShape>& shapes() const { return commonShapes; }
 
-    /// A task, or the record of the failure that there is none.
-    struct Planned {
-        host::CropTask task;
-        host::CropRecord record;
-    };
-    Planned plan(const Input& input);
+    /// The task of an input; a failure is in it, and never thrown.
+    host::CropTask plan(const Input& input);
 
     /// Plans and crops.
     host::CropRecord crop(host::Cropper& cropper, const Input& input);
@@ -41,7 +38,8 @@ private:
     void addOutputs(const Input& input, host::CropTask& task);
 
     QVector<host::CropShape> commonShapes;
-    host::Wishes commonWishes;
+    VXCropConstraints commonConstraints;
+    std::optional<host::OutputName> commonMap;
     std::optional<host::OutputName> commonOutput;
     QSet<QString> usedOutputs;
 };
