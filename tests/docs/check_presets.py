@@ -16,9 +16,10 @@ if "VXROI_PHOTOGRAPHS" not in os.environ:
 photographs = pathlib.Path(os.environ["VXROI_PHOTOGRAPHS"])
 
 lines = page.read_text(encoding="utf-8").splitlines()
-start = next(i for i, line in enumerate(lines) if line.startswith("| | tune"))
+start = next(i for i, line in enumerate(lines) if line.startswith("| | all | even"))
 shown = [line for line in lines[start:start + 40] if line.startswith("|")]
-names = [line.split("|")[1].strip() for line in shown[4:]]
+rows = [line.split("|")[1].strip().rpartition(", ")[0] for line in shown[2:]]
+names = rows[2:len(rows) // 3]  # of the first of three ratios, after the centre and the best windows
 assert names[:2] == ["photo", "library"], names
 printed = subprocess.run([evaluate, photographs, *names], check=True, stdout=subprocess.PIPE,
                          text=True).stdout.splitlines()

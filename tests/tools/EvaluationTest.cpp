@@ -46,21 +46,36 @@ TEST_F(Evaluation, knowsTheBestWindowOfASize)
     EXPECT_DOUBLE_EQ(sample().keptByBest({ 3, 80 }), 0.3);
 }
 
-TEST_F(Evaluation, scoresTheCentreAsNothingAndTheBestWindowAsOne)
+TEST_F(Evaluation, gainIsWhatChoosingAddsOfWhatItCould)
 {
-    EXPECT_DOUBLE_EQ((evaluate::Kept { 0.5, 0.5, 0.9 }.score()), 0);
-    EXPECT_DOUBLE_EQ((evaluate::Kept { 0.9, 0.5, 0.9 }.score()), 1);
-    EXPECT_DOUBLE_EQ((evaluate::Kept { 0.4, 0.5, 0.9 }.score()), -0.25);
-    EXPECT_DOUBLE_EQ((evaluate::Kept { 0.9, 0.9, 0.9 }.score()), 0) << "nothing to gain";
+    const auto gainOf
+        = [](const evaluate::Kept& kept) { return evaluate::summaryOf({ kept }).gain; };
+    EXPECT_DOUBLE_EQ(gainOf({ 0.5, 0.5, 0.9 }), 0);
+    EXPECT_DOUBLE_EQ(gainOf({ 0.9, 0.5, 0.9 }), 1);
+    EXPECT_DOUBLE_EQ(gainOf({ 0.4, 0.5, 0.9 }), -0.25);
+    EXPECT_DOUBLE_EQ(gainOf({ 0.9, 0.9, 0.9 }), 0) << "nothing to gain";
 }
 
 TEST_F(Evaluation, comparesWhatIsChosenWithTheCentre)
 {
     // Every method off: the map says nothing, and the centre is chosen.
-    const evaluate::Kept kept = evaluate::evaluate({ sample() }, host::withoutMethods(), { 1, 1 });
+    const evaluate::Kept kept = evaluate::keptOf(sample(), host::withoutMethods(), { 1, 1 });
     EXPECT_DOUBLE_EQ(kept.chosen, kept.centre);
     EXPECT_DOUBLE_EQ(kept.centre, 0);
     EXPECT_DOUBLE_EQ(kept.best, 0.8);
+}
+
+// Of n photographs half gain 1 and half 0: their mean varies by √(1/4 / n), and twice that is 95 %.
+TEST_F(Evaluation, theIntervalIsThatOfTheMean)
+{
+    QVector<evaluate::Kept> all;
+    for (int i = 0; i < 400; ++i)
+        all.append({ i % 2 == 0 ? 1.0 : 0.0, 0, 1 });
+    const evaluate::Summary summary = evaluate::summaryOf(all);
+    EXPECT_NEAR(summary.gain, 0.5, 1e-12);
+    EXPECT_NEAR(summary.leastGain, 0.5 - 1.96 * 0.025, 0.005);
+    EXPECT_NEAR(summary.mostGain, 0.5 + 1.96 * 0.025, 0.005);
+    EXPECT_DOUBLE_EQ(summary.leastGain, evaluate::summaryOf(all).leastGain) << "in every run";
 }
 
 TEST_F(Evaluation, refusesPointsOfAnotherSize)

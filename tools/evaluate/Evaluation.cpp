@@ -5,6 +5,8 @@
 #include "host/PictureReader.h"
 
 #include <algorithm>
+#include <random>
+#include <vector>
 
 namespace evaluate {
 
@@ -21,6 +23,22 @@ int mostPointsWithin(const QVector<int>& sums, int length)
     for (int start = 0; start + length < sums.size(); ++start)
         most = std::max(most, pointsWithin(sums, start, length));
     return most;
+}
+
+Kept meanOf(const QVector<Kept>& all)
+{
+    Kept mean;
+    for (const Kept& kept : all) {
+        mean.chosen += kept.chosen / all.size();
+        mean.centre += kept.centre / all.size();
+        mean.best += kept.best / all.size();
+    }
+    return mean;
+}
+
+double gainOf(const Kept& kept)
+{
+    return kept.best > kept.centre ? (kept.chosen - kept.centre) / (kept.best - kept.centre) : 0;
 }
 
 void accumulate(QVector<int>& counts)
@@ -73,22 +91,31 @@ double Sample::keptByBest(const QSize& window) const
     return static_cast<double>(kept) / std::max(columns.last(), 1);
 }
 
-double Kept::score() const { return best > centre ? (chosen - centre) / (best - centre) : 0; }
-
-Kept evaluate(const QVector<Sample>& samples, const VXCropSettings& settings, const QSize& ratio)
+Kept keptOf(const Sample& sample, const VXCropSettings& settings, const QSize& ratio)
 {
-    Kept kept;
-    for (const Sample& sample : samples) {
-        const QRect window
-            = VXCrop::fromWorkingImage(sample.workingImage(), sample.size(), settings)
-                  .window(ratio)
-                  .window;
-        kept.chosen += sample.keptBy(window) / samples.size();
-        kept.centre
-            += sample.keptBy(host::centredIn(sample.size(), window.size())) / samples.size();
-        kept.best += sample.keptByBest(window.size()) / samples.size();
+    const QRect window = VXCrop::fromWorkingImage(sample.workingImage(), sample.size(), settings)
+                             .window(ratio)
+                             .window;
+    return { sample.keptBy(window), sample.keptBy(host::centredIn(sample.size(), window.size())),
+        sample.keptByBest(window.size()) };
+}
+
+Summary summaryOf(const QVector<Kept>& all)
+{
+    constexpr int resamples = 2000;
+    constexpr int tail = resamples * 25 / 1000;
+    std::mt19937 random; // NOLINT(cert-msc*): the same numbers in every run
+    const auto count = static_cast<unsigned>(all.size());
+    std::vector<double> gains;
+    for (int i = 0; i < resamples; ++i) {
+        QVector<Kept> drawn;
+        for (unsigned j = 0; j < count; ++j)
+            drawn.append(all.at(static_cast<int>(random() % count)));
+        gains.push_back(gainOf(meanOf(drawn)));
     }
-    return kept;
+    std::sort(gains.begin(), gains.end());
+    const Kept mean = meanOf(all);
+    return { mean, gainOf(mean), gains[tail], gains[resamples - 1 - tail] };
 }
 
 } // namespace evaluate

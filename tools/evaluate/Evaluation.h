@@ -34,18 +34,29 @@ private:
     QVector<int> rows; ///< the same above each row
 };
 
-/// How much crops of one ratio keep on average: shares of the points, 0 to 1.
+/// How much crops of one photograph keep: shares of its points, 0 to 1.
 struct Kept {
     double chosen = 0;
     double centre = 0;
     double best = 0;
-
-    /// What choosing gains over the centre, of what it could: 1 for the best windows, below 0 when
-    /// the centre crops keep more.
-    double score() const;
 };
 
-/// Crops all samples to \a ratio.
-Kept evaluate(const QVector<Sample>& samples, const VXCropSettings& settings, const QSize& ratio);
+/// What crops of several photographs keep on average.
+struct Summary {
+    Kept mean;
+    double gain
+        = 0; ///< over the centre, of what the best windows gain: 1 for those, below 0 when the centre keeps more
+    double leastGain = 0; ///< the gain of other such photographs is at least this, and
+    double mostGain = 0; ///< at most this, with a probability of 95 %
+};
+
+/// Crops a sample to \a ratio.
+Kept keptOf(const Sample& sample, const VXCropSettings& settings, const QSize& ratio);
+
+/// Sums up what photographs keep. The interval is that of 2000 bootstrap samples (percentile
+/// method, B. Efron, "Bootstrap Methods: Another Look at the Jackknife", 1979), which are the same
+/// in every run.
+/// \pre \a all is not empty.
+Summary summaryOf(const QVector<Kept>& all);
 
 } // namespace evaluate

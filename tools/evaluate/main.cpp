@@ -14,6 +14,7 @@ namespace {
 
 using evaluate::Kept;
 using evaluate::Sample;
+using evaluate::Summary;
 
 const std::array<QSize, 3> ratios { QSize(1, 1), QSize(9, 16), QSize(3, 1) };
 
@@ -28,19 +29,16 @@ VXCropSettings settingsOf(const QString& name)
     return settings;
 }
 
-// The photographs with even places in the list, or those with odd ones.
-QVector<Sample> samplesOf(const QDir& folder, int firstPlace)
+QVector<Sample> samplesOf(const QDir& folder)
 {
     const QDir images(folder.filePath(QStringLiteral("images")));
-    const QStringList names = images.entryList(QDir::Files, QDir::Name);
     QVector<Sample> samples;
-    for (int place = firstPlace; place < names.size(); place += 2) {
-        const QString points
-            = QFileInfo(names.at(place)).completeBaseName() + QStringLiteral(".png");
-        samples.append(Sample(
-            images.filePath(names.at(place)), folder.filePath(QStringLiteral("points/") + points)));
+    for (const QString& name : images.entryList(QDir::Files, QDir::Name)) {
+        const QString points = QFileInfo(name).completeBaseName() + QStringLiteral(".png");
+        samples.append(
+            Sample(images.filePath(name), folder.filePath(QStringLiteral("points/") + points)));
     }
-    if (samples.isEmpty())
+    if (samples.size() < 2)
         throw host::HostError(host::ExitCode::MissingInput, folder.path(),
             QStringLiteral("has no photographs"),
             QStringLiteral(
@@ -48,46 +46,63 @@ QVector<Sample> samplesOf(const QDir& folder, int firstPlace)
     return samples;
 }
 
-QString cellOf(double kept, double score)
+// All, and those with even and with odd places in the list: what holds for one half alone is chance.
+std::array<QVector<Kept>, 3> withHalves(const QVector<Kept>& all)
 {
-    return QStringLiteral(" %1 % (%2%3) |")
-        .arg(kept * 100, 0, 'f', 1)
-        .arg(score < 0 ? QStringLiteral("−") : QStringLiteral("+"))
-        .arg(qAbs(score), 0, 'f', 2);
+    std::array<QVector<Kept>, 3> parts { all, {}, {} };
+    for (int place = 0; place < all.size(); ++place)
+        parts.at(place % 2 == 0 ? 1 : 2).append(all.at(place));
+    return parts;
 }
 
-// What crops keep of all samples, when they keep that of two halves.
-Kept together(const Kept& a, int samplesOfA, const Kept& b, int samplesOfB)
+QString percent(double share) { return QStringLiteral("%1 %").arg(share * 100, 0, 'f', 1); }
+
+QString withSign(double gain)
 {
-    const double shareOfA = static_cast<double>(samplesOfA) / (samplesOfA + samplesOfB);
-    const auto mean
-        = [shareOfA](double ofA, double ofB) { return shareOfA * ofA + (1 - shareOfA) * ofB; };
-    return { mean(a.chosen, b.chosen), mean(a.centre, b.centre), mean(a.best, b.best) };
+    return (gain < 0 ? QStringLiteral("−") : QStringLiteral("+"))
+        + QString::number(qAbs(gain), 'f', 2);
 }
 
-void print(const QStringList& names, const QVector<Sample>& tune, const QVector<Sample>& judge)
+QString chosenCell(const Summary& summary)
 {
-    std::cout << "| | tune 1:1 | judge 1:1 | all 1:1 | tune 9:16 | judge 9:16 | all 9:16 "
-                 "| tune 3:1 | judge 3:1 | all 3:1 |\n|---|"
-              << "---:|---:|---:|---:|---:|---:|---:|---:|---:|\n";
-    QString centre = QStringLiteral("| centre |");
-    QString best = QStringLiteral("| best windows |");
-    for (const QString& name : names) {
-        QString row = QStringLiteral("| %1 |").arg(name);
-        for (const QSize& ratio : ratios) {
-            const Kept tuned = evaluate::evaluate(tune, settingsOf(name), ratio);
-            const Kept judged = evaluate::evaluate(judge, settingsOf(name), ratio);
-            for (const Kept& kept :
-                { tuned, judged, together(tuned, tune.size(), judged, judge.size()) }) {
-                row += cellOf(kept.chosen, kept.score());
-                centre += name == names.first() ? cellOf(kept.centre, 0) : QString();
-                best += name == names.first() ? cellOf(kept.best, 1) : QString();
+    return QStringLiteral("%1 (%2, %3 to %4)")
+        .arg(percent(summary.mean.chosen), withSign(summary.gain), withSign(summary.leastGain),
+            withSign(summary.mostGain));
+}
+
+QString row(const QString& name, const QSize& ratio, const QStringList& cells)
+{
+    return QStringLiteral("| %1, %2:%3 | %4 |\n")
+        .arg(name)
+        .arg(ratio.width())
+        .arg(ratio.height())
+        .arg(cells.join(QStringLiteral(" | ")));
+}
+
+void print(const QStringList& names, const QVector<Sample>& samples)
+{
+    QString table = QStringLiteral("| | all | even | odd |\n|---|---:|---:|---:|\n");
+    for (const QSize& ratio : ratios) {
+        for (const QString& name : names) {
+            QVector<Kept> all;
+            for (const Sample& sample : samples)
+                all.append(evaluate::keptOf(sample, settingsOf(name), ratio));
+            QStringList chosen;
+            QStringList centre;
+            QStringList best;
+            for (const QVector<Kept>& part : withHalves(all)) {
+                const Summary summary = evaluate::summaryOf(part);
+                chosen.append(chosenCell(summary));
+                centre.append(percent(summary.mean.centre));
+                best.append(percent(summary.mean.best));
             }
+            if (name == names.first())
+                table += row(QStringLiteral("centre"), ratio, centre)
+                    + row(QStringLiteral("best windows"), ratio, best);
+            table += row(name, ratio, chosen);
         }
-        if (name == names.first())
-            std::cout << centre.toStdString() << '\n' << best.toStdString() << '\n';
-        std::cout << row.toStdString() << std::endl;
     }
+    std::cout << table.toStdString();
 }
 
 } // namespace
@@ -107,7 +122,7 @@ try {
     for (const QString& name : settings)
         settingsOf(name);
     const QDir folder(QCoreApplication::arguments().at(1));
-    print(settings, samplesOf(folder, 0), samplesOf(folder, 1));
+    print(settings, samplesOf(folder));
     return 0;
 } catch (const host::HostError& error) {
     std::cerr << "vxroi-evaluate: " << error.what() << '\n';
