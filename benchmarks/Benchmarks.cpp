@@ -3,6 +3,7 @@
 #include "LiteralAnalysis.h"
 #include "Pictures.h"
 
+#include <VXCrop/VXCrop.h>
 #include <VXRegionOfInterest/VXBackgroundROI.h>
 #include <VXRegionOfInterest/VXGaussROI.h>
 #include <VXRegionOfInterest/VXGaussianBlur.h>
@@ -263,6 +264,14 @@ void registerDecision()
         [=](const QImage& image) {
             return startOfSquare(literalAnalysis(
                 image.scaled(workingSize, Qt::KeepAspectRatio, Qt::FastTransformation)));
+        } });
+    registerEverywhere(Subject<QRect> { "VXCrop",
+        [](const QImage& image) { return VXCrop(image).window(QSize(1, 1)).window; },
+        [](const QImage& image) {
+            const QImage working = VXCrop::workingImage(image);
+            QImage map = mapFor(working);
+            reference::writeBackgroundMap(working, map);
+            return VXCrop::fromMap(map, image.size()).window(QSize(1, 1)).window;
         } });
 }
 
