@@ -662,8 +662,8 @@ TEST(VXCrop, isTheSameFromThePictureAndFromItsWorkingImage)
     EXPECT_EQ(whole.window(square).window, fromWorking.window(square).window);
 }
 
-// Discs of 8 to 16 % of the shorter side anywhere in pictures of four shapes, and windows that are longer than
-// they are: every window has the middle of its disc, and hardly any cuts it.
+// Discs of 8 to 16 % of the shorter side anywhere in pictures of four shapes, and windows that are
+// longer than they are: every window has the middle of its disc, and hardly any cuts it.
 TEST(VXCrop, losesNoDisc)
 {
     support::Random random(2026);

@@ -22,8 +22,9 @@ public:
             cumulative.append(cumulative.last() + sum);
     }
 
-    // With n positions in the window, the one k from an end lies a share of (k + 1/2) / n from it, so it weighs
-    // 0.9 + (k + 1/2) / 2 n, or 1. Times 20 n that is 20 n less 2 n - 10 k - 5, where that is above 0.
+    // With n positions in the window, the one k from an end lies a share of (k + 1/2) / n from it,
+    // so it weighs 0.9 + (k + 1/2) / 2 n, or 1. Times 20 n that is 20 n less 2 n - 10 k - 5, where
+    // that is above 0.
     qint64 heldFrom(int gridStart) const
     {
         const int last = gridStart + length - 1;

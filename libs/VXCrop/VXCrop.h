@@ -19,8 +19,8 @@ struct VXCropConstraints {
     QVector<QRect> keep;
     /// Areas that should not be in the window, in picture pixels; areas to keep come first.
     QVector<QRect> avoid;
-    /// The centre of the window, 0 to 1 across and down the picture, as far as the frame allows. It wins over all
-    /// else; what is not a number is taken as 0.5.
+    /// The centre of the window, 0 to 1 across and down the picture, as far as the frame allows. It
+    /// wins over all else; what is not a number is taken as 0.5.
     std::optional<QPointF> focus;
 };
 
@@ -51,17 +51,19 @@ struct VXCropMap {
 
 /// Chooses what to keep of a picture when it is cropped to a shape.
 ///
-/// A picture is analysed once, when the object is made; then it is asked for windows of as many shapes as needed. A
-/// window is the largest of its shape that fits into the picture, so it has room to move along one axis only. It
-/// goes where the picture's salience map has most: what lies near an end of the window counts less, down to 0.9 at the end
-/// itself and up to 1 from a fifth of the window's length on, so that subjects get room. Of several such places
-/// the one nearest to the centre wins, and the centre itself unless another holds more than 0.1 % more.
-/// Sums are whole numbers, so all machines agree.
+/// A picture is analysed once, when the object is made; then it is asked for windows of as many
+/// shapes as needed. A window is the largest of its shape that fits into the picture, so it has
+/// room to move along one axis only. It goes where the picture's salience map has most: what lies
+/// near an end of the window counts less, down to 0.9 at the end itself and up to 1 from a fifth of
+/// the window's length on, so that subjects get room. Of several such places the one nearest to the
+/// centre wins, and the centre itself unless another holds more than 0.1 % more. Sums are whole
+/// numbers, so all machines agree.
 ///
-/// **Takes** a picture as it is seen: turn it first where a camera says so. What is transparent counts as mid-grey.
+/// **Takes** a picture as it is seen: turn it first where a camera says so. What is transparent
+/// counts as mid-grey.
 ///
-/// **Returns** windows in picture pixels. A null picture has no windows: they are null. So are those of ratios
-/// whose sides are not both above 0.
+/// **Returns** windows in picture pixels. A null picture has no windows: they are null. So are
+/// those of ratios whose sides are not both above 0.
 ///
 /// **Settings**: which methods analyse the picture; see VXCropSettings. Or a map from elsewhere, see
 /// fromMap().
@@ -69,8 +71,9 @@ struct VXCropMap {
 /// **Costs** on one core about 1 ms for 640 × 480 and 2 ms for 24 megapixels, of which only so many
 /// pixels are read as the analysis needs; 0.1 ms for each window, and 0.4 ms more with areas to keep.
 ///
-/// **Threads and ownership**: a value that keeps nothing of the picture but its maps. Reentrant; const functions may be
-/// called from several threads at once. No thread is started, and no event loop is needed.
+/// **Threads and ownership**: a value that keeps nothing of the picture but its maps. Reentrant;
+/// const functions may be called from several threads at once. No thread is started, and no event
+/// loop is needed.
 ///
 /// **Out of memory**, operations throw std::bad_alloc.
 class VXCROP_EXPORT VXCrop {
@@ -81,15 +84,15 @@ public:
     /// Analyses \a picture, of any format and size.
     explicit VXCrop(const QImage& picture, const VXCropSettings& settings = {});
 
-    /// Analyses a picture of size \a pictureSize that has been brought to its workingSize() already, as by a decoder
-    /// that scales.
-    /// \a image is as workingImage() makes it; its size may be another. Settings are \a settings.
+    /// Analyses a picture of size \a pictureSize that has been brought to its workingSize()
+    /// already, as by a decoder that scales. \a image is as workingImage() makes it; its size may
+    /// be another. Settings are \a settings.
     static VXCrop fromWorkingImage(
         const QImage& image, const QSize& pictureSize, const VXCropSettings& settings = {});
 
-    /// Takes a salience map from elsewhere: a detector, a network, a mask.
-    /// \a map, of any size and format, is laid over the whole picture, whose size is \a pictureSize. Where any of it
-    /// is transparent, the opacity is the salience; otherwise its grey level.
+    /// Takes a salience map from elsewhere: a detector, a network, a mask. \a map, of any size and
+    /// format, is laid over the whole picture, whose size is \a pictureSize. Where any of it is
+    /// transparent, the opacity is the salience; otherwise its grey level.
     static VXCrop fromMap(const QImage& map, const QSize& pictureSize);
 
     /// The size at which a picture of size \a picture is analysed: the largest of its shape that fits into
@@ -98,14 +101,14 @@ public:
 
     /// What a picture is analysed as: at its working size, on mid-grey where it is transparent.
     ///
-    /// A pixel is the mean of those that it stands for. Where those are more than two columns or rows, it is the mean of
-    /// the middle four of the middle row.
+    /// A pixel is the mean of those that it stands for. Where those are more than two columns or
+    /// rows, it is the mean of the middle four of the middle row.
     /// \return an opaque image in QImage::Format_ARGB32; null for a null \a picture.
     static QImage workingImage(const QImage& picture);
 
-    /// The size of the largest window of shape \a ratio, width to height, in a picture of size \a picture: as wide or as
-    /// high as the picture, the other side rounded to whole pixels and at least 1. Empty where one of them
-    /// is.
+    /// The size of the largest window of shape \a ratio, width to height, in a picture of size \a
+    /// picture: as wide or as high as the picture, the other side rounded to whole pixels and at
+    /// least 1. Empty where one of them is.
     static QSize largestWindow(const QSize& picture, const QSize& ratio);
 
     /// The size of the picture, in pixels.
@@ -121,9 +124,9 @@ public:
     /// Chooses the window of shape \a ratio, width to height.
     VXCropWindow window(const QSize& ratio, const VXCropConstraints& constraints = {}) const;
 
-    /// The window() and other windows of the same shape that overlap it and each other by less than half, each
-    /// the one that holds most of what is left to choose from: at most \a most of them, none for less than 1. \a ratio and
-    /// \a constraints are as for window().
+    /// The window() and other windows of the same shape that overlap it and each other by less than
+    /// half, each the one that holds most of what is left to choose from: at most \a most of them,
+    /// none for less than 1. \a ratio and \a constraints are as for window().
     QVector<VXCropWindow> windows(
         const QSize& ratio, int most, const VXCropConstraints& constraints = {}) const;
 

@@ -10,8 +10,8 @@
 
 /// How a picture is analysed: which methods look at it, and how much each counts.
 ///
-/// A weight is how much a method's map counts in the blend of all; 0 switches the method off, and the map of a
-/// negative weight is subtracted. With one method on, its map is taken as it is.
+/// A weight is how much a method's map counts in the blend of all; 0 switches the method off, and
+/// the map of a negative weight is subtracted. With one method on, its map is taken as it is.
 ///
 /// Made without arguments they are photo().
 struct VXCROP_EXPORT VXCropSettings {

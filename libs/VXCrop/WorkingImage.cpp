@@ -87,7 +87,8 @@ QRgb onGrey(QRgb word)
     return qRgb(level(qRed(word)), level(qGreen(word)), level(qBlue(word)));
 }
 
-// The channels of a word, or sums of them, 16 bits each: alpha and green in the upper half, red and blue below.
+// The channels of a word, or sums of them, 16 bits each: alpha and green in the upper half, red and
+// blue below.
 using Channels = quint64;
 
 constexpr Channels everySecondByte = 0x00FF00FF00FF00FFU;
@@ -224,8 +225,9 @@ private:
 
 namespace {
 
-// An image whose pixels are not initialized, in a block with room for the map that is made of it: glibc returns
-// memory when twice its largest block is free, and taking it in again would cost as much as the analysis.
+// An image whose pixels are not initialized, in a block with room for the map that is made of it:
+// glibc returns memory when twice its largest block is free, and taking it in again would cost as
+// much as the analysis.
 QImage roomyImage(const QSize& size)
 {
     const std::size_t bytes = std::size_t { 4 } * static_cast<std::size_t>(size.width())

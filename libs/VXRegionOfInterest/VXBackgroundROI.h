@@ -4,26 +4,27 @@
 
 /// What stands out from the background: how far each part of a picture is from what its border shows.
 ///
-/// Photographers seldom let a subject touch the border, so what the border shows is background, and what
-/// differs from it is subject. Three distances are added, on cells of a grid of at most 80 × 80: how far the
-/// colour must rise and fall on the way to the border (minimum barrier distance), how unlike the colours of
-/// the four sides it is (Mahalanobis distance to all but the two that differ most), and how much it changes on the way
-/// (geodesic distance). What lies below 0.3 times their mean is dropped, and a wide Gaussian bump around
-/// the middle breaks ties.
+/// Photographers seldom let a subject touch the border, so what the border shows is background, and
+/// what differs from it is subject. Three distances are added, on cells of a grid of at most 80 ×
+/// 80: how far the colour must rise and fall on the way to the border (minimum barrier distance),
+/// how unlike the colours of the four sides it is (Mahalanobis distance to all but the two that
+/// differ most), and how much it changes on the way (geodesic distance). What lies below 0.3 times
+/// their mean is dropped, and a wide Gaussian bump around the middle breaks ties.
 ///
 /// Sources: Zhang et al., "Minimum Barrier Salient Object Detection at 80 FPS", ICCV 2015; Wei et al.,
 /// "Geodesic Saliency Using Background Priors", ECCV 2012.
 ///
 /// **Takes** any image; see VXAbstractROI.
 ///
-/// **Returns** a salience map (see VXAbstractROI). The most salient place is 255, unless the image is of one colour:
-/// then all is black. The map is smooth: it tells where something is, not its outline.
+/// **Returns** a salience map (see VXAbstractROI). The most salient place is 255, unless the image
+/// is of one colour: then all is black. The map is smooth: it tells where something is, not its
+/// outline.
 ///
 /// **Settings**: none beyond the base's. The mixer does not own this method; what it makes of its map is
 /// VXSalienzMixer::mix().
 ///
-/// **Costs** a pass over the pixels and a fixed amount for the cells, on one core 0.5 ms at 640 × 480; 60 bytes of memory
-/// for each column of the image, and about 2 MB.
+/// **Costs** a pass over the pixels and a fixed amount for the cells, on one core 0.5 ms at 640 ×
+/// 480; 60 bytes of memory for each column of the image, and about 2 MB.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXBackgroundROI : public VXAbstractROI {

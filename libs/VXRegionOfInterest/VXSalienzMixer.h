@@ -12,7 +12,7 @@
 
 class VXHistogramROI;
 
-/// Turns a picture into one salience map: the library's entry point.
+/// Turns a picture into one salience map, by several methods. (Who wants a crop asks VXCrop.)
 ///
 /// The mixer owns one object of each salience method, runs the enabled ones on the picture, scaled
 /// into a working size, and blends their maps by signed integer weights.
@@ -32,6 +32,8 @@ class VXHistogramROI;
 /// | Histogram          | VXHistogramROI          | -10    | yes     |
 /// | VeryImportantAreas | VXVeryImportantAreasROI | 20     | yes, once areas are injected |
 /// | Achanta            | VXSalienzAchanta        | 10     | yes     |
+///
+/// The map of VXSobelROI is black for every picture: its weight counts in the divisor alone.
 ///
 /// Operations on a method that the mixer does not hold do nothing; looking one up gives null.
 ///

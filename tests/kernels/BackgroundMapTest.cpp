@@ -129,8 +129,8 @@ TEST(BackgroundMap, labOfGreysFollowsFromTheCubeRoot)
     }
 }
 
-// Smoothed, the middle is 16 · 2 · 2 / 16, its neighbours are 16 · 2 / 16, and those at the corners 16 / 16. All
-// other ways out lead over larger values.
+// Smoothed, the middle is 16 · 2 · 2 / 16, its neighbours are 16 · 2 / 16, and those at the corners
+// 16 / 16. All other ways out lead over larger values.
 TEST(BackgroundMap, barrierDistanceOfAHillIsItsHeight)
 {
     std::vector<double> lightness(25, 0.0);
@@ -140,8 +140,9 @@ TEST(BackgroundMap, barrierDistanceOfAHillIsItsHeight)
             0.5, 0.25, 0, 0, 0, 0, 0, 0 }));
 }
 
-// Seven columns and rows, 16 but for the border and the middle. Smoothed, the middle column goes 4, 12, 14, 12 down to
-// the middle; (2, 2) is 15, the border 4 at most. So the middle is at 12, but the way out leads over 14.
+// Seven columns and rows, 16 but for the border and the middle. Smoothed, the middle column goes 4,
+// 12, 14, 12 down to the middle; (2, 2) is 15, the border 4 at most. So the middle is at 12, but
+// the way out leads over 14.
 TEST(BackgroundMap, barrierDistanceOfAPitIsTheHeightOfItsWall)
 {
     std::vector<double> lightness;
@@ -159,9 +160,9 @@ TEST(BackgroundMap, barrierDistanceOfAPitIsTheHeightOfItsWall)
     EXPECT_NEAR(distances.at(3, 1), (12 - 4) / (15.0 - 4), 1e-12);
 }
 
-// One row, which is the upper and the lower band: mean 3.75. As shares of the largest, distances to the left band are
-// 0, 0, 1/2, 1, to the right band 1, 1, 1/2, 0, to the others 0.6, 0.6, 0.2, 1. The sums of the two smallest
-// are 0.6, 0.6, 0.4, 1.
+// One row, which is the upper and the lower band: mean 3.75. As shares of the largest, distances to
+// the left band are 0, 0, 1/2, 1, to the right band 1, 1, 1/2, 0, to the others 0.6, 0.6, 0.2, 1.
+// The sums of the two smallest are 0.6, 0.6, 0.4, 1.
 TEST(BackgroundMap, borderColourDistanceLeavesOutTheTwoBandsThatDifferMost)
 {
     const std::vector<double> distances = valuesOf(borderColourDistance(greys(4, { 0, 0, 5, 10 })));
@@ -185,7 +186,8 @@ TEST(BackgroundMap, borderColourDistanceCountsLessWhereABandVaries)
         return std::sqrt((28 * l * l + 2 * 4 * l * a + 40.5 * a * a) / determinant);
     };
     const double largest = toSides(-7, -2);
-    // The upper band is the first cell: distances 0, 10, √(5² + 8²), 13 to it, over 4; the lower 13, 3, √(8² + 8²), 0.
+    // The upper band is the first cell: distances 0, 10, √(5² + 8²), 13 to it, over 4; the lower
+    // 13, 3, √(8² + 8²), 0.
     const std::vector<std::vector<double>> ofCells {
         { 1, 1, 0, 1 },
         { toSides(3, -2) / largest, toSides(3, -2) / largest, 10 / 13.0, 3 / 13.0 },
@@ -203,8 +205,9 @@ TEST(BackgroundMap, borderColourDistanceCountsLessWhereABandVaries)
         EXPECT_NEAR(distances.at(i), (sums[i] - *least) / (*most - *least), 1e-12) << i;
 }
 
-// 5 × 5: a ring of 10 around a middle of 30, within zeros. Only the middle differs from all of its neighbours: the mean
-// of least differences is 20 / 25. A step into the ring costs 10 − 0.8, another to the middle 20 − 0.8.
+// 5 × 5: a ring of 10 around a middle of 30, within zeros. Only the middle differs from all of its
+// neighbours: the mean of least differences is 20 / 25. A step into the ring costs 10 − 0.8,
+// another to the middle 20 − 0.8.
 TEST(BackgroundMap, geodesicDistanceAddsUpTheStepsOnTheWayOut)
 {
     const Cells<Lab> colours = greys(

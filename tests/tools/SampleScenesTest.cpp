@@ -2,6 +2,8 @@
 
 #include "support/ImageAssert.h"
 
+#include <VXCrop/VXCrop.h>
+
 TEST(SampleScenes, areDrawnTheSameAtEveryCall)
 {
     for (const scenes::Scene& scene : scenes::sampleScenes())
@@ -25,4 +27,13 @@ TEST(SampleScenes, haveTheirSubjectsAwayFromTheMiddle)
     EXPECT_GT(qGray(sailboat.pixel(310, 420)), 200);
     const QImage poppy = scenes::drawPoppy();
     EXPECT_GT(qRed(poppy.pixel(430, 740)), 2 * qGreen(poppy.pixel(430, 740)));
+}
+
+// What the scenes are drawn of: the balloon with its basket, the hull and the sails, the petals.
+TEST(SampleScenes, keepTheirSubjectsWholeInASquareCrop)
+{
+    const auto squareOf = [](const QImage& scene) { return VXCrop(scene).window({ 1, 1 }).window; };
+    EXPECT_TRUE(squareOf(scenes::drawBalloon()).contains(QRect(787, 132, 236, 376)));
+    EXPECT_TRUE(squareOf(scenes::drawSailboat()).contains(QRect(150, 260, 258, 309)));
+    EXPECT_TRUE(squareOf(scenes::drawPoppy()).contains(QRect(268, 678, 324, 324)));
 }

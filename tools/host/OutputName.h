@@ -6,8 +6,9 @@
 
 namespace host {
 
-/// The name of a file that belongs to a picture or a crop, with places for what differs between them: {dir}, {stem}
-/// and {ext} of the picture's name, and for a crop {ratio}, its shape as in "16x9".
+/// The name of a file that belongs to a picture or a crop, with places for what differs between
+/// them: {dir}, {stem} and {ext} of the picture's name, and for a crop {ratio}, its shape as in
+/// "16x9".
 class OutputName {
 public:
     /// What has a file: a crop its output, a picture its map.

@@ -124,7 +124,8 @@ int scaleHeightFor(const QSize& frame)
     return frame.width() < leastWidth ? 0 : 13 * lineWidthFor(frame);
 }
 
-// The colours of all levels over mid-grey, from left to right, and what share of the brightest they stand for.
+// The colours of all levels over mid-grey, from left to right, and what share of the brightest they
+// stand for.
 void drawScale(QPainter& painter, const QRect& strip)
 {
     const int dot = strip.height() / 13;

@@ -28,8 +28,9 @@ void setWeight(VXCropSettings& settings, const QString& text);
 /// \throws HostError when \a text names no setting, or its value is out of range.
 void tune(VXCropSettings& settings, const QString& text);
 
-/// The settings in one line: the preset's name or the weights that are not 0, then what is tuned. The same settings
-/// give the same text, whatever options made them: "photo", "gauss=20 achanta=10 bins1=16".
+/// The settings in one line: the preset's name or the weights that are not 0, then what is tuned.
+/// The same settings give the same text, whatever options made them: "photo", "gauss=20 achanta=10
+/// bins1=16".
 QString textOf(const VXCropSettings& settings);
 
 } // namespace host

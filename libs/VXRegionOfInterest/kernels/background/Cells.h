@@ -74,8 +74,8 @@ struct Between {
     double share; ///< of the way from the first to the second, 0 to 1
 };
 
-/// Where the middle of \a position, one of \a positions, lies between the middles of \a cells cells that fill the
-/// same length; before the first middle it is the first, after the last the last.
+/// Where the middle of \a position, one of \a positions, lies between the middles of \a cells cells
+/// that fill the same length; before the first middle it is the first, after the last the last.
 inline Between betweenCells(int position, int positions, int cells)
 {
     const double place = std::clamp(
@@ -93,9 +93,10 @@ inline double mixed(double first, double second, double share)
 /// \a cells enlarged to \a size by bilinear interpolation between the middles of cells.
 Cells<double> enlarged(const Cells<double>& cells, const QSize& size);
 
-/// Writes \a cells, whose values are 0 to 1, into \a map, enlarged by bilinear interpolation between the middles of
-/// cells, as opaque grey: 255 times the value, rounded. The rows are mixed in double precision, then the columns
-/// in single precision. \pre \a map has 32 bits per pixel and no fewer rows and columns than there are cells.
+/// Writes \a cells, whose values are 0 to 1, into \a map, enlarged by bilinear interpolation
+/// between the middles of cells, as opaque grey: 255 times the value, rounded. The rows are mixed
+/// in double precision, then the columns in single precision. \pre \a map has 32 bits per pixel and
+/// no fewer rows and columns than there are cells.
 void writeEnlarged(
     const Cells<double>& cells, QImage& map, const RowLoops& loops = fastestRowLoops());
 
