@@ -171,6 +171,16 @@ TEST(VXCrop, nothingIsCroppedOfNoPictureOrToNoShape)
     EXPECT_TRUE(crop.windows(square, INT_MIN).isEmpty());
 }
 
+TEST(VXCrop, nothingIsCroppedOfPicturesTooWideForPixelWords)
+{
+    QImage bits(67108863, 1, QImage::Format_Mono);
+    bits.fill(1);
+    EXPECT_TRUE(VXCrop(bits).window(square).window.isNull());
+    EXPECT_TRUE(VXCrop::workingImage(bits).isNull());
+    EXPECT_TRUE(VXCrop::fromMap(bits, { 5, 5 }).window(square).window.isNull());
+    EXPECT_EQ(VXCrop(bits.copy(0, 0, 67108862, 1)).window(square).window.size(), QSize(1, 1));
+}
+
 TEST(VXCrop, isTheWholePictureWhenThatHasTheRatio)
 {
     const VXCropWindow whole

@@ -43,6 +43,13 @@ void configure(VXSalienzMixer& mixer, const VXCropSettings& settings)
     mixer.updateHistogramMinHeight(settings.tuning.minHeight);
 }
 
+// Whether there is anything to analyse. A row of more columns has no image of 32 bits per pixel.
+bool isAnalysable(const QImage& image)
+{
+    constexpr int mostColumns = 67108862;
+    return !image.isNull() && image.width() <= mostColumns;
+}
+
 // Whether workingImage() would make a copy, but for bits that no method looks at.
 bool isWorkingImage(const QImage& image)
 {
@@ -255,7 +262,7 @@ VXCrop VXCrop::fromWorkingImage(
 VXCrop VXCrop::fromMap(const QImage& map, const QSize& pictureSize)
 {
     VXCrop crop;
-    if (map.isNull() || pictureSize.isEmpty())
+    if (!isAnalysable(map) || pictureSize.isEmpty())
         return crop;
     crop.picture = pictureSize;
     crop.working = workingSize(pictureSize);
@@ -273,7 +280,7 @@ QSize VXCrop::workingSize(const QSize& picture)
 
 QImage VXCrop::workingImage(const QImage& picture)
 {
-    return picture.isNull() ? QImage() : reduced(picture, workingSize(picture.size()));
+    return isAnalysable(picture) ? reduced(picture, workingSize(picture.size())) : QImage();
 }
 
 QSize VXCrop::largestWindow(const QSize& picture, const QSize& ratio)

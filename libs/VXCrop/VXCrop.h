@@ -62,8 +62,8 @@ struct VXCropMap {
 /// **Takes** a picture as it is seen: turn it first where a camera says so. What is transparent
 /// counts as mid-grey.
 ///
-/// **Returns** windows in picture pixels. A null picture has no windows: they are null. So are
-/// those of ratios whose sides are not both above 0.
+/// **Returns** windows in picture pixels. A null picture, and one of more than 67108862 columns, has
+/// no windows: they are null. So are those of ratios whose sides are not both above 0.
 ///
 /// **Settings**: which methods analyse the picture; see VXCropSettings. Or a map from elsewhere, see
 /// fromMap().

@@ -30,12 +30,12 @@ struct VXCROP_EXPORT VXCropSettings {
     struct Method {
         const char* name; ///< in lower case, such as "achanta"
         int VXCropSettings::*weight; ///< its weight
-        std::optional<VXSalienzMethod>
-            ofMixer; ///< what VXSalienzMixer calls it; nothing for VXBackgroundROI
+        /// What VXSalienzMixer calls it; nothing for VXBackgroundROI.
+        std::optional<VXSalienzMethod> ofMixer;
     };
 
-    int sobel
-        = 0; ///< the weight of edges; their map is black for every picture and counts in the divisor only
+    /// The weight of edges. Their map is black for every picture: it counts in the divisor alone.
+    int sobel = 0;
     int gauss = 0; ///< the weight of the centre prior
     int histogram = 0; ///< the weight of large regions of one colour
     int achanta = 0; ///< the weight of colour against its surround

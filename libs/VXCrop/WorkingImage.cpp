@@ -221,10 +221,6 @@ private:
     Means means;
 };
 
-} // namespace
-
-namespace {
-
 // An image whose pixels are not initialized, in a block with room for the map that is made of it:
 // glibc returns memory when twice its largest block is free, and taking it in again would cost as
 // much as the analysis.
@@ -263,7 +259,7 @@ QImage reduced(const QImage& picture, const QSize& size)
 QImage opacityOrGrey(const QImage& map)
 {
     QImage opacity = held(QImage(map.size(), QImage::Format_Grayscale8));
-    QImage grey = opacity;
+    QImage grey = held(QImage(map.size(), QImage::Format_Grayscale8));
     ConvertedRows rows(map, QImage::Format_ARGB32);
     bool isMask = false;
     for (int y = 0; y < map.height(); ++y) {
