@@ -157,6 +157,7 @@ TEST(VXCrop, nothingIsCroppedOfNoPictureOrToNoShape)
     EXPECT_TRUE(VXCrop().window(square).window.isNull());
     EXPECT_TRUE(VXCrop().windows(square, 3).isEmpty());
     EXPECT_TRUE(VXCrop().map().isNull());
+    EXPECT_TRUE(VXCrop().map({ QRect(0, 0, 10, 10) }).isNull());
     EXPECT_TRUE(VXCrop(QImage()).window(square).window.isNull());
     EXPECT_TRUE(VXCrop::fromMap(QImage(), { 5, 5 }).window(square).window.isNull());
     EXPECT_TRUE(VXCrop::fromMap(support::noise(4, 4, 1), {}).map().isNull());
@@ -178,6 +179,9 @@ TEST(VXCrop, nothingIsCroppedOfPicturesTooWideForPixelWords)
     EXPECT_TRUE(VXCrop(bits).window(square).window.isNull());
     EXPECT_TRUE(VXCrop::workingImage(bits).isNull());
     EXPECT_TRUE(VXCrop::fromMap(bits, { 5, 5 }).window(square).window.isNull());
+    EXPECT_TRUE(VXCrop::fromWorkingImage(bits, { 5, 5 }, VXCropSettings::library())
+                    .window(square)
+                    .window.isNull());
     EXPECT_EQ(VXCrop(bits.copy(0, 0, 67108862, 1)).window(square).window.size(), QSize(1, 1));
 }
 
@@ -401,6 +405,36 @@ TEST(VXCrop, goesWhereTheSalienceIsAmongPlacesWithoutAreasToAvoid)
         = VXCrop::fromMap(mapWithBrightColumns({ 640, 160 }, 600, 20), { 640, 160 });
     EXPECT_EQ(atTheEnd.window(square).window.right(), 639);
     EXPECT_EQ(atTheEnd.window(square, avoiding({ { 630, 0, 10, 10 } })).window.right(), 629);
+}
+
+// Their sides are longer than an int can tell, or negative.
+TEST(VXCrop, takesAreasThatReachFarBeyondThePicture)
+{
+    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
+    const QRect tall(QPoint(250, -2000000000), QPoint(260, 2000000000));
+    EXPECT_EQ(crop.window(square, keeping({ tall })).reason, VXCropReason::Keep);
+    EXPECT_EQ(crop.window(square, keeping({ QRect(260, 50, -20, -20) })).window,
+        crop.window(square).window);
+    const QSize largest(INT_MAX, INT_MAX);
+    const VXCrop huge = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 10), largest);
+    const QVector<QRect> everything(9, QRect(QPoint(), largest));
+    EXPECT_EQ(huge.window(QSize(1, 2), avoiding(everything)).window.height(), INT_MAX);
+}
+
+TEST(VXCrop, analysesWorkingImagesThatAreTooLargeAtTheWorkingSize)
+{
+    const QImage picture = support::variedImages(1900, 700, 5)[2];
+    EXPECT_TRUE(support::sameImage(
+        VXCrop(picture).map(), VXCrop::fromWorkingImage(picture, picture.size()).map()));
+}
+
+TEST(VXCrop, theFocusOfAThinWindowIsWithinIt)
+{
+    const VXCrop crop = VXCrop::fromMap(support::noise(38, 480, 3), { 38, 3815 });
+    for (const VXCropWindow& window : crop.windows(QSize(38, 4), 200)) {
+        EXPECT_GE(window.focus.y() * 3815, window.window.top() - 1e-6);
+        EXPECT_LE(window.focus.y() * 3815, window.window.bottom() + 1 + 1e-6);
+    }
 }
 
 TEST(VXCrop, areasToKeepComeBeforeThoseToAvoid)

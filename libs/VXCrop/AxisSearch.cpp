@@ -133,14 +133,15 @@ void append(QVector<Span>& spans, const Span& span)
         spans.append(span);
 }
 
-// How many pixels of areas the window has, counted once for each area.
-qint64 pixelsWithin(const Axis& axis, int start, const QVector<Area>& areas)
+// How many pixels of areas the window has, counted once for each area. A double, because there may be more
+// than 64 bits can count.
+double pixelsWithin(const Axis& axis, int start, const QVector<Area>& areas)
 {
-    qint64 pixels = 0;
+    double pixels = 0;
     for (const Area& area : areas) {
         const int first = std::max(start, area.extent.first);
         const int last = std::min(start + axis.windowLength - 1, area.extent.last);
-        pixels += std::max(last - first + 1, 0) * qint64 { area.breadth };
+        pixels += std::max(last - first + 1, 0) * static_cast<double>(area.breadth);
     }
     return pixels;
 }
@@ -188,7 +189,7 @@ QVector<Span> startsThatAvoid(
     const Axis& axis, const QVector<Span>& allowed, const QVector<Area>& areas)
 {
     QVector<Span> best;
-    qint64 fewest = std::numeric_limits<qint64>::max();
+    double fewest = std::numeric_limits<double>::infinity();
     for (const Span& span : allowed) {
         // Between these, what the window has of areas grows or shrinks evenly.
         QVector<int> bends { span.first, span.last };
@@ -200,7 +201,7 @@ QVector<Span> startsThatAvoid(
         std::sort(bends.begin(), bends.end());
         int before = bends.first();
         for (const int bend : bends) {
-            const qint64 pixels = pixelsWithin(axis, bend, areas);
+            const double pixels = pixelsWithin(axis, bend, areas);
             if (pixels < fewest)
                 best.clear();
             if (pixels <= fewest) {

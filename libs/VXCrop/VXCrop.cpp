@@ -104,9 +104,12 @@ QVector<QRect> partsWithin(const QSize& picture, const QVector<QRect>& areas)
 {
     QVector<QRect> parts;
     for (const QRect& area : areas) {
-        const QRect part = area & QRect(QPoint(), picture);
-        if (!part.isEmpty())
-            parts.append(part);
+        // By hand, because sides of an area may be longer than an int can tell.
+        const QPoint first(std::max(area.left(), 0), std::max(area.top(), 0));
+        const QPoint last(std::min(area.right(), picture.width() - 1),
+            std::min(area.bottom(), picture.height() - 1));
+        if (first.x() <= last.x() && first.y() <= last.y())
+            parts.append(QRect(first, last));
     }
     return parts;
 }
@@ -209,11 +212,23 @@ public:
 
     VXCropWindow at(int start, VXCropReason reason) const
     {
-        return { direction.windowAt(start), centreOf(map, direction.partOf(map.size(), start)),
-            reason, heldAt(start), heldAt(direction.axis.centreStart()) };
+        const QRect window = direction.windowAt(start);
+        return { window, within(window, centreOf(map, direction.partOf(map.size(), start))), reason,
+            heldAt(start), heldAt(direction.axis.centreStart()) };
     }
 
 private:
+    // A pixel of the map may reach beyond a window that is thinner than it.
+    QPointF within(const QRect& window, const QPointF& point) const
+    {
+        const auto clamped = [](double share, double first, double count, double all) {
+            return std::clamp(share, first / all, (first + count) / all);
+        };
+        const QSize& all = direction.picture;
+        return { clamped(point.x(), window.x(), window.width(), all.width()),
+            clamped(point.y(), window.y(), window.height(), all.height()) };
+    }
+
     double heldAt(int start) const
     {
         const QRect part = direction.partOf(map.size(), start);
@@ -240,20 +255,24 @@ VXCrop VXCrop::fromWorkingImage(
     const QImage& image, const QSize& pictureSize, const VXCropSettings& settings)
 {
     VXCrop crop;
-    if (image.isNull() || pictureSize.isEmpty())
+    if (!isAnalysable(image) || pictureSize.isEmpty())
         return crop;
+    // Larger ones would take longer, and tell no more.
+    const bool isLarge
+        = image.width() > workingBound.width() || image.height() > workingBound.height();
+    const QImage working = isLarge ? workingImage(image) : image;
     crop.picture = pictureSize;
-    crop.working = image.size();
+    crop.working = working.size();
     // The working image is as large as it should be: the mixer scales nothing.
     VXSalienzMixer mixer { QSize() };
     configure(mixer, settings);
-    const QList<QImage> ofMixer = mixer.gatherResults(image);
+    const QList<QImage> ofMixer = mixer.gatherResults(working);
     for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
         const int weight = settings.*method.weight;
         if (weight == 0)
             continue;
         crop.maps.append({ QLatin1String(method.name),
-            method.ofMixer ? ofMixer.at(crop.maps.size()) : VXBackgroundROI().evaluate(image) });
+            method.ofMixer ? ofMixer.at(crop.maps.size()) : VXBackgroundROI().evaluate(working) });
         crop.weights.append(weight);
     }
     return crop;

@@ -68,8 +68,8 @@ struct VXCropMap {
 /// **Settings**: which methods analyse the picture; see VXCropSettings. Or a map from elsewhere, see
 /// fromMap().
 ///
-/// **Costs** on one core about 1 ms for 640 × 480 and 2 ms for 24 megapixels, of which only so many
-/// pixels are read as the analysis needs; 0.1 ms for each window, and 0.4 ms more with areas to keep.
+/// **Costs** on one core 0.7 ms for 640 × 480 and 2.2 ms for 24 megapixels, of which only so many
+/// pixels are read as the analysis needs; then 0.1 ms for each window, 0.2 ms with areas to keep.
 ///
 /// **Threads and ownership**: a value that keeps nothing of the picture but its maps. Reentrant;
 /// const functions may be called from several threads at once. No thread is started, and no event
@@ -84,9 +84,9 @@ public:
     /// Analyses \a picture, of any format and size.
     explicit VXCrop(const QImage& picture, const VXCropSettings& settings = {});
 
-    /// Analyses a picture of size \a pictureSize that has been brought to its workingSize()
-    /// already, as by a decoder that scales. \a image is as workingImage() makes it; its size may
-    /// be another. Settings are \a settings.
+    /// Analyses a picture of size \a pictureSize that has been brought to its workingSize() already, as by
+    /// a decoder that scales. \a image is as workingImage() makes it; one that is larger than 640 × 480 is
+    /// made smaller first. Settings are \a settings.
     static VXCrop fromWorkingImage(
         const QImage& image, const QSize& pictureSize, const VXCropSettings& settings = {});
 

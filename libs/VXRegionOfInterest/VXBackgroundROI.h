@@ -16,15 +16,15 @@
 ///
 /// **Takes** any image; see VXAbstractROI.
 ///
-/// **Returns** a salience map (see VXAbstractROI). The most salient place is 255, unless the image
-/// is of one colour: then all is black. The map is smooth: it tells where something is, not its
-/// outline.
+/// **Returns** a salience map (see VXAbstractROI). The most salient cell is 255 at its middle, so pixels
+/// come close to that. Where no cell differs from the border more than another, all is black. The map
+/// is smooth: it tells where something is, not its outline.
 ///
 /// **Settings**: none beyond the base's. The mixer does not own this method; what it makes of its map is
 /// VXSalienzMixer::mix().
 ///
-/// **Costs** a pass over the pixels and a fixed amount for the cells, on one core 0.5 ms at 640 ×
-/// 480; 60 bytes of memory for each column of the image, and about 2 MB.
+/// **Costs** a pass over the pixels and a fixed amount for the cells, on one core 0.7 ms at
+/// 640 × 480; beside the map, 12 bytes of memory for each column and about 1 MB.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.
 class VXREGIONOFINTEREST_EXPORT VXBackgroundROI : public VXAbstractROI {

@@ -227,6 +227,25 @@ TEST_F(VxroiCropShapes, refusesMapsThatAreNone)
     }
 }
 
+TEST_F(VxroiCropShapes, refusesAnEmptyNameOfAMap)
+{
+    const Outcome outcome = runVxroi({ QStringLiteral("crop"), path, QStringLiteral("--ratio"),
+        QStringLiteral("1:1"), QStringLiteral("--map"), QString() });
+    EXPECT_EQ(outcome.exitCode, 64);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--map"))) << outcome.err.toStdString();
+}
+
+TEST_F(VxroiCropShapes, warnsOfADamagedMap)
+{
+    const QString cut = folder.save(
+        samples::truncated(samples::encoded(picture, "jpg"), 70), QStringLiteral("cut.jpg"));
+    const Outcome outcome
+        = crop(QStringLiteral("--ratio 1:1 --on-broken warn --json --map ") + cut);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains("its map")) << outcome.err.toStdString();
+    EXPECT_FALSE(recordFrom(outcome).value(QStringLiteral("warnings")).toArray().isEmpty());
+}
+
 TEST_F(VxroiCropShapes, refusesToOverwriteTheMap)
 {
     const QString mask = folder.save(picture, QStringLiteral("mask.png"));

@@ -18,8 +18,10 @@ struct AnalysisRules {
 /// \throws HostError when it is damaged.
 VXCrop analysisOf(PictureFile& picture, const VXCropSettings& salience);
 
-/// Takes the salience map of a picture of size \a picture from the file at \a path; see VXCrop::fromMap().
+/// Takes the salience map of a picture of size \a picture from the file at \a path; see
+/// VXCrop::fromMap(). What the user should know of the map is added to \a warnings.
 /// \throws HostError when it is missing, is no picture, or breaks the rules.
-VXCrop analysisFromMap(const QString& path, const QSize& picture, const ReadingRules& rules);
+VXCrop analysisFromMap(
+    const QString& path, const QSize& picture, const ReadingRules& rules, QStringList& warnings);
 
 } // namespace host

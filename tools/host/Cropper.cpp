@@ -116,13 +116,13 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     QImage pixels = writes && !picture.isJpeg() ? picture.readPixels() : QImage();
     const VXCropSettings& salience = rules.analysis.salience;
     const VXCrop analysis = !task.map.isEmpty()
-        ? analysisFromMap(task.map, record.oriented, rules.analysis.reading)
+        ? analysisFromMap(task.map, record.oriented, rules.analysis.reading, record.warnings)
         : pixels.isNull() ? analysisOf(picture, salience)
                           : VXCrop(pixels, salience);
     choose(record, task, analysis, picture);
     if (writes)
         write(record, pixels.isNull() ? picture.readPixels() : std::move(pixels));
-    record.warnings = picture.warnings();
+    record.warnings += picture.warnings();
 }
 
 void Cropper::choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,

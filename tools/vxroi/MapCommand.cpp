@@ -73,10 +73,11 @@ void runMap(const MapArguments& arguments)
     startWorkerThreads();
     host::PictureFile picture(input, rules.reading);
     constraints = host::within(picture.orientedSize(), constraints);
+    QStringList warnings; // those of pictures are not shown either
     const VXCrop analysis = arguments.map.empty()
         ? host::analysisOf(picture, rules.salience)
         : host::analysisFromMap(
-            QString::fromStdString(arguments.map), picture.orientedSize(), rules.reading);
+            QString::fromStdString(arguments.map), picture.orientedSize(), rules.reading, warnings);
     const QImage map = analysis.map(constraints.keep);
 
     const auto shown = [&](const QImage& levels) {
@@ -118,6 +119,7 @@ void addMapCommand(CLI::App& app, MapArguments& arguments)
     addAreaOptions(*map, arguments.keep, arguments.avoid);
     map->add_option(
            "--map", arguments.map, "take the salience map from this picture or mask instead")
+        ->check(namesFile())
         ->type_name("FILE");
     map->add_flag("--stretch", arguments.stretch,
         "stretch the levels of maps to reach from black to white, for the eye");

@@ -94,6 +94,7 @@ void CropOptions::addTo(CLI::App& command)
             "take the salience map from this picture or mask; {dir} {stem} {ext} stand for parts "
             "of the "
             "picture's name")
+        ->check(namesFile())
         ->type_name("FILE");
     command.add_option("--if-exists", ifExists, "what to do with outputs that are there already")
         ->type_name("WHAT")
@@ -131,6 +132,13 @@ host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
     rules.isDryRun = dryRun;
     rules.makesFolders = host::OutputName(QString::fromStdString(output)).hasPlaces();
     return rules;
+}
+
+CLI::Validator namesFile()
+{
+    return CLI::Validator(
+        [](const std::string& name) { return std::string(name.empty() ? "names no file" : ""); },
+        std::string());
 }
 
 void addAreaOptions(

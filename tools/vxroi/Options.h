@@ -8,7 +8,8 @@
 
 namespace CLI {
 class App;
-}
+class Validator;
+} // namespace CLI
 
 namespace vxroi {
 
@@ -47,6 +48,9 @@ struct CropOptions {
     VXCropConstraints constraints() const;
     host::CropRules rules(const AnalysisOptions& analysis) const;
 };
+
+/// Refuses an empty name, as an unset variable of a shell gives: without the option, another way is taken.
+CLI::Validator namesFile();
 
 /// Adds the options --keep and --avoid, which are areas as parseArea() reads them.
 void addAreaOptions(

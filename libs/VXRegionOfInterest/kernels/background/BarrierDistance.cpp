@@ -9,8 +9,7 @@ namespace {
 
 using namespace vx::kernels;
 
-constexpr std::size_t channels = 3;
-// The three channels and an idle one: as many as vectors of processors have.
+// The channels L, a and b, and an idle one: as many as vectors of processors have.
 constexpr std::size_t lanes = 4;
 using Channels = std::array<double, lanes>;
 
