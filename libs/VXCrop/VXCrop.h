@@ -81,8 +81,8 @@ public:
     /// Of a null picture.
     VXCrop();
 
-    /// Analyses \a picture, of any format and size.
-    explicit VXCrop(const QImage& picture, const VXCropSettings& settings = {});
+    /// Analyses \a image, a picture of any format and size.
+    explicit VXCrop(const QImage& image, const VXCropSettings& settings = {});
 
     /// Analyses a picture of size \a pictureSize that has been brought to its workingSize() already, as by
     /// a decoder that scales. \a image is as workingImage() makes it; one that is larger than 640 × 480 is

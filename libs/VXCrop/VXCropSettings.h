@@ -28,8 +28,8 @@ struct VXCROP_EXPORT VXCropSettings {
 
     /// A method that has a weight here.
     struct Method {
-        const char* name; ///< in lower case, such as "achanta"
-        int VXCropSettings::*weight; ///< its weight
+        const char* name = nullptr; ///< in lower case, such as "achanta"
+        int VXCropSettings::*weight = nullptr; ///< its weight
         /// What VXSalienzMixer calls it; nothing for VXBackgroundROI.
         std::optional<VXSalienzMethod> ofMixer;
     };

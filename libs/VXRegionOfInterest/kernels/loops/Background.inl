@@ -15,7 +15,7 @@ VX_ALWAYS_INLINE void writeVectorBetween(float level, float step, const float* s
     Floats places;
     __builtin_memcpy(&places, shares, sizeof places);
     const Floats levels = level + step * places + 0.5F;
-    const Words greys = reinterpret_cast<Words>(__builtin_convertvector(levels, Integers));
+    const auto greys = reinterpret_cast<Words>(__builtin_convertvector(levels, Integers));
     store(0xFF000000U | greys << 16U | greys << 8U | greys, pixels);
 }
 
@@ -32,6 +32,7 @@ void writeBetween(
         for (; x < ends[cell] && x + lanes <= width; x += lanes)
             writeVectorBetween(level, step, shares + x, pixels + x);
         for (; x < ends[cell]; ++x)
+            // NOLINTNEXTLINE(bugprone-incorrect-roundings): levels are not negative
             pixels[x] = opaqueGrey(static_cast<int>(level + step * shares[x] + 0.5F));
         x = ends[cell];
     }

@@ -29,7 +29,8 @@ struct Grid {
     {
         const int column = std::clamp(x, 0, columns - 1);
         const int row = std::clamp(y, 0, rows - 1);
-        return static_cast<std::size_t>(row * columns + column);
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns)
+            + static_cast<std::size_t>(column);
     }
     bool isBorder(int x, int y) const
     {
@@ -410,6 +411,7 @@ void vx::kernels::reference::writeBackgroundMap(const QImage& words, QImage& map
             const auto first = static_cast<float>(255 * columnAt(salience, grid, column, row));
             const auto second = static_cast<float>(255 * columnAt(salience, grid, column + 1, row));
             const auto share = static_cast<float>(place - column);
+            // NOLINTNEXTLINE(bugprone-incorrect-roundings): levels are not negative
             const int level = static_cast<int>(first + (second - first) * share + 0.5F);
             writableWordRow(map, y)[x] = opaqueGrey(level);
         }
