@@ -80,13 +80,12 @@ TEST(VXBackgroundROI, ofTwoAlikeTheOneInTheMiddleStandsOutMore)
     EXPECT_EQ(levelAt(map, 4, 4), 255);
     const double distance = 2.0 / 9;
     const double bump = std::exp(-distance * distance / (2 * 0.4 * 0.4));
-    EXPECT_EQ(levelAt(map, 2, 4), static_cast<int>(255 * bump + 0.5));
+    EXPECT_EQ(levelAt(map, 2, 4), std::lround(255 * bump));
 
     image.setPixelColor(2, 4, Qt::darkGreen);
     image.setPixelColor(4, 6, Qt::white);
     const double bumpDown = std::exp(-distance * distance / (2 * 0.25 * 0.25));
-    EXPECT_EQ(
-        levelAt(VXBackgroundROI().evaluate(image), 4, 6), static_cast<int>(255 * bumpDown + 0.5));
+    EXPECT_EQ(levelAt(VXBackgroundROI().evaluate(image), 4, 6), std::lround(255 * bumpDown));
 }
 
 TEST(VXBackgroundROI, aDiscStandsOutWhereverItIs)
