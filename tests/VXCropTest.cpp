@@ -60,7 +60,7 @@ qint64 plainHeld(const std::vector<int>& columns, int length, int start)
         const int fromEnd = std::min(k, length - 1 - k);
         const bool isNearEnd = (fromEnd + 0.5) / length < 0.2;
         const int weight = isNearEnd ? 18 * length + 10 * fromEnd + 5 : 20 * length;
-        sum += qint64 { weight } * columns[static_cast<std::size_t>(start + k)];
+        sum += qint64 { weight } * *(columns.begin() + start + k);
     }
     return sum;
 }
@@ -587,7 +587,7 @@ TEST(VXCrop, theMapIsBlackWhereEveryMethodIsOff)
     VXCropSettings settings;
     settings.background = 0;
     const VXCrop crop(support::noise(64, 48, 1), settings);
-    EXPECT_EQ(support::reds(crop.map()), std::vector<int>(640 * 480, 0));
+    EXPECT_EQ(support::reds(crop.map()), std::vector<int>(std::size_t { 640 } * 480, 0));
     EXPECT_TRUE(crop.methodMaps().isEmpty());
     EXPECT_EQ(crop.window(square).reason, VXCropReason::Centre);
 }
