@@ -103,7 +103,8 @@ public:
     ///
     /// A pixel is the mean of those that it stands for. Where those are more than two columns or
     /// rows, it is the mean of the middle four of the middle row.
-    /// \return an opaque image in QImage::Format_ARGB32; null for a null \a picture.
+    /// \return an opaque image in QImage::Format_ARGB32; null for a null \a picture, and for one of more
+    /// than 67108862 columns.
     static QImage workingImage(const QImage& picture);
 
     /// The size of the largest window of shape \a ratio, width to height, in a picture of size \a
@@ -114,7 +115,7 @@ public:
     /// The size of the picture, in pixels.
     QSize pictureSize() const;
 
-    /// The salience map that windows are chosen by, at the working size. Areas to keep are blended in with a
+    /// The salience map that windows are chosen by, of the size of the working image. Areas to keep are blended in with a
     /// weight of 20.
     QImage map(const QVector<QRect>& keep = {}) const;
 

@@ -13,7 +13,7 @@
 /// A weight is how much a method's map counts in the blend of all; 0 switches the method off, and
 /// the map of a negative weight is subtracted. With one method on, its map is taken as it is.
 ///
-/// Made without arguments they are photo().
+/// Default-constructed settings are those of photo().
 struct VXCROP_EXPORT VXCropSettings {
     /// The settings of the histogram method; see VXHistogramROI.
     struct HistogramTuning {
