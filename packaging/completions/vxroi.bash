@@ -22,11 +22,11 @@ _vxroi()
     esac
     if [ -z "$words" ] && [ "${word#-}" != "$word" ]; then
         case ${COMP_WORDS[1]} in
-        crop) words='-h --help --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --dry-run --json --emit --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
-        batch) words='-h --help -r --recursive --from -0 --null --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --dry-run --resume --shard -j --jobs -q --quiet --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
-        map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
-        cluster) words='-h --help --grid -o --output --if-exists --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
-        report) words='-h --help -r --recursive -o --output --ratio --if-exists --preset --weight --tune --max-pixels --max-bytes --on-broken' ;;
+        crop) words='-h --help --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --dry-run --json --emit --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        batch) words='-h --help -r --recursive --from -0 --null --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --dry-run --resume --shard -j --jobs -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        cluster) words='-h --help --grid -o --output --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        report) words='-h --help -r --recursive -o --output --ratio --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         esac
     fi
     [ -z "$words" ] || COMPREPLY=($(compgen -W "$words" -- "$word"))

@@ -1,4 +1,4 @@
-#include "host/PictureWriter.h"
+#include "host/picture/PictureWriter.h"
 
 #include "SampleFiles.h"
 #include "host/HostError.h"

@@ -228,7 +228,7 @@ TEST_F(VxroiCrop, refusesASmallFileThatClaimsAHugePictureBeforeItTakesMemory)
     EXPECT_GE(bomb.size(), 40000);
     const QString path = folder.save(bomb, QStringLiteral("bomb.png"));
     const Outcome outcome = runShell(
-        QStringLiteral("ulimit -d 100000; exec \"$VXROI\" crop '%1' --ratio 1:1").arg(path));
+        QStringLiteral("ulimit -d 500000; exec \"$VXROI\" crop '%1' --ratio 1:1").arg(path));
     expectFailure(outcome, 65, QStringLiteral("--max-pixels 400000000"));
 }
 

@@ -2,7 +2,7 @@
 
 #include "host/CropWindow.h"
 #include "host/HostError.h"
-#include "host/PictureReader.h"
+#include "host/picture/PictureFile.h"
 
 #include <algorithm>
 #include <random>
@@ -57,7 +57,7 @@ Sample::Sample(const QString& photograph, const QString& points)
     working = picture.readWorkingImage();
 
     const QImage counted
-        = host::PictureFile(points, rules).readPixels().convertToFormat(QImage::Format_Grayscale8);
+        = host::PictureFile(points, rules).readAll().convertToFormat(QImage::Format_Grayscale8);
     if (counted.size() != pictureSize)
         throw host::HostError(host::ExitCode::UnreadableInput, points,
             QStringLiteral("is not as large as its photograph"),

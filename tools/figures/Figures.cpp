@@ -34,9 +34,8 @@ QVector<Figure> galleryOf(const QString& name, QImage scene)
 {
     const VXCrop photo(scene);
     const VXCrop library(scene, VXCropSettings::library());
-    const auto cropTile = [&](const VXCrop& crop) {
-        return tileOf(host::viewOf(scene, crop.window(square).window).copy());
-    };
+    const auto cropTile
+        = [&](const VXCrop& crop) { return tileOf(scene.copy(crop.window(square).window)); };
     QVector<Figure> tiles { { QStringLiteral("picture"), tileOf(scene) },
         { QStringLiteral("background"), mapTileOf(photo.map()) },
         { QStringLiteral("crop"), cropTile(photo) } };

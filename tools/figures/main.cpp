@@ -1,7 +1,7 @@
 #include "Figures.h"
 
 #include "host/HostError.h"
-#include "host/PictureWriter.h"
+#include "host/picture/PictureWriter.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -13,7 +13,7 @@ VXCrop analysisFromMap(
     const QString& path, const QSize& picture, const ReadingRules& rules, QStringList& warnings)
 try {
     PictureFile map(path, rules);
-    VXCrop analysis = VXCrop::fromMap(map.readPixels(), picture);
+    VXCrop analysis = VXCrop::fromMap(map.readAll(), picture);
     for (const QString& warning : map.warnings())
         warnings.append(QStringLiteral("its map %1: %2").arg(onOneLine(path), warning));
     return analysis;

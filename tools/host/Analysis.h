@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PictureReader.h"
+#include "picture/PictureFile.h"
 
 #include <VXCrop/VXCrop.h>
 

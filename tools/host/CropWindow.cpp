@@ -2,8 +2,6 @@
 
 #include "HostError.h"
 
-#include <QColorSpace>
-
 namespace host {
 
 namespace {
@@ -70,23 +68,6 @@ QRect centredIn(const QSize& picture, const QSize& window)
     return QRect(
         QPoint((picture.width() - window.width()) / 2, (picture.height() - window.height()) / 2),
         window);
-}
-
-QImage viewOf(QImage& picture, const QRect& window)
-{
-    const bool hasWholeBytes = picture.depth() % 8 == 0;
-    if (!hasWholeBytes)
-        return picture.copy(window);
-    const std::ptrdiff_t bytesPerPixel = picture.depth() / 8;
-    // Over constant bytes, setting the colour space would make a copy.
-    uchar* const firstPixel = picture.scanLine(window.top()) + window.left() * bytesPerPixel;
-    QImage view(
-        firstPixel, window.width(), window.height(), picture.bytesPerLine(), picture.format());
-    view.setColorTable(picture.colorTable());
-    view.setColorSpace(picture.colorSpace());
-    view.setDotsPerMeterX(picture.dotsPerMeterX());
-    view.setDotsPerMeterY(picture.dotsPerMeterY());
-    return view;
 }
 
 } // namespace host

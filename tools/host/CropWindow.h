@@ -2,7 +2,6 @@
 
 #include <VXCrop/VXCrop.h>
 
-#include <QImage>
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -21,10 +20,5 @@ VXCropConstraints within(const QSize& picture, VXCropConstraints constraints);
 
 /// The window of \a window's size in the middle of \a picture.
 QRect centredIn(const QSize& picture, const QSize& window);
-
-/// The pixels of \a picture within \a window, with its colours and its resolution. They are not
-/// copied, unless several share a byte: to write into the view is to write into the picture.
-/// \pre \a picture outlives the result.
-QImage viewOf(QImage& picture, const QRect& window);
 
 } // namespace host

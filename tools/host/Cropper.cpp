@@ -1,8 +1,7 @@
 #include "Cropper.h"
 
-#include "ImageMemory.h"
-#include "PictureWriter.h"
 #include "SalienceSettings.h"
+#include "picture/PictureWriter.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -11,7 +10,6 @@
 #include <algorithm>
 #include <deque>
 #include <new>
-#include <utility>
 
 namespace host {
 
@@ -23,12 +21,6 @@ constexpr qint64 thousand = 1000;
 {
     throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there already"),
         QStringLiteral("choose another name, or --if-exists overwrite or skip"));
-}
-
-bool writesAny(const CropRecord& record)
-{
-    return std::any_of(record.crops.begin(), record.crops.end(),
-        [](const CropResult& crop) { return crop.written == Written::File; });
 }
 
 } // namespace
@@ -80,7 +72,7 @@ void Cropper::plan(CropRecord& record, const CropTask& task) const
             if (!task.map.isEmpty())
                 refuseToOverwriteInput(task.map, crop.outputPath);
             requireReplaceable(crop.outputPath);
-            formatOf(crop.outputPath);
+            requireKnownFormat(crop.outputPath);
         }
         crop.written = planFor(crop.outputPath);
         record.crops.append(crop);
@@ -110,18 +102,11 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     unusedBudget.acquire(needed);
     const QSemaphoreReleaser releaser(unusedBudget, needed);
 
-    // A JPEG is decoded twice rather than once when its pixels are wanted: what is decided does not
-    // depend on whether they are.
-    const bool writes = writesAny(record);
-    QImage pixels = writes && !picture.isJpeg() ? picture.readPixels() : QImage();
-    const VXCropSettings& salience = rules.analysis.salience;
-    const VXCrop analysis = !task.map.isEmpty()
-        ? analysisFromMap(task.map, record.oriented, rules.analysis.reading, record.warnings)
-        : pixels.isNull() ? analysisOf(picture, salience)
-                          : VXCrop(pixels, salience);
+    const VXCrop analysis = task.map.isEmpty()
+        ? analysisOf(picture, rules.analysis.salience)
+        : analysisFromMap(task.map, record.oriented, rules.analysis.reading, record.warnings);
     choose(record, task, analysis, picture);
-    if (writes)
-        write(record, pixels.isNull() ? picture.readPixels() : std::move(pixels));
+    write(record, picture);
     record.warnings += picture.warnings();
 }
 
@@ -162,20 +147,25 @@ Written Cropper::planForOtherContent(const QString& output) const
     return rules.isDryRun ? Written::Planned : Written::File;
 }
 
-void Cropper::write(CropRecord& record, QImage pixels) const
+void Cropper::write(CropRecord& record, PictureFile& picture) const
 {
-    std::deque<PictureWriter> files;
+    QVector<CropResult*> crops;
+    QVector<Cut> cuts;
     for (CropResult& crop : record.crops) {
         if (crop.written != Written::File)
             continue;
+        crops.append(&crop);
+        cuts.append({ crop.chosen.window, crop.outputSize });
+    }
+    if (crops.isEmpty())
+        return;
+    const QVector<vips::VImage> pictures = picture.readCuts(cuts);
+    std::deque<PictureWriter> files;
+    for (int i = 0; i < crops.size(); ++i) {
+        CropResult& crop = *crops.at(i);
         if (rules.makesFolders)
             QDir().mkpath(QFileInfo(crop.outputPath).path());
-        const QImage view = viewOf(pixels, crop.chosen.window);
-        const bool isScaled = crop.outputSize != view.size();
-        files.emplace_back(isScaled ? held(view.scaled(
-                               crop.outputSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
-                                    : view,
-            crop.outputPath);
+        files.emplace_back(pictures.at(i), crop.outputPath);
         if (files.back().differsFromExisting())
             crop.written = planForOtherContent(crop.outputPath);
         if (crop.written != Written::File)

@@ -54,7 +54,7 @@ private:
     void fill(CropRecord& record, const CropTask& task);
     void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
-    void write(CropRecord& record, QImage pixels) const;
+    void write(CropRecord& record, PictureFile& picture) const;
     Written planFor(const QString& output) const;
     Written planForOtherContent(const QString& output) const;
 

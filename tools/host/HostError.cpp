@@ -14,6 +14,13 @@ HostError::HostError(
 {
 }
 
+HostError threadsRefused()
+{
+    return HostError(ExitCode::Internal, QStringLiteral("threads"),
+        QStringLiteral("the system refuses to start them"),
+        QStringLiteral("allow more processes and more memory, see ulimit -u and ulimit -v"));
+}
+
 QString onOneLine(QString text)
 {
     const auto isControl = [](QChar c) {

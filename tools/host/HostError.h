@@ -37,6 +37,13 @@ private:
     QString whatToDo;
 };
 
+/// What a program says when the system refuses it a thread that it needs.
+HostError threadsRefused();
+
+/// What the program says before it ends with ExitCode::Internal for want of memory.
+constexpr const char* noMemoryLine
+    = "vxroi: there is not enough memory; allow more, see ulimit -v\n";
+
 /// \a text on one line: control characters, which a file name may hold, become question marks.
 QString onOneLine(QString text);
 

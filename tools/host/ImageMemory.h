@@ -2,6 +2,7 @@
 
 #include <QImage>
 
+#include <cstddef>
 #include <new>
 
 namespace host {
@@ -14,5 +15,8 @@ inline QImage held(QImage image)
         throw std::bad_alloc();
     return image;
 }
+
+/// Whether so much memory can be had at once.
+bool isMemoryLeft(std::size_t bytes);
 
 } // namespace host

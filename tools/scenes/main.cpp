@@ -3,7 +3,7 @@
 #include "SampleScenes.h"
 
 #include "host/HostError.h"
-#include "host/PictureWriter.h"
+#include "host/picture/PictureWriter.h"
 
 #include <QCoreApplication>
 

@@ -4,7 +4,7 @@
 #include "host/AspectRatio.h"
 #include "host/HostError.h"
 #include "host/Overlay.h"
-#include "host/PictureReader.h"
+#include "host/picture/PictureFile.h"
 
 #include <QFileDialog>
 #include <QStatusBar>
@@ -32,7 +32,7 @@ void PreviewWindow::open(const QString& path)
 try {
     host::PictureFile file(path, host::ReadingRules());
     analysis = host::analysisOf(file, VXCropSettings::photo());
-    picture = file.readPixels();
+    picture = file.readAll();
     setWindowTitle(path);
     refresh();
 } catch (const host::HostError& error) {

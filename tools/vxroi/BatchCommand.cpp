@@ -7,7 +7,7 @@
 #include "RecordFile.h"
 #include "Tasks.h"
 
-#include "host/CodecMessages.h"
+#include "host/StandardError.h"
 
 #include <CLI/CLI.hpp>
 

@@ -6,7 +6,7 @@
 #include "host/Analysis.h"
 #include "host/CellGrid.h"
 #include "host/Json.h"
-#include "host/PictureReader.h"
+#include "host/picture/PictureFile.h"
 
 #include <CLI/CLI.hpp>
 

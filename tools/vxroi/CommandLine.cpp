@@ -89,7 +89,7 @@ try {
 } catch (const HostError& error) {
     return fail(error.code(), error.what());
 } catch (const std::bad_alloc&) {
-    std::cerr << noMemoryLine;
+    std::cerr << host::noMemoryLine;
     return ExitCode::Internal;
 } catch (const std::exception& error) {
     return fail(ExitCode::Internal, error.what() + std::string("; please report this"));

@@ -2,8 +2,8 @@
 
 #include "Tasks.h"
 #include "WorkerThreads.h"
-#include "host/CodecMessages.h"
 #include "host/CropWindow.h"
+#include "host/StandardError.h"
 
 #include <CLI/CLI.hpp>
 

@@ -3,6 +3,7 @@
 #include "InputLine.h"
 
 #include "host/HostError.h"
+#include "host/picture/Formats.h"
 
 #include <QDir>
 #include <QFile>

@@ -87,7 +87,7 @@ void runMap(const MapArguments& arguments)
     if (!outputs.map.isEmpty())
         files.add(shown(map), outputs.map);
     if (!outputs.overlay.isEmpty()) {
-        const QImage pixels = picture.readPixels();
+        const QImage pixels = picture.readAll();
         const QRect window = ratio ? analysis.window(*ratio, constraints).window : QRect();
         files.add(host::drawOverlay(pixels, map, window, constraints), outputs.overlay);
     }

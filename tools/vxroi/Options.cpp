@@ -53,6 +53,10 @@ void AnalysisOptions::addTo(CLI::App& command)
               ->type_name("N")
               ->check(atLeastOne())
               ->capture_default_str());
+    group(command.add_option("--max-seconds", maxSeconds, "give up a picture that takes longer")
+              ->type_name("N")
+              ->check(CLI::Range(1, 1'000'000))
+              ->capture_default_str());
     group(command
               .add_option("--on-broken", onBroken,
                   "what to do with a damaged picture: error, or warn and use the rest")
@@ -69,8 +73,8 @@ host::AnalysisRules AnalysisOptions::rules() const
     for (const std::string& tuning : tunings)
         host::tune(settings, QString::fromStdString(tuning));
     return { settings,
-        { maxPixels, maxBytes,
-            onBroken == "warn" ? host::OnBroken::Warn : host::OnBroken::Error } };
+        { maxPixels, maxBytes, onBroken == "warn" ? host::OnBroken::Warn : host::OnBroken::Error,
+            maxSeconds } };
 }
 
 void CropOptions::addTo(CLI::App& command)

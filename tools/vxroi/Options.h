@@ -20,6 +20,7 @@ struct AnalysisOptions {
     std::vector<std::string> tunings;
     qint64 maxPixels = host::ReadingRules().mostPixels;
     qint64 maxBytes = host::ReadingRules().mostBytes;
+    int maxSeconds = host::ReadingRules().mostSeconds;
     std::string onBroken = "error";
 
     void addTo(CLI::App& command);

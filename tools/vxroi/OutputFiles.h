@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/PictureWriter.h"
+#include "host/picture/PictureWriter.h"
 
 #include <QImage>
 #include <QSet>

@@ -1,6 +1,6 @@
 #include "Progress.h"
 
-#include "host/CodecMessages.h"
+#include "host/StandardError.h"
 
 #include <algorithm>
 #include <cmath>

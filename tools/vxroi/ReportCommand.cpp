@@ -5,8 +5,8 @@
 #include "OutputFiles.h"
 #include "ReportArticle.h"
 
-#include "host/CodecMessages.h"
 #include "host/HostError.h"
+#include "host/StandardError.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,7 +1,7 @@
 #include "WorkerThreads.h"
 
-#include "host/CodecMessages.h"
 #include "host/HostError.h"
+#include "host/StandardError.h"
 
 #include <QImageReader>
 #include <QSemaphore>
@@ -36,11 +36,9 @@ int threadsToBeHad(int most)
     return static_cast<int>(threads.size());
 }
 
-host::HostError refusal()
+void ignoreMessage(
+    QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/)
 {
-    return host::HostError(host::ExitCode::Internal, QStringLiteral("threads"),
-        QStringLiteral("the system refuses to start them"),
-        QStringLiteral("allow more processes and more memory, see ulimit -u and ulimit -v"));
 }
 
 } // namespace
@@ -54,14 +52,18 @@ void startWorkerThreads(int most)
 {
     // Qt leaves a mutex locked when it finds no memory while it loads its plugins: so let that be here.
     QImageReader::supportedImageFormats();
-    const int count = threadsToBeHad(most);
+    // Besides its own, a worker needs up to three of libvips while a picture is encoded, and the last ones may
+    // not have ended yet.
+    constexpr int threadsOfAWorker = 6;
+    const int count = threadsToBeHad(threadsOfAWorker * most) / threadsOfAWorker;
     if (count == 0)
-        throw refusal();
+        throw host::threadsRefused();
     constexpr int never = -1;
     QThreadPool* const pool = QThreadPool::globalInstance();
     pool->setMaxThreadCount(count);
     pool->setExpiryTimeout(never);
-    const host::CodecMessages silence; // Qt says which thread it could not start
+    // Qt says which thread it could not start.
+    const QtMessageHandler handler = qInstallMessageHandler(ignoreMessage);
     // Each holds its thread until all have one.
     const auto started = std::make_shared<QSemaphore>();
     const auto end = std::make_shared<QSemaphore>();
@@ -71,9 +73,11 @@ void startWorkerThreads(int most)
             end->acquire();
         });
     constexpr int mostMilliseconds = 5000;
-    if (!started->tryAcquire(count, mostMilliseconds)) {
+    const bool haveAllStarted = started->tryAcquire(count, mostMilliseconds);
+    qInstallMessageHandler(handler);
+    if (!haveAllStarted) {
         // Another process has taken what there was. The pool waits for its threads when a program ends.
-        host::writeError(std::string("vxroi: ") + refusal().what() + '\n');
+        host::writeError(std::string("vxroi: ") + host::threadsRefused().what() + '\n');
         std::_Exit(static_cast<int>(host::ExitCode::Internal));
     }
     end->release(count);

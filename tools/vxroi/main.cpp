@@ -1,7 +1,8 @@
 #include "CommandLine.h"
 #include "Interruption.h"
-#include "host/CodecMessages.h"
 #include "host/HostError.h"
+#include "host/ImageMemory.h"
+#include "host/StandardError.h"
 
 #include <QCoreApplication>
 #include <QTextCodec>
@@ -13,18 +14,9 @@
 
 namespace {
 
-// Whether there is what the program needs beside its pictures. Qt does not say so when it finds none while
-// it starts and loads plugins: it crashes, or waits for ever later.
-bool isMemoryEnough()
-{
-    constexpr std::size_t leastBytes = std::size_t { 64 } << 20U;
-    // NOLINTBEGIN(cppcoreguidelines-no-malloc): volatile, because compilers leave out what nobody uses
-    void* volatile const block = std::malloc(leastBytes);
-    const bool isEnough = block != nullptr;
-    std::free(block);
-    // NOLINTEND(cppcoreguidelines-no-malloc)
-    return isEnough;
-}
+// What the program needs beside its pictures. Qt and libvips do not say so when they find none while they start
+// and load plugins: they crash, or wait for ever later.
+constexpr std::size_t leastBytes = std::size_t { 384 } << 20U;
 
 // For exceptions that nobody catches: Qt's threads let lack of memory out.
 [[noreturn]] void endOnException()
@@ -32,7 +24,7 @@ bool isMemoryEnough()
     try {
         std::rethrow_exception(std::current_exception());
     } catch (const std::bad_alloc&) {
-        host::writeError(vxroi::noMemoryLine);
+        host::writeError(host::noMemoryLine);
         std::_Exit(static_cast<int>(host::ExitCode::Internal));
     } catch (...) {
         std::abort();
@@ -45,8 +37,8 @@ int main(int argc, char** argv)
 {
     vxroi::endAtOnceOnSignals();
     std::set_terminate(endOnException);
-    if (!isMemoryEnough()) {
-        std::cerr << vxroi::noMemoryLine;
+    if (!host::isMemoryLeft(leastBytes)) {
+        std::cerr << host::noMemoryLine;
         return static_cast<int>(host::ExitCode::Internal);
     }
     // File names are UTF-8 in every locale, the plain C locale of build scripts included.

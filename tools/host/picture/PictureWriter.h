@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vips/vips8>
+
 #include <QByteArray>
 #include <QImage>
 #include <QSaveFile>
@@ -7,9 +9,9 @@
 
 namespace host {
 
-/// The format that the suffix of \a path names: BMP, JPEG, PNG, PPM, TIFF or WebP.
-/// \throws HostError when it names none of them, or there is no plugin for it.
-QByteArray formatOf(const QString& path);
+/// Refuses a name whose suffix names no format that is written.
+/// \throws HostError
+void requireKnownFormat(const QString& path);
 
 /// Refuses an output that is there and is no regular file: a folder, a pipe or a device.
 /// \throws HostError
@@ -22,6 +24,7 @@ public:
     /// transparency gets white in its place.
     /// \throws HostError when there is no such format, the file cannot be created, or writing
     /// fails.
+    PictureWriter(const vips::VImage& picture, const QString& path);
     PictureWriter(const QImage& picture, const QString& path);
 
     /// Whether there is a file of that name with other content.

@@ -1,13 +1,12 @@
 #include "PictureSource.h"
 
-#include "HostError.h"
+#include "../HostError.h"
 
 #include <QBuffer>
-#include <QDataStream>
 #include <QFile>
 
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -69,6 +68,19 @@ std::unique_ptr<QIODevice> openFile(const QString& path, qint64 mostBytes)
     return file;
 }
 
+gint64 readFrom(VipsSourceCustom* /*source*/, void* buffer, gint64 length, QIODevice* device)
+{
+    return device->read(static_cast<char*>(buffer), length);
+}
+
+gint64 seekIn(VipsSourceCustom* /*source*/, gint64 offset, int whence, QIODevice* device)
+{
+    const qint64 origin = whence == SEEK_CUR ? device->pos()
+        : whence == SEEK_END                 ? device->size()
+                                             : 0;
+    return device->seek(origin + offset) ? device->pos() : -1;
+}
+
 } // namespace
 
 std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes)
@@ -92,97 +104,13 @@ std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes)
     return device;
 }
 
-QSize gifScreenSize(QIODevice& device)
+vips::VSource sourceOf(QIODevice& device)
 {
-    const QByteArray header = device.read(10); // signature and version, width, height
-    const auto number = [&header](int at) {
-        return header.size() < 10
-            ? 0
-            : static_cast<uchar>(header.at(at)) | static_cast<uchar>(header.at(at + 1)) << 8;
-    };
-    return { number(6), number(8) };
-}
-
-bool isBmpCutShort(QIODevice& device)
-{
-    QDataStream stream(&device);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    quint32 pixelsAt = 0;
-    quint32 headerSize = 0;
-    qint32 width = 0;
-    qint32 height = 0;
-    quint16 bitsPerPixel = 0;
-    quint32 compression = 0;
-    stream.skipRawData(10);
-    stream >> pixelsAt >> headerSize >> width >> height;
-    stream.skipRawData(2);
-    stream >> bitsPerPixel >> compression;
-    constexpr quint32 coreHeader = 12; // an older header, with other fields
-    const bool isPlain = compression == 0 || compression == 3;
-    if (stream.status() != QDataStream::Ok || headerSize <= coreHeader || !isPlain)
-        return false;
-    const qint64 rowBytes = (qint64 { width } * bitsPerPixel + 31) / 32 * 4;
-    return device.size() < pixelsAt + rowBytes * std::abs(qint64 { height });
-}
-
-bool isGifCutShort(QIODevice& device)
-{
-    QDataStream stream(&device);
-    const auto byte = [&stream] {
-        quint8 value = 0;
-        stream >> value;
-        return value;
-    };
-    const auto skip = [&stream](int count) {
-        if (stream.skipRawData(count) != count)
-            stream.setStatus(QDataStream::ReadPastEnd);
-    };
-    const auto skipColours = [&](quint8 flags) {
-        if ((flags & 0x80) != 0)
-            skip(3 << ((flags & 7) + 1));
-    };
-    const auto skipBlocks = [&] {
-        for (quint8 length = byte(); length != 0; length = byte())
-            skip(length);
-    };
-    skip(10); // signature and size
-    const quint8 flags = byte();
-    skip(2);
-    skipColours(flags);
-    constexpr quint8 extension = 0x21;
-    while (stream.status() == QDataStream::Ok && byte() == extension) {
-        skip(1);
-        skipBlocks();
-    }
-    skip(8); // where the frame lies
-    skipColours(byte());
-    skip(1);
-    skipBlocks();
-    return stream.status() != QDataStream::Ok;
-}
-
-// The frame header says so, behind any number of other segments.
-bool isCmykJpeg(QIODevice& device)
-{
-    QDataStream stream(&device);
-    quint16 marker = 0;
-    stream >> marker;
-    while (stream.status() == QDataStream::Ok) {
-        quint16 length = 0;
-        stream >> marker >> length;
-        const int kind = marker & 0xFF;
-        const bool isFrame
-            = kind >= 0xC0 && kind <= 0xCF && kind != 0xC4 && kind != 0xC8 && kind != 0xCC;
-        if (isFrame) {
-            quint8 channels = 0;
-            stream.skipRawData(5); // depth, height and width
-            stream >> channels;
-            return stream.status() == QDataStream::Ok && channels == 4;
-        }
-        if (marker < 0xFF00 || length < 2 || stream.skipRawData(length - 2) != length - 2)
-            return false;
-    }
-    return false;
+    device.seek(0);
+    VipsSourceCustom* const source = vips_source_custom_new();
+    g_signal_connect(source, "read", reinterpret_cast<GCallback>(readFrom), &device);
+    g_signal_connect(source, "seek", reinterpret_cast<GCallback>(seekIn), &device);
+    return vips::VSource(reinterpret_cast<VipsSource*>(source));
 }
 
 } // namespace host

@@ -1,0 +1,80 @@
+#include "Bitmap.h"
+
+#include "Pixels.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QImageWriter>
+
+#include <cstdlib>
+
+namespace host {
+
+namespace {
+
+// Notes when a decoder asks for more than there is: Qt's takes black for what is missing.
+class NotingDevice : public QIODevice {
+public:
+    explicit NotingDevice(QIODevice& device)
+        : source(device)
+    {
+        source.seek(0);
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+
+    bool isExhausted() const { return hasEnded; }
+    bool seek(qint64 position) override
+    {
+        return QIODevice::seek(position) && source.seek(position);
+    }
+    qint64 size() const override { return source.size(); }
+
+protected:
+    qint64 readData(char* data, qint64 length) override
+    {
+        const qint64 count = source.read(data, length);
+        hasEnded = hasEnded || count < length;
+        return count;
+    }
+    qint64 writeData(const char* /*data*/, qint64 /*length*/) override { return -1; }
+
+private:
+    QIODevice& source;
+    bool hasEnded = false;
+};
+
+} // namespace
+
+bool isBitmap(QIODevice& device)
+{
+    device.seek(0);
+    return device.peek(2) == "BM";
+}
+
+QSize bitmapSize(QIODevice& device)
+{
+    device.seek(0);
+    const QSize size = QImageReader(&device, "bmp").size();
+    return { size.width(), std::abs(size.height()) }; // rows from the top have a negative height
+}
+
+std::optional<vips::VImage> readBitmap(QIODevice& device, bool& isWhole)
+{
+    NotingDevice noting(device);
+    const QImage image = QImageReader(&noting, "bmp").read();
+    isWhole = !noting.isExhausted();
+    if (image.isNull())
+        return std::nullopt;
+    return toVipsImage(image);
+}
+
+QByteArray encodedBitmap(const QImage& image)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!QImageWriter(&buffer, "bmp").write(image))
+        throw vips::VError("too large for a BMP");
+    return buffer.data();
+}
+
+} // namespace host

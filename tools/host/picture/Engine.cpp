@@ -1,0 +1,61 @@
+#include "Engine.h"
+
+#include "../HostError.h"
+#include "../ImageMemory.h"
+#include "../StandardError.h"
+#include "Formats.h"
+
+#include <cstdlib>
+#include <mutex>
+#include <new>
+#include <string>
+
+namespace host {
+
+namespace {
+
+// What libvips and the decoders warn of, their errors tell, or nobody needs to know. GLib ends the program when
+// it finds no memory for something small, and says so here.
+void handleMessage(
+    const char* /*domain*/, GLogLevelFlags level, const char* /*message*/, void* /*data*/)
+{
+    if ((level & G_LOG_LEVEL_ERROR) == 0)
+        return;
+    writeError(noMemoryLine);
+    std::_Exit(static_cast<int>(ExitCode::Internal));
+}
+
+void start()
+{
+    g_log_set_default_handler(handleMessage, nullptr);
+    if (vips_init("vxroi") != 0)
+        throw HostError(ExitCode::Internal, QStringLiteral("libvips"),
+            QStringLiteral("cannot be started"), QStringLiteral("check how it is installed"));
+    vips_concurrency_set(1);
+    vips_cache_set_max(0);
+    vips_operation_block_set("VipsForeignLoad", TRUE);
+    for (const Format& format : formatsRead())
+        vips_operation_block_set(format.loader, FALSE);
+}
+
+} // namespace
+
+void startEngine()
+{
+    static std::once_flag started;
+    std::call_once(started, start);
+    vips_error_clear();
+}
+
+void refuseLackOfMeans(const vips::VError& error)
+{
+    constexpr std::size_t fewBytes = std::size_t { 64 } << 20U;
+    const std::string text = error.what();
+    // Decoders have words of their own for it, which are not asked for: hardly any is left then.
+    if (text.find("vips_tracked:") != std::string::npos || !isMemoryLeft(fewBytes))
+        throw std::bad_alloc();
+    if (text.find("glib:") != std::string::npos)
+        throw threadsRefused();
+}
+
+} // namespace host

@@ -1,0 +1,190 @@
+#include "PictureFile.h"
+
+#include "../HostError.h"
+#include "Engine.h"
+#include "Pixels.h"
+
+#include <VXCrop/VXCrop.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
+
+namespace host {
+
+using vips::VImage;
+
+namespace {
+
+// How the picture as it is stored becomes the one that is seen.
+struct Orientation {
+    bool isMirrored; // left becomes right, first
+    bool isFlipped; // top becomes bottom
+    bool isTurned; // a quarter to the right, at last
+};
+
+Orientation orientationOf(int exif)
+{
+    static const std::array<Orientation, 8> all { {
+        { false, false, false },
+        { true, false, false },
+        { true, true, false },
+        { false, true, false },
+        { false, true, true },
+        { false, false, true },
+        { true, false, true },
+        { true, true, true },
+    } };
+    return all.at(static_cast<std::size_t>(exif - 1));
+}
+
+// The pixels that stand for a part of the stored picture, each for a square of shrink by shrink pixels; at
+// least one.
+QRect partOf(const QRect& storedRect, int shrink, const QSize& pixels)
+{
+    const auto along = [shrink](int first, int length, int count) {
+        const auto scaled
+            = [shrink](int position) { return (2 * position + shrink) / (2 * shrink); };
+        const int begin = std::min(scaled(first), count - 1);
+        return std::make_pair(begin, std::clamp(scaled(first + length), begin + 1, count) - begin);
+    };
+    const auto [left, width] = along(storedRect.left(), storedRect.width(), pixels.width());
+    const auto [top, height] = along(storedRect.top(), storedRect.height(), pixels.height());
+    return { left, top, width, height };
+}
+
+} // namespace
+
+PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
+    : name(path)
+    , decoder(path, rules)
+    , stored(decoder.header().width(), decoder.header().height())
+    , exifOrientation(vips_image_get_orientation(decoder.header().get_image()))
+{
+    const bool isAnimation = format() == QLatin1String("gif") || format() == QLatin1String("webp");
+    if (vips_image_get_n_pages(decoder.header().get_image()) > 1)
+        notes.append(isAnimation ? QStringLiteral("animated: only the first frame is used")
+                                 : QStringLiteral("several pages: only the first is used"));
+}
+
+QSize PictureFile::inOtherFrame(const QSize& size) const
+{
+    return orientationOf(exifOrientation).isTurned ? size.transposed() : size;
+}
+
+QRect PictureFile::toStored(const QRect& oriented) const
+{
+    const Orientation orientation = orientationOf(exifOrientation);
+    QRect rect = oriented;
+    if (orientation.isTurned)
+        rect = QRect(rect.top(), stored.height() - 1 - rect.right(), rect.height(), rect.width());
+    if (orientation.isMirrored)
+        rect.moveLeft(stored.width() - rect.width() - rect.left());
+    if (orientation.isFlipped)
+        rect.moveTop(stored.height() - rect.height() - rect.top());
+    return rect;
+}
+
+QImage PictureFile::readWorkingImage()
+try {
+    const VImage pixels = oriented(pixelsForAnalysis(), exifOrientation);
+    const bool isReducedFirst = isForQt(pixels) && (pixels.bands() > 1 || !hasProfile(pixels));
+    if (!isReducedFirst)
+        return VXCrop::workingImage(toQImage(inSrgb(pixels)));
+    // Far fewer pixels are left then whose colours are to be converted.
+    QImage working = VXCrop::workingImage(toQImage(pixels));
+    if (!hasProfile(pixels))
+        return working;
+    return VXCrop::workingImage(toQImage(inSrgb(withProfileOf(pixels, toVipsImage(working)))));
+} catch (const vips::VError& error) {
+    throwConverted(error);
+}
+
+QImage PictureFile::readAll() { return asSeen(decoded(1, QRect(QPoint(), stored)).pixels); }
+
+QVector<VImage> PictureFile::readCuts(const QVector<Cut>& cuts)
+try {
+    QRect area;
+    int shrink = std::numeric_limits<int>::max();
+    for (const Cut& cut : cuts) {
+        const QRect window = toStored(cut.window);
+        area |= window;
+        shrink = std::min(shrink, shrinkFor(window.size(), inOtherFrame(cut.size)));
+    }
+    QVector<VImage> pictures;
+    for (const Cut& cut : cuts) {
+        const Decoded& source = decoded(shrink, area);
+        const QRect window = toStored(cut.window).translated(-source.origin);
+        const QRect part = partOf(window, source.shrink, boundsOf(source.pixels).size());
+        pictures.append(
+            oriented(scaledTo(source.pixels, part, inOtherFrame(cut.size)), exifOrientation));
+    }
+    return pictures;
+} catch (const vips::VError& error) {
+    throwConverted(error);
+}
+
+QImage PictureFile::asSeen(const VImage& pixels) const
+try {
+    return toQImage(oriented(inSrgb(pixels), exifOrientation));
+} catch (const vips::VError& error) {
+    throwConverted(error);
+}
+
+// By which factor a part may be reduced while it is decoded, and be as large as it is wanted.
+int PictureFile::shrinkFor(const QSize& storedPart, const QSize& wanted) const
+{
+    const int most = std::max(
+        1, std::min(storedPart.width() / wanted.width(), storedPart.height() / wanted.height()));
+    if (decoder.mostShrink() == 1)
+        return most;
+    int shrink = 1;
+    while (2 * shrink <= std::min(most, decoder.mostShrink()))
+        shrink *= 2;
+    return shrink;
+}
+
+// Whether all pixels are decoded at once, and what is wanted is made of them: not when they are too many, nor
+// when the decoder can make them fewer.
+bool PictureFile::isHeldWhole() const
+{
+    constexpr std::size_t mostBytes = std::size_t { 256 } << 20U;
+    return decoder.mostShrink() == 1 && bytesOf(decoder.header()) <= mostBytes;
+}
+
+const PictureFile::Decoded& PictureFile::decoded(int shrink, const QRect& area)
+{
+    const bool suffices = held && held->shrink <= shrink && held->area.contains(area);
+    if (!suffices) {
+        held.reset();
+        const QPoint origin(area.left() / shrink * shrink, area.top() / shrink * shrink);
+        held = Decoded { decoder.decode(shrink, area, false), area, origin, shrink };
+    }
+    return *held;
+}
+
+// As they are stored, at least as many as are analysed.
+VImage PictureFile::pixelsForAnalysis()
+{
+    const QRect all(QPoint(), stored);
+    const int shrink = shrinkFor(stored, inOtherFrame(VXCrop::workingSize(orientedSize())));
+    if (isHeldWhole()) {
+        const VImage pixels = decoded(1, all).pixels;
+        const bool isReducedByVXCrop = shrink == 1 || isForQt(pixels);
+        return isReducedByVXCrop ? pixels : onMidGrey(pixels).shrink(shrink, shrink);
+    }
+    if (decoder.header().has_alpha())
+        return decoder.decode(shrink, all, true);
+    return decoded(shrink, all).pixels;
+}
+
+void PictureFile::throwConverted(const vips::VError& error) const
+{
+    refuseLackOfMeans(error);
+    throw HostError(ExitCode::UnreadableInput, name,
+        QStringLiteral("its pixels cannot be converted"),
+        QStringLiteral("convert it to PNG or JPEG"));
+}
+
+} // namespace host

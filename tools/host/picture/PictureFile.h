@@ -1,0 +1,93 @@
+#pragma once
+
+#include "Decoder.h"
+#include "ReadingRules.h"
+
+#include <vips/vips8>
+
+#include <QImage>
+#include <QRect>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+namespace host {
+
+/// A part of a picture, and the size at which it is wanted.
+struct Cut {
+    QRect window; ///< in pixels of the picture as it is seen
+    QSize size; ///< in pixels
+};
+
+/// A picture in a file.
+///
+/// AVIF, BMP, GIF, HEIC, JPEG, JPEG XL, PBM, PGM, PNG, PPM, TIFF and WebP are read. The content decides the
+/// format, not the name; of several frames or pages the first is read; the EXIF orientation is applied.
+/// A picture is decoded once where that serves, and no larger than is needed where its format allows it.
+class PictureFile {
+public:
+    /// Opens the file and reads its header.
+    /// \throws HostError when the file is missing, is no picture, or breaks the rules.
+    PictureFile(const QString& path, const ReadingRules& rules);
+
+    const QString& path() const { return name; }
+
+    /// The size of the picture as it is seen, and as it is stored, in pixels.
+    QSize orientedSize() const { return inOtherFrame(stored); }
+    QSize storedSize() const { return stored; }
+
+    /// A rectangle of the picture as it is seen, in pixels of the picture as it is stored.
+    QRect toStored(const QRect& oriented) const;
+
+    /// The name of the format, such as "jpeg".
+    const QString& format() const { return decoder.format(); }
+
+    /// The EXIF orientation, 1 to 8.
+    int orientation() const { return exifOrientation; }
+
+    /// The picture as it is seen, in sRGB, as VXCrop::workingImage() makes it. It does not depend on what else
+    /// is read.
+    /// \throws HostError when the picture is damaged, or the time is up.
+    /// \throws std::bad_alloc
+    QImage readWorkingImage();
+
+    /// The picture as it is seen, in sRGB, with 8 bits a channel.
+    /// \throws as readWorkingImage() does.
+    QImage readAll();
+
+    /// Parts of the picture as it is seen, with its colours, its depth, its profile and its metadata.
+    /// \throws as readWorkingImage() does.
+    QVector<vips::VImage> readCuts(const QVector<Cut>& cuts);
+
+    /// What the user should know: one line each, in a fixed order.
+    QStringList warnings() const { return notes + decoder.warnings(); }
+
+private:
+    // A part of the stored picture, so many times smaller.
+    struct Decoded {
+        vips::VImage pixels;
+        QRect area;
+        QPoint origin; ///< where the first of the pixels begins
+        int shrink;
+    };
+
+    QSize inOtherFrame(const QSize& size) const;
+    int shrinkFor(const QSize& storedPart, const QSize& wanted) const;
+    bool isHeldWhole() const;
+    const Decoded& decoded(int shrink, const QRect& area);
+    vips::VImage pixelsForAnalysis();
+    QImage asSeen(const vips::VImage& pixels) const;
+    [[noreturn]] void throwConverted(const vips::VError& error) const;
+
+    QString name;
+    Decoder decoder;
+    QSize stored;
+    int exifOrientation;
+    QStringList notes;
+    std::optional<Decoded> held;
+};
+
+} // namespace host
