@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QImageReader>
 
+#include <algorithm>
+
 namespace {
 
 class VxroiMap : public testing::Test {
@@ -53,6 +55,17 @@ TEST_F(VxroiMap, writesAnOverlayThatOutlinesTheCrop)
         QStringLiteral("--if-exists"), QStringLiteral("overwrite") });
     EXPECT_EQ(outlined.exitCode, 0) << outlined.err.toStdString();
     EXPECT_FALSE(support::sameImage(withoutCrop, QImage(overlayPath)));
+}
+
+TEST_F(VxroiMap, saysInTheCommentOfAStretchedMapWhichLevelsItHad)
+{
+    const Outcome outcome
+        = map({ path, QStringLiteral("-o"), mapPath, QStringLiteral("--stretch") });
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
+    const std::vector<int> levels = support::reds(crop.map());
+    const auto [least, most] = std::minmax_element(levels.begin(), levels.end());
+    EXPECT_EQ(QImage(mapPath).text(QStringLiteral("Comment")),
+        QStringLiteral("Levels %1 to %2, stretched to 0 to 255").arg(*least).arg(*most));
 }
 
 TEST_F(VxroiMap, overwritesNothingUnlessAsked)

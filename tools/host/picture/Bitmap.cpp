@@ -1,6 +1,6 @@
 #include "Bitmap.h"
 
-#include "Pixels.h"
+#include "QtPixels.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -2,6 +2,7 @@
 
 #include "../HostError.h"
 #include "Bitmap.h"
+#include "Colours.h"
 #include "Engine.h"
 #include "Formats.h"
 #include "PictureSource.h"

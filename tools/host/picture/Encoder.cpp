@@ -1,8 +1,9 @@
 #include "Encoder.h"
 
 #include "Bitmap.h"
+#include "Colours.h"
 #include "Engine.h"
-#include "Pixels.h"
+#include "QtPixels.h"
 
 #include <QVector>
 

@@ -2,7 +2,7 @@
 
 #include "../HostError.h"
 #include "Encoder.h"
-#include "Pixels.h"
+#include "QtPixels.h"
 
 #include <QFileInfo>
 

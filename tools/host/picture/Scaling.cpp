@@ -1,0 +1,64 @@
+#include "Scaling.h"
+
+#include "../ImageMemory.h"
+#include "Pixels.h"
+#include "QtPixels.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace host {
+
+using vips::VImage;
+
+namespace {
+
+// The metadata of an image.
+void* copyField(VipsImage* /*from*/, const char* name, GValue* value, void* to)
+{
+    static const std::array<const char*, 11> ofPixels { "width", "height", "bands", "format",
+        "coding", "interpretation", "xoffset", "yoffset", "xres", "yres", "filename" };
+    const bool isOfPixels = std::any_of(ofPixels.begin(), ofPixels.end(),
+        [name](const char* other) { return std::strcmp(name, other) == 0; });
+    if (!isOfPixels)
+        vips_image_set(static_cast<VipsImage*>(to), name, value);
+    return nullptr;
+}
+
+VImage scaledByQt(const VImage& image, const QRect& part, const QSize& size)
+{
+    const QImage view = viewOf(image, part);
+    const QImage scaled
+        = held(held(view.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
+                   .convertToFormat(view.format()));
+    VImage result = toVipsImage(scaled);
+    vips_image_map(image.get_image(), copyField, result.get_image());
+    result.get_image()->Xres = image.xres();
+    result.get_image()->Yres = image.yres();
+    return result;
+}
+
+VImage scaledByVips(const VImage& image, const QSize& size)
+{
+    const bool isTransparent = image.has_alpha();
+    const VImage colours = isTransparent ? image.premultiply() : image;
+    VImage scaled = colours.resize(static_cast<double>(size.width()) / image.width(),
+        VImage::option()->set("vscale", static_cast<double>(size.height()) / image.height()));
+    if (isTransparent)
+        scaled = scaled.unpremultiply();
+    return scaled.cast(image.format());
+}
+
+} // namespace
+
+VImage scaledTo(const VImage& image, const QRect& part, const QSize& size)
+{
+    const bool isScaled = part.size() != size;
+    if (isScaled && isForQt(image))
+        return scaledByQt(image, part, size);
+    const VImage cut = image.extract_area(part.left(), part.top(), part.width(), part.height());
+    return isScaled ? scaledByVips(cut, size) : cut;
+}
+
+} // namespace host
