@@ -335,6 +335,17 @@ TEST_F(PictureFile, refusesMoreThanEightMegabytesOfMetadata)
     }
 }
 
+TEST_F(PictureFile, refusesManyCompressedTextsBeforeItReadsThem)
+{
+    for (const int texts : { 20, 21 }) {
+        QImage annotated = picture;
+        for (int i = 0; i < texts; ++i) // Qt compresses long ones
+            annotated.setText(QStringLiteral("Text%1").arg(i), QString(1000, QLatin1Char('a')));
+        EXPECT_EQ(failureOf(folder.save(annotated, QStringLiteral("annotated.png"))),
+            texts == 20 ? ExitCode::Success : ExitCode::UnreadableInput);
+    }
+}
+
 TEST_F(PictureFile, cutsHaveTheColoursTheProfileAndTheResolutionOfATurnedPicture)
 {
     QImage tagged = picture;

@@ -2,6 +2,7 @@
 
 #include "SampleFiles.h"
 #include "host/HostError.h"
+#include "host/picture/PictureFile.h"
 #include "support/ImageAssert.h"
 
 #include <QDir>
@@ -102,4 +103,20 @@ TEST_F(PictureWriter, saysThatASizeIsBeyondTheFormat)
         EXPECT_TRUE(error.reason().contains(QStringLiteral("70000 x 1")));
     }
     EXPECT_TRUE(folder.names().isEmpty());
+}
+
+TEST_F(PictureWriter, putsWhiteWhereAFormatKnowsNoTransparency)
+{
+    for (const QImage::Format format : { QImage::Format_ARGB32, QImage::Format_RGBA64 }) {
+        QImage clear(60, 40, format);
+        clear.fill(Qt::transparent);
+        const QString source = folder.save(clear, QStringLiteral("clear.png"));
+        for (const char* const name : { "a.jpg", "a.ppm", "a.bmp" }) {
+            const QString path = folder.path(QString::fromUtf8(name));
+            host::PictureFile file(source, host::ReadingRules());
+            const QRect all(QPoint(), clear.size());
+            host::PictureWriter(file.readCuts({ { all, all.size() } }).first(), path).commit();
+            EXPECT_EQ(QImage(path).pixel(30, 20), qRgb(255, 255, 255)) << name << format;
+        }
+    }
 }

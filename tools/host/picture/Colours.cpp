@@ -43,13 +43,12 @@ VImage withProfileOf(const VImage& other, const VImage& image)
     return result;
 }
 
-VImage onMidGrey(const VImage& image)
+VImage onGrey(const VImage& image, int level)
 {
     if (!image.has_alpha())
         return image;
-    const bool hasTwoBytes = image.format() == VIPS_FORMAT_USHORT;
-    const double midGrey = hasTwoBytes ? 128 * 257 : 128;
-    return image.flatten(VImage::option()->set("background", midGrey));
+    const int unit = image.format() == VIPS_FORMAT_USHORT ? 257 : 1;
+    return image.flatten(VImage::option()->set("background", static_cast<double>(level * unit)));
 }
 
 VImage inSrgb(const VImage& image)

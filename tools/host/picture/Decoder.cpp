@@ -5,6 +5,7 @@
 #include "Colours.h"
 #include "Engine.h"
 #include "Formats.h"
+#include "Metadata.h"
 #include "PictureSource.h"
 #include "Pixels.h"
 
@@ -39,17 +40,6 @@ void endLate(VipsImage* image, VipsProgress* /*progress*/, const Deadline* deadl
         vips_image_set_kill(image, TRUE);
 }
 
-void* addBytes(VipsImage* /*image*/, const char* /*name*/, GValue* value, void* sum)
-{
-    std::size_t bytes = 0;
-    if (G_VALUE_HOLDS(value, VIPS_TYPE_BLOB))
-        vips_value_get_blob(value, &bytes);
-    else if (G_VALUE_HOLDS(value, VIPS_TYPE_REF_STRING))
-        vips_value_get_ref_string(value, &bytes);
-    *static_cast<std::size_t*>(sum) += bytes;
-    return nullptr;
-}
-
 } // namespace
 
 Decoder::Decoder(const QString& path, const ReadingRules& readingRules)
@@ -77,6 +67,8 @@ void Decoder::readHeader()
           });
     if (format == formats.end())
         throwUnknown(name);
+    if (std::strcmp(format->name, "png") == 0)
+        refuseManyTexts(name, *device);
     decodingShrink = format->mostShrink;
     headerImage = tolerating([this] { return opened(1); });
     formatName = nameOf(*format, headerImage);
@@ -85,7 +77,7 @@ void Decoder::readHeader()
         * (headerImage.format() == VIPS_FORMAT_UCHAR ? 1 : 2);
     if (counted > rules.mostPixels)
         throwTooMany(name, size, counted);
-    refuseTooMuchMetadata();
+    refuseMuchMetadata(name, headerImage);
 }
 
 void Decoder::readBitmap()
@@ -108,24 +100,13 @@ void Decoder::readBitmap()
     }
 }
 
-void Decoder::refuseTooMuchMetadata() const
-{
-    constexpr std::size_t mostBytes = std::size_t { 8 } << 20U;
-    std::size_t bytes = 0;
-    vips_image_map(headerImage.get_image(), addBytes, &bytes);
-    if (bytes > mostBytes)
-        throw HostError(ExitCode::UnreadableInput, name,
-            QStringLiteral("its metadata takes more than 8 megabytes"),
-            QStringLiteral("remove what it does not need"));
-}
-
 VImage Decoder::decode(int shrink, const QRect& area, bool isOpaque)
 {
     return tolerating([&] {
         const int byDecoder = std::min(shrink, decodingShrink);
         VImage image = opened(byDecoder);
         if (isOpaque)
-            image = onMidGrey(image);
+            image = onGrey(image, midGrey);
         if (shrink > byDecoder)
             image = image.shrink(shrink, shrink);
         const QRect part(QPoint(area.left() / shrink, area.top() / shrink),

@@ -51,7 +51,6 @@ public:
 private:
     void readHeader();
     void readBitmap();
-    void refuseTooMuchMetadata() const;
     vips::VImage opened(int shrink);
     vips::VImage tolerating(const std::function<vips::VImage()>& read);
     bool tolerateMore();

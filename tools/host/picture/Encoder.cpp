@@ -23,6 +23,7 @@ struct Saver {
     QStringList suffixes; // of its files, in lower case
     const char* suffix; // that libvips knows it by
     bool holdsInks;
+    bool holdsOpacity;
     VOption* (*options)(const VImage& picture);
 };
 
@@ -37,12 +38,10 @@ bool hasFullChroma(const VImage& picture)
 
 VOption* jpegOptions(const VImage& picture)
 {
-    constexpr double white = 255;
     return VImage::option()
         ->set("Q", photographQuality)
         ->set("subsample_mode",
-            hasFullChroma(picture) ? VIPS_FOREIGN_SUBSAMPLE_OFF : VIPS_FOREIGN_SUBSAMPLE_ON)
-        ->set("background", white);
+            hasFullChroma(picture) ? VIPS_FOREIGN_SUBSAMPLE_OFF : VIPS_FOREIGN_SUBSAMPLE_ON);
 }
 
 VOption* pngOptions(const VImage& /*picture*/)
@@ -67,11 +66,11 @@ VOption* noOptions(const VImage& /*picture*/) { return VImage::option(); }
 const QVector<Saver>& savers()
 {
     static const QVector<Saver> all {
-        { { QStringLiteral("jpg"), QStringLiteral("jpeg") }, ".jpg", true, jpegOptions },
-        { { QStringLiteral("png") }, ".png", false, pngOptions },
-        { { QStringLiteral("webp") }, ".webp", false, webpOptions },
-        { { QStringLiteral("tif"), QStringLiteral("tiff") }, ".tif", true, tiffOptions },
-        { { QStringLiteral("ppm") }, ".ppm", false, noOptions },
+        { { QStringLiteral("jpg"), QStringLiteral("jpeg") }, ".jpg", true, false, jpegOptions },
+        { { QStringLiteral("png") }, ".png", false, true, pngOptions },
+        { { QStringLiteral("webp") }, ".webp", false, true, webpOptions },
+        { { QStringLiteral("tif"), QStringLiteral("tiff") }, ".tif", true, true, tiffOptions },
+        { { QStringLiteral("ppm") }, ".ppm", false, false, noOptions },
     };
     return all;
 }
@@ -97,12 +96,14 @@ bool isWritten(const QString& suffix)
 
 QByteArray encoded(const VImage& picture, const QString& suffix)
 try {
+    constexpr int white = 255;
     if (isBitmapSuffix(suffix))
-        return encodedBitmap(toQImage(inSrgb(picture)));
+        return encodedBitmap(toQImage(inSrgb(onGrey(picture, white))));
     const Saver& saver = *saverFor(suffix);
     const bool needsColours
         = picture.interpretation() == VIPS_INTERPRETATION_CMYK && !saver.holdsInks;
-    const VImage colours = needsColours ? inSrgb(picture) : picture;
+    const VImage opaque = saver.holdsOpacity ? picture : onGrey(picture, white);
+    const VImage colours = needsColours ? inSrgb(opaque) : opaque;
     void* bytes = nullptr;
     std::size_t count = 0;
     vips_error_clear();

@@ -175,7 +175,7 @@ VImage PictureFile::pixelsForAnalysis()
     if (isHeldWhole()) {
         const VImage pixels = decoded(1, all).pixels;
         const bool isReducedByVXCrop = shrink == 1 || isForQt(pixels);
-        return isReducedByVXCrop ? pixels : onMidGrey(pixels).shrink(shrink, shrink);
+        return isReducedByVXCrop ? pixels : onGrey(pixels, midGrey).shrink(shrink, shrink);
     }
     if (decoder.header().has_alpha())
         return decoder.decode(shrink, all, true);
