@@ -115,8 +115,8 @@ public:
     /// The size of the picture, in pixels.
     QSize pictureSize() const;
 
-    /// The salience map that windows are chosen by, of the size of the working image. Areas to keep are blended in with a
-    /// weight of 20.
+    /// The salience map that windows are chosen by, of the size of the working image. Areas to keep are blended
+    /// in with a weight of 20.
     QImage map(const QVector<QRect>& keep = {}) const;
 
     /// The maps that map() blends, in the order in which it does.

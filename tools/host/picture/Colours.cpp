@@ -32,7 +32,10 @@ try {
 
 } // namespace
 
-bool hasProfile(const VImage& image) { return image.get_typeof(VIPS_META_ICC_NAME) != 0; }
+bool hasOtherColours(const VImage& image)
+{
+    return image.get_typeof(VIPS_META_ICC_NAME) != 0 && !isSrgb(image);
+}
 
 VImage withProfileOf(const VImage& other, const VImage& image)
 {
@@ -54,7 +57,7 @@ VImage onGrey(const VImage& image, int level)
 VImage inSrgb(const VImage& image)
 {
     const bool isCmyk = image.interpretation() == VIPS_INTERPRETATION_CMYK;
-    VImage rgb = isCmyk || (hasProfile(image) && !isSrgb(image)) ? byProfile(image) : image;
+    VImage rgb = isCmyk || hasOtherColours(image) ? byProfile(image) : image;
     rgb = rgb.colourspace(VIPS_INTERPRETATION_sRGB).cast(VIPS_FORMAT_UCHAR).copy();
     rgb.remove(VIPS_META_ICC_NAME);
     return rgb;

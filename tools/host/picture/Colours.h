@@ -10,8 +10,8 @@ namespace host {
 /// The level on which transparent pictures are analysed.
 constexpr int midGrey = 128;
 
-/// Whether \a image has a profile of its colours.
-bool hasProfile(const vips::VImage& image);
+/// Whether \a image has a profile of other colours than those of sRGB.
+bool hasOtherColours(const vips::VImage& image);
 
 /// \a image with the profile of \a other.
 vips::VImage withProfileOf(const vips::VImage& other, const vips::VImage& image);

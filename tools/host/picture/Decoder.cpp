@@ -19,13 +19,6 @@ using vips::VOption;
 
 namespace {
 
-[[noreturn]] void throwTooMany(const QString& path, const QSize& size, qint64 counted)
-{
-    throw HostError(ExitCode::UnreadableInput, path,
-        QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()),
-        QStringLiteral("allow them with --max-pixels %1").arg(counted));
-}
-
 [[noreturn]] void throwUnknown(const QString& path)
 {
     throw HostError(ExitCode::UnreadableInput, path,
@@ -72,11 +65,7 @@ void Decoder::readHeader()
     decodingShrink = format->mostShrink;
     headerImage = tolerating([this] { return opened(1); });
     formatName = nameOf(*format, headerImage);
-    const QSize size(headerImage.width(), headerImage.height());
-    const qint64 counted = qint64 { size.width() } * size.height()
-        * (headerImage.format() == VIPS_FORMAT_UCHAR ? 1 : 2);
-    if (counted > rules.mostPixels)
-        throwTooMany(name, size, counted);
+    refuseTooMany(boundsOf(headerImage).size(), headerImage.format() == VIPS_FORMAT_UCHAR ? 1 : 2);
     refuseMuchMetadata(name, headerImage);
 }
 
@@ -86,9 +75,7 @@ void Decoder::readBitmap()
     const QSize size = bitmapSize(*device);
     if (size.isEmpty())
         throwUnknown(name);
-    const qint64 counted = qint64 { size.width() } * size.height();
-    if (counted > rules.mostPixels)
-        throwTooMany(name, size, counted);
+    refuseTooMany(size, 1);
     bool isWhole = true;
     bitmap = host::readBitmap(*device, isWhole);
     if (!bitmap || (!isWhole && rules.onBroken == OnBroken::Error))
@@ -100,6 +87,16 @@ void Decoder::readBitmap()
     }
 }
 
+// A pixel counts as many times as its weight says.
+void Decoder::refuseTooMany(const QSize& size, int weight) const
+{
+    const qint64 counted = qint64 { size.width() } * size.height() * weight;
+    if (counted > rules.mostPixels)
+        throw HostError(ExitCode::UnreadableInput, name,
+            QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()),
+            QStringLiteral("allow them with --max-pixels %1").arg(counted));
+}
+
 VImage Decoder::decode(int shrink, const QRect& area, bool isOpaque)
 {
     return tolerating([&] {
@@ -107,8 +104,9 @@ VImage Decoder::decode(int shrink, const QRect& area, bool isOpaque)
         VImage image = opened(byDecoder);
         if (isOpaque)
             image = onGrey(image, midGrey);
-        if (shrink > byDecoder)
-            image = image.shrink(shrink, shrink);
+        const int rest = shrink / byDecoder;
+        if (rest > 1)
+            image = image.shrink(rest, rest);
         const QRect part(QPoint(area.left() / shrink, area.top() / shrink),
             QPoint(area.right() / shrink, area.bottom() / shrink));
         return inMemory(image, part & boundsOf(image), timeLimit);

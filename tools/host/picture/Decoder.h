@@ -45,12 +45,10 @@ public:
     /// What the user should know of how it was decoded.
     const QStringList& warnings() const { return notes; }
 
-    /// How long all that is made of the picture may take; it began when the file was opened.
-    const Deadline& deadline() const { return timeLimit; }
-
 private:
     void readHeader();
     void readBitmap();
+    void refuseTooMany(const QSize& size, int weight) const;
     vips::VImage opened(int shrink);
     vips::VImage tolerating(const std::function<vips::VImage()>& read);
     bool tolerateMore();

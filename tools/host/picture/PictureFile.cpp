@@ -10,7 +10,6 @@
 #include <VXCrop/VXCrop.h>
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <utility>
 
@@ -19,28 +18,6 @@ namespace host {
 using vips::VImage;
 
 namespace {
-
-// How the picture as it is stored becomes the one that is seen.
-struct Orientation {
-    bool isMirrored; // left becomes right, first
-    bool isFlipped; // top becomes bottom
-    bool isTurned; // a quarter to the right, at last
-};
-
-Orientation orientationOf(int exif)
-{
-    static const std::array<Orientation, 8> all { {
-        { false, false, false },
-        { true, false, false },
-        { true, true, false },
-        { false, true, false },
-        { false, true, true },
-        { false, false, true },
-        { true, false, true },
-        { true, true, true },
-    } };
-    return all.at(static_cast<std::size_t>(exif - 1));
-}
 
 // The pixels that stand for a part of the stored picture, each for a square of shrink by shrink pixels; at
 // least one.
@@ -63,7 +40,7 @@ PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
     : name(path)
     , decoder(path, rules)
     , stored(decoder.header().width(), decoder.header().height())
-    , exifOrientation(vips_image_get_orientation(decoder.header().get_image()))
+    , seen(orientation())
 {
     const bool isAnimation = format() == QLatin1String("gif") || format() == QLatin1String("webp");
     if (vips_image_get_n_pages(decoder.header().get_image()) > 1)
@@ -71,40 +48,27 @@ PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
                                  : QStringLiteral("several pages: only the first is used"));
 }
 
-QSize PictureFile::inOtherFrame(const QSize& size) const
-{
-    return orientationOf(exifOrientation).isTurned ? size.transposed() : size;
-}
-
-QRect PictureFile::toStored(const QRect& oriented) const
-{
-    const Orientation orientation = orientationOf(exifOrientation);
-    QRect rect = oriented;
-    if (orientation.isTurned)
-        rect = QRect(rect.top(), stored.height() - 1 - rect.right(), rect.height(), rect.width());
-    if (orientation.isMirrored)
-        rect.moveLeft(stored.width() - rect.width() - rect.left());
-    if (orientation.isFlipped)
-        rect.moveTop(stored.height() - rect.height() - rect.top());
-    return rect;
-}
-
 QImage PictureFile::readWorkingImage()
 try {
-    const VImage pixels = oriented(pixelsForAnalysis(), exifOrientation);
-    const bool isReducedFirst = isForQt(pixels) && (pixels.bands() > 1 || !hasProfile(pixels));
+    const VImage pixels = seen.applied(pixelsForAnalysis());
+    const bool isReducedFirst = isForQt(pixels) && (pixels.bands() > 1 || !hasOtherColours(pixels));
     if (!isReducedFirst)
         return VXCrop::workingImage(toQImage(inSrgb(pixels)));
     // Far fewer pixels are left then whose colours are to be converted.
     QImage working = VXCrop::workingImage(toQImage(pixels));
-    if (!hasProfile(pixels))
+    if (!hasOtherColours(pixels))
         return working;
     return VXCrop::workingImage(toQImage(inSrgb(withProfileOf(pixels, toVipsImage(working)))));
 } catch (const vips::VError& error) {
     throwConverted(error);
 }
 
-QImage PictureFile::readAll() { return asSeen(decoded(1, QRect(QPoint(), stored)).pixels); }
+QImage PictureFile::readAll()
+try {
+    return toQImage(seen.applied(inSrgb(decoded(1, QRect(QPoint(), stored)).pixels)));
+} catch (const vips::VError& error) {
+    throwConverted(error);
+}
 
 QVector<VImage> PictureFile::readCuts(const QVector<Cut>& cuts)
 try {
@@ -113,24 +77,16 @@ try {
     for (const Cut& cut : cuts) {
         const QRect window = toStored(cut.window);
         area |= window;
-        shrink = std::min(shrink, shrinkFor(window.size(), inOtherFrame(cut.size)));
+        shrink = std::min(shrink, shrinkFor(window.size(), seen.inOtherFrame(cut.size)));
     }
     QVector<VImage> pictures;
     for (const Cut& cut : cuts) {
         const Decoded& source = decoded(shrink, area);
         const QRect window = toStored(cut.window).translated(-source.origin);
         const QRect part = partOf(window, source.shrink, boundsOf(source.pixels).size());
-        pictures.append(
-            oriented(scaledTo(source.pixels, part, inOtherFrame(cut.size)), exifOrientation));
+        pictures.append(seen.applied(scaledTo(source.pixels, part, seen.inOtherFrame(cut.size))));
     }
     return pictures;
-} catch (const vips::VError& error) {
-    throwConverted(error);
-}
-
-QImage PictureFile::asSeen(const VImage& pixels) const
-try {
-    return toQImage(oriented(inSrgb(pixels), exifOrientation));
 } catch (const vips::VError& error) {
     throwConverted(error);
 }
@@ -171,7 +127,7 @@ const PictureFile::Decoded& PictureFile::decoded(int shrink, const QRect& area)
 VImage PictureFile::pixelsForAnalysis()
 {
     const QRect all(QPoint(), stored);
-    const int shrink = shrinkFor(stored, inOtherFrame(VXCrop::workingSize(orientedSize())));
+    const int shrink = shrinkFor(stored, seen.inOtherFrame(VXCrop::workingSize(orientedSize())));
     if (isHeldWhole()) {
         const VImage pixels = decoded(1, all).pixels;
         const bool isReducedByVXCrop = shrink == 1 || isForQt(pixels);

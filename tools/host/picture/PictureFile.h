@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Decoder.h"
+#include "Orientation.h"
 #include "ReadingRules.h"
 
 #include <vips/vips8>
@@ -36,17 +37,17 @@ public:
     const QString& path() const { return name; }
 
     /// The size of the picture as it is seen, and as it is stored, in pixels.
-    QSize orientedSize() const { return inOtherFrame(stored); }
+    QSize orientedSize() const { return seen.inOtherFrame(stored); }
     QSize storedSize() const { return stored; }
 
     /// A rectangle of the picture as it is seen, in pixels of the picture as it is stored.
-    QRect toStored(const QRect& oriented) const;
+    QRect toStored(const QRect& oriented) const { return seen.toStored(oriented, stored); }
 
     /// The name of the format, such as "jpeg".
     const QString& format() const { return decoder.format(); }
 
     /// The EXIF orientation, 1 to 8.
-    int orientation() const { return exifOrientation; }
+    int orientation() const { return vips_image_get_orientation(decoder.header().get_image()); }
 
     /// The picture as it is seen, in sRGB, as VXCrop::workingImage() makes it. It does not depend on what else
     /// is read.
@@ -74,18 +75,16 @@ private:
         int shrink;
     };
 
-    QSize inOtherFrame(const QSize& size) const;
     int shrinkFor(const QSize& storedPart, const QSize& wanted) const;
     bool isHeldWhole() const;
     const Decoded& decoded(int shrink, const QRect& area);
     vips::VImage pixelsForAnalysis();
-    QImage asSeen(const vips::VImage& pixels) const;
     [[noreturn]] void throwConverted(const vips::VError& error) const;
 
     QString name;
     Decoder decoder;
     QSize stored;
-    int exifOrientation;
+    Orientation seen;
     QStringList notes;
     std::optional<Decoded> held;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <utility>
 
 namespace host {
 
@@ -78,35 +77,6 @@ VImage inMemory(const VImage& image, const QRect& part, const Deadline& deadline
                 bytesPerRow(memory));
     }
     return memory;
-}
-
-VImage oriented(const VImage& image, int orientation)
-{
-    struct Step {
-        VipsAngle turn;
-        bool isMirrored; // afterwards
-    };
-    if (orientation == 1)
-        return image;
-    static const std::array<Step, 8> steps { {
-        { VIPS_ANGLE_D0, false },
-        { VIPS_ANGLE_D0, true },
-        { VIPS_ANGLE_D180, false },
-        { VIPS_ANGLE_D180, true },
-        { VIPS_ANGLE_D90, true },
-        { VIPS_ANGLE_D90, false },
-        { VIPS_ANGLE_D270, true },
-        { VIPS_ANGLE_D270, false },
-    } };
-    const Step& step = steps.at(static_cast<std::size_t>(orientation - 1));
-    VImage turned = step.turn == VIPS_ANGLE_D0 ? image : image.rot(step.turn);
-    if (step.isMirrored)
-        turned = turned.fliphor();
-    turned = turned.copy();
-    vips_autorot_remove_angle(turned.get_image());
-    if (orientation > 4)
-        std::swap(turned.get_image()->Xres, turned.get_image()->Yres);
-    return turned;
 }
 
 } // namespace host

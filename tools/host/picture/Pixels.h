@@ -33,8 +33,4 @@ QRect boundsOf(const vips::VImage& image);
 /// \throws vips::VError, also when \a deadline passes.
 vips::VImage inMemory(const vips::VImage& image, const QRect& part, const Deadline& deadline);
 
-/// \a image turned and mirrored as EXIF's \a orientation, 1 to 8, says, and without an orientation then. It is
-/// computed when it is asked for.
-vips::VImage oriented(const vips::VImage& image, int orientation);
-
 } // namespace host

@@ -1,7 +1,6 @@
 #include "Scaling.h"
 
 #include "../ImageMemory.h"
-#include "Pixels.h"
 #include "QtPixels.h"
 
 #include <algorithm>
