@@ -29,11 +29,17 @@ TEST(AspectRatio, takesDecimals)
     expectRatio(QStringLiteral("2.5:1.25"), 2);
 }
 
+TEST(AspectRatio, takesOneNumberAsThatToOne)
+{
+    expectRatio(QStringLiteral("1.91"), 1.91);
+    expectRatio(QStringLiteral("2"), 2);
+}
+
 TEST(AspectRatio, refusesAnythingElseAndNamesIt)
 {
-    for (const char* const bad : { "", ":", "1", "1:", ":1", "0:1", "1:0", "0.0:1", "-1:1", "1:-1",
-             "16x9", "16/9", "16:9:1", "1e3:1", "1,5:1", " 1:1", "1:1\n", "inf:1", "nan:1",
-             "123456:1", "1.00001:1", "\xD9\xA1:1", "vier:3" }) {
+    for (const char* const bad : { "", ":", "0", "1.", " 1", "1:", ":1", "0:1", "1:0", "0.0:1",
+             "-1:1", "1:-1", "16x9", "16/9", "16:9:1", "1e3:1", "1,5:1", " 1:1", "1:1\n", "inf:1",
+             "nan:1", "123456:1", "1.00001:1", "\xD9\xA1:1", "vier:3" }) {
         try {
             host::parseAspectRatio(QString::fromUtf8(bad));
             ADD_FAILURE() << "accepted \"" << bad << '"';

@@ -36,42 +36,56 @@ public:
         const QSize shape(1 + random.below(90), 1 + random.below(90));
         isSized = random.below(2) == 0;
         task.shapes.append(isSized
-                ? host::parseSize(QStringLiteral("%1x%2").arg(shape.width()).arg(shape.height()))
+                ? host::parseSizes(
+                    QStringLiteral("%1x%2").arg(shape.width()).arg(shape.height()), {})
+                      .first()
                 : host::parseRatios(QStringLiteral("%1:%2").arg(shape.width()).arg(shape.height()))
                       .first());
         task.outputs.append(folder + QStringLiteral("-out.bmp"));
         if (random.below(3) == 0)
             task.constraints.focus = QPointF(random.below(101) / 100.0, random.below(101) / 100.0);
         if (random.below(3) == 0)
-            task.constraints.keep.append(QRect(random.below(size.width()),
-                random.below(size.height()), 1 + random.below(70), 1 + random.below(70)));
+            task.constraints.keep.append(randomArea());
         if (random.below(3) == 0)
-            task.constraints.avoid.append(QRect(random.below(size.width()),
-                random.below(size.height()), 1 + random.below(70), 1 + random.below(70)));
+            task.constraints.avoid.append(randomArea());
         return task;
     }
 
-    QString misses(const host::CropTask& task, const host::CropRecord& record, bool upscales) const
+    QString misses(const host::CropTask& task, const host::CropRecord& record, host::Fit fit) const
     {
         if (record.failure)
             return QString::fromUtf8(record.failure->what());
         const host::CropResult& crop = record.crops.first();
         const QRect window = crop.chosen.window;
         const host::CropShape& shape = task.shapes.first();
-        if (window != VXCrop(QImage(task.path)).window(shape.ratio, task.constraints).window)
+        if (window
+            != VXCrop(QImage(task.path))
+                   .window(shape.ratio, host::within(size, task.constraints, task.path))
+                   .window)
             return QStringLiteral("what a host chooses");
         if (!QRect(QPoint(), size).contains(window)
             || window.size() != VXCrop::largestWindow(size, shape.ratio))
             return QStringLiteral("the window");
         const bool fits
             = window.width() >= shape.size.width() && window.height() >= shape.size.height();
-        const QSize expected = isSized && (fits || upscales) ? shape.size : window.size();
+        const QSize expected
+            = isSized && (fits || fit != host::Fit::Smaller) ? shape.size : window.size();
         if (QImage(task.outputs.first()).size() != expected || crop.outputSize != expected)
             return QStringLiteral("the size");
         return QString();
     }
 
 private:
+    host::Area randomArea()
+    {
+        return host::parseArea(QStringLiteral("%1,%2,%3,%4")
+                                   .arg(random.below(size.width()))
+                                   .arg(random.below(size.height()))
+                                   .arg(1 + random.below(70))
+                                   .arg(1 + random.below(70)),
+            QString());
+    }
+
     support::Random random;
     QSize size;
     bool isSized = false;
@@ -89,11 +103,13 @@ TEST(Cropper, writesTheExactSizeWithinTheFrameForTenThousandRandomPictures)
         host::CropRules rules = quickRules();
         rules.ifExists = host::IfExists::Overwrite;
         for (unsigned seed = thread; seed < pictures; seed += threadCount) {
-            rules.upscales = seed % 3 == 0;
+            rules.fit = seed % 3 == 0 ? host::Fit::Enlarged
+                : seed % 3 == 1       ? host::Fit::Padded
+                                      : host::Fit::Smaller;
             host::Cropper cropper(rules, 1000);
             RandomCrop crop(seed);
             const host::CropTask task = crop.taskIn(folder.path(QString::number(thread)));
-            const QString miss = crop.misses(task, cropper.crop(task), rules.upscales);
+            const QString miss = crop.misses(task, cropper.crop(task), rules.fit);
             EXPECT_TRUE(miss.isEmpty()) << seed << ": " << miss.toStdString();
             misses.at(thread) += miss.isEmpty() ? 0 : 1;
         }

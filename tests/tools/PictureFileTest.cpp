@@ -358,7 +358,8 @@ TEST_F(PictureFile, cutsHaveTheColoursTheProfileAndTheResolutionOfATurnedPicture
         host::PictureFile file(path, host::ReadingRules());
         const QString written = folder.path(QStringLiteral("cut.png"));
         const QRect window(10, 20, 40, 30);
-        host::PictureWriter(file.readCuts({ { window, window.size() } }).first(), written).commit();
+        host::PictureWriter(file.readCuts({ { window, window.size() } }).first(), written)
+            .commit(true);
         const QImage cut(written);
         EXPECT_EQ(cut.colorSpace(), QColorSpace(QColorSpace::AdobeRgb)) << int { orientation };
         EXPECT_EQ(cut.dotsPerMeterX(), orientation < 5 ? 3937 : 7874) << int { orientation };
@@ -378,7 +379,7 @@ TEST_F(PictureFile, cutsHaveSixteenBitsWhereThePictureHas)
             const QString written = folder.path(QStringLiteral("cut.png"));
             host::PictureWriter(
                 file.readCuts({ { QRect(5, 5, 40, 40), QSize(side, side) } }).first(), written)
-                .commit();
+                .commit(true);
             const QImage cut(written);
             EXPECT_EQ(cut.format(), format);
             EXPECT_EQ(cut.size(), QSize(side, side));

@@ -22,7 +22,7 @@ protected:
     ExitCode failureOf(const QString& path) const
     {
         try {
-            host::PictureWriter(picture, path).commit();
+            host::PictureWriter(picture, path).commit(true);
         } catch (const host::HostError& error) {
             EXPECT_EQ(std::string(error.what()).rfind(path.toStdString(), 0), 0U) << error.what();
             return error.code();
@@ -115,7 +115,7 @@ TEST_F(PictureWriter, putsWhiteWhereAFormatKnowsNoTransparency)
             const QString path = folder.path(QString::fromUtf8(name));
             host::PictureFile file(source, host::ReadingRules());
             const QRect all(QPoint(), clear.size());
-            host::PictureWriter(file.readCuts({ { all, all.size() } }).first(), path).commit();
+            host::PictureWriter(file.readCuts({ { all, all.size() } }).first(), path).commit(true);
             EXPECT_EQ(QImage(path).pixel(30, 20), qRgb(255, 255, 255)) << name << format;
         }
     }

@@ -222,12 +222,22 @@ TEST_F(VxroiBatch, knowsAnOutputByWhateverNameItHas)
     EXPECT_EQ(reasonOf(all.at(1)), QStringLiteral("named for two outputs"));
 }
 
-TEST_F(VxroiBatch, hasARecordForAPictureWhoseNameIsNoText)
+TEST_F(VxroiBatch, cropsPicturesWhoseNamesAreNotUtf8AndShowsTheirBytes)
 {
     shell(QStringLiteral("cp in/p00.png \"$(printf 'in/odd\\377.png')\""));
-    const Outcome outcome = batch(QStringLiteral("in --ratio 1:1"));
-    EXPECT_EQ(records(outcome.out).size(), 11);
-    EXPECT_EQ(reasonOf(records(outcome.out).first()), QStringLiteral("no such file"));
+    const QString options = QStringLiteral("in --ratio 1:1 -o 'out/{stem}.png'");
+    const Outcome outcome = batch(options);
+    EXPECT_EQ(outcome.exitCode, 1) << "one is no picture";
+    EXPECT_TRUE(outcome.out.startsWith(R"({"crops":)"));
+    EXPECT_TRUE(outcome.out.contains(R"("path":"in/odd\udcff.png")")) << outcome.out.toStdString();
+    EXPECT_EQ(shell(QStringLiteral("test -s \"$(printf 'out/odd\\377.png')\"")).exitCode, 0);
+    // Records can be resumed, and their paths are those of lists.
+    EXPECT_EQ(batch(options + QStringLiteral(" --if-exists overwrite --resume r")).exitCode, 1);
+    const Outcome resumed = batch(options + QStringLiteral(" --resume r"));
+    EXPECT_EQ(resumed.exitCode, 1) << resumed.err.toStdString();
+    folder.save(QByteArray(R"({"path": "in/odd\udcff.png"})"), QStringLiteral("list"));
+    EXPECT_EQ(batch(QStringLiteral("--from list --ratio 1:1")).exitCode, 0);
+    shell(QStringLiteral("rm \"$(printf 'in/odd\\377.png')\" \"$(printf 'out/odd\\377.png')\""));
 }
 
 TEST_F(VxroiBatch, leavesHiddenFilesAndLinksToFoldersOut)
@@ -338,7 +348,7 @@ TEST_F(VxroiBatch, resumesWithoutTouchingAFileThatIsNotItsOwn)
     EXPECT_EQ(batch(options).exitCode, 1);
     EXPECT_EQ(contentOf(QStringLiteral("p02.png")), QByteArray("mine"));
     const QByteArray whole = contentOf(QStringLiteral("records"));
-    EXPECT_EQ(reasonOf(records(whole).at(2)), QStringLiteral("is there already"));
+    EXPECT_EQ(reasonOf(records(whole).at(2)), QStringLiteral("already exists"));
     const QByteArray uninterrupted
         = batch(QStringLiteral("in --ratio 1:1 -o '{stem}.png' --if-exists skip")).out;
     EXPECT_TRUE(uninterrupted.contains("\"status\":\"skipped\""));

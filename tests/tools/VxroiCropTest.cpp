@@ -182,7 +182,7 @@ TEST_F(VxroiCrop, saysSoWhenNobodyReadsItsWindow)
 
 TEST_F(VxroiCrop, refusesABadRatioBeforeItLooksAtThePicture)
 {
-    for (const char* const bad : { "0:1", "1", "wide", "16x9", "-4:3" }) {
+    for (const char* const bad : { "0:1", "1:", "wide", "16x9", "-4:3" }) {
         const QString ratio = QString::fromUtf8(bad);
         expectFailure(crop(QStringLiteral("none.png"), ratio), 64, ratio);
     }

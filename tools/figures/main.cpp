@@ -15,7 +15,7 @@ try {
     const QDir folder(QCoreApplication::arguments().value(1, QStringLiteral(".")));
     for (const figures::Figure& figure : figures::drawFigures())
         host::PictureWriter(figure.image, folder.filePath(figure.name + QStringLiteral(".jpg")))
-            .commit();
+            .commit(true);
     return 0;
 } catch (const host::HostError& error) {
     std::cerr << "vxroi-figures: " << error.what() << '\n';

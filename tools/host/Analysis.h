@@ -5,6 +5,9 @@
 #include <VXCrop/VXCrop.h>
 
 #include <QString>
+#include <QStringList>
+
+#include <memory>
 
 namespace host {
 
@@ -14,14 +17,17 @@ struct AnalysisRules {
     ReadingRules reading;
 };
 
-/// Analyses a picture.
+/// Analyses a picture; of several frames, it takes the mean of the maps of at most ten.
 /// \throws HostError when it is damaged.
 VXCrop analysisOf(PictureFile& picture, const VXCropSettings& salience);
 
-/// Takes the salience map of a picture of size \a picture from the file at \a path; see
-/// VXCrop::fromMap(). What the user should know of the map is added to \a warnings.
+/// Opens a picture that is a salience map.
 /// \throws HostError when it is missing, is no picture, or breaks the rules.
-VXCrop analysisFromMap(
-    const QString& path, const QSize& picture, const ReadingRules& rules, QStringList& warnings);
+std::unique_ptr<PictureFile> openMap(const QString& path, const ReadingRules& rules);
+
+/// Takes the salience map of a picture of size \a picture from \a map; see VXCrop::fromMap(). What the user should
+/// know of the map is added to \a warnings.
+/// \throws HostError when it is damaged.
+VXCrop analysisFromMap(PictureFile& map, const QSize& picture, QStringList& warnings);
 
 } // namespace host

@@ -18,11 +18,13 @@ int tenThousandths(const QString& whole, const QString& fraction)
 
 QSize parseAspectRatio(const QString& text)
 {
-    static const QRegularExpression pattern(
-        QStringLiteral(R"(\A([0-9]{1,5})(?:\.([0-9]{1,4}))?:([0-9]{1,5})(?:\.([0-9]{1,4}))?\z)"));
+    static const QRegularExpression pattern(QStringLiteral(
+        R"(\A([0-9]{1,5})(?:\.([0-9]{1,4}))?(?::([0-9]{1,5})(?:\.([0-9]{1,4}))?)?\z)"));
     const QRegularExpressionMatch match = pattern.match(text);
+    const bool isToOne = match.captured(3).isEmpty();
     const QSize ratio(tenThousandths(match.captured(1), match.captured(2)),
-        tenThousandths(match.captured(3), match.captured(4)));
+        isToOne ? tenThousandths(QStringLiteral("1"), QString())
+                : tenThousandths(match.captured(3), match.captured(4)));
     if (!match.hasMatch() || ratio.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("--ratio %1").arg(text),
             QStringLiteral("not a ratio"),

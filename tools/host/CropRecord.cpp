@@ -91,6 +91,8 @@ QByteArray CropRecord::toJson() const
             { QStringLiteral("orientation"), orientation },
             { QStringLiteral("oriented"), jsonOf(oriented) },
             { QStringLiteral("source"), jsonOf(stored) } };
+        if (frames > 1)
+            picture.insert(QStringLiteral("frames"), frames);
         object.insert(QStringLiteral("picture"), picture);
         QJsonArray list;
         for (const CropResult& crop : crops)

@@ -26,6 +26,7 @@ struct CropResult {
     VXCropWindow chosen;
     QRect stored; ///< the window in pixels of the picture as it is stored
     QSize outputSize; ///< of the picture that is written
+    QSize contentSize; ///< of the crop in it
     QString outputPath;
     Written written = Written::Nothing;
 };
@@ -38,6 +39,7 @@ struct CropRecord {
     QSize stored;
     QSize oriented;
     int orientation = 1;
+    int frames = 1; ///< that are analysed and written
     QStringList warnings;
     QVector<CropResult> crops;
     std::optional<HostError> failure;

@@ -1,32 +1,6 @@
 #include "CropWindow.h"
 
-#include "HostError.h"
-
 namespace host {
-
-namespace {
-
-void cutOff(QVector<QRect>& areas, const QSize& picture, const char* option)
-{
-    for (QRect& area : areas) {
-        const QRect part = area & QRect(QPoint(), picture);
-        if (part.isEmpty())
-            throw HostError(ExitCode::Usage,
-                QStringLiteral("%1 %2,%3,%4,%5")
-                    .arg(QLatin1String(option))
-                    .arg(area.x())
-                    .arg(area.y())
-                    .arg(area.width())
-                    .arg(area.height()),
-                QStringLiteral("lies outside the picture of %1 x %2 pixels")
-                    .arg(picture.width())
-                    .arg(picture.height()),
-                QStringLiteral("give left, top, width and height in pixels"));
-        area = part;
-    }
-}
-
-} // namespace
 
 QString nameOf(VXCropReason reason)
 {
@@ -54,13 +28,6 @@ QString geometryOf(const QRect& window)
         .arg(window.height())
         .arg(window.x())
         .arg(window.y());
-}
-
-VXCropConstraints within(const QSize& picture, VXCropConstraints constraints)
-{
-    cutOff(constraints.keep, picture, "--keep");
-    cutOff(constraints.avoid, picture, "--avoid");
-    return constraints;
 }
 
 QRect centredIn(const QSize& picture, const QSize& window)

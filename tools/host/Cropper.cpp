@@ -1,7 +1,6 @@
 #include "Cropper.h"
 
 #include "SalienceSettings.h"
-#include "picture/PictureWriter.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,10 +16,12 @@ namespace {
 
 constexpr qint64 thousand = 1000;
 
-[[noreturn]] void throwIsThere(const QString& output)
+void warnOfLostFrames(CropRecord& record, const CropResult& crop, const WritingRules& rules)
 {
-    throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there already"),
-        QStringLiteral("choose another name, or --if-exists overwrite or skip"));
+    const Format& format = formatOf(crop.outputPath, rules);
+    if (record.frames > 1 && !format.abilities.testFlag(Ability::Frames))
+        record.warnings.append(QStringLiteral("animated: %1 holds only the first frame")
+                                   .arg(QLatin1String(format.name)));
 }
 
 } // namespace
@@ -72,7 +73,7 @@ void Cropper::plan(CropRecord& record, const CropTask& task) const
             if (!task.map.isEmpty())
                 refuseToOverwriteInput(task.map, crop.outputPath);
             requireReplaceable(crop.outputPath);
-            requireKnownFormat(crop.outputPath);
+            requireKnownFormat(crop.outputPath, rules.writing);
         }
         crop.written = planFor(crop.outputPath);
         record.crops.append(crop);
@@ -97,14 +98,16 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     record.oriented = picture.orientedSize();
     record.orientation = picture.orientation();
 
-    const qint64 pixelCount = qint64 { record.stored.width() } * record.stored.height();
+    record.frames = picture.frameCount();
+    const std::unique_ptr<PictureFile> map
+        = task.map.isEmpty() ? nullptr : openMap(task.map, rules.analysis.reading);
+    const qint64 pixelCount = std::max(picture.countedPixels(), map ? map->countedPixels() : 0);
     const int needed = static_cast<int>(std::min<qint64>(pixelCount / thousand + 1, budget));
     unusedBudget.acquire(needed);
     const QSemaphoreReleaser releaser(unusedBudget, needed);
 
-    const VXCrop analysis = task.map.isEmpty()
-        ? analysisOf(picture, rules.analysis.salience)
-        : analysisFromMap(task.map, record.oriented, rules.analysis.reading, record.warnings);
+    const VXCrop analysis = map ? analysisFromMap(*map, record.oriented, record.warnings)
+                                : analysisOf(picture, rules.analysis.salience);
     choose(record, task, analysis, picture);
     write(record, picture);
     record.warnings += picture.warnings();
@@ -113,26 +116,44 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
 void Cropper::choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
     const PictureFile& picture) const
 {
-    const VXCropConstraints constraints = within(analysis.pictureSize(), task.constraints);
+    const VXCropConstraints constraints
+        = within(analysis.pictureSize(), task.constraints, task.path);
     for (int i = 0; i < task.shapes.size(); ++i) {
         CropResult& crop = record.crops[i];
         crop.chosen = analysis.window(task.shapes.at(i).ratio, constraints);
         const QRect& window = crop.chosen.window;
         crop.stored = picture.toStored(window);
-        crop.outputSize = task.shapes.at(i).outputSize(window.size(), rules.upscales);
-        const qint64 pixels = qint64 { crop.outputSize.width() } * crop.outputSize.height();
-        if (pixels > rules.analysis.reading.mostPixels)
-            throw HostError(ExitCode::Usage, crop.shape,
-                QStringLiteral("more pixels than are allowed"),
-                QStringLiteral("allow them with --max-pixels %1").arg(pixels));
+        setOutputSize(record, crop, task.shapes.at(i), picture.frameCount());
     }
+}
+
+void Cropper::setOutputSize(
+    CropRecord& record, CropResult& crop, const CropShape& shape, int frameCount) const
+{
+    const QSize window = crop.chosen.window.size();
+    const bool isFilled = !shape.size.isValid() || shape.isFilledBy(window);
+    crop.outputSize
+        = shape.size.isValid() && (isFilled || rules.fit != Fit::Smaller) ? shape.size : window;
+    crop.contentSize = isFilled || rules.fit == Fit::Enlarged ? crop.outputSize : window;
+    if (!isFilled && rules.fit == Fit::Smaller)
+        record.warnings.append(QStringLiteral(
+            "the crop for %1 has only %2 x %3 pixels; --upscale enlarges it, --fit pad puts "
+            "background around it")
+                                   .arg(shape.name)
+                                   .arg(window.width())
+                                   .arg(window.height()));
+    const qint64 pixels
+        = qint64 { crop.outputSize.width() } * crop.outputSize.height() * frameCount;
+    if (pixels > rules.analysis.reading.mostPixels)
+        throw HostError(ExitCode::Usage, crop.shape, QStringLiteral("more pixels than are allowed"),
+            QStringLiteral("allow them with --max-pixels %1").arg(pixels));
 }
 
 Written Cropper::planFor(const QString& output) const
 {
     if (output.isEmpty())
         return Written::Nothing;
-    const bool exists = QFileInfo::exists(output);
+    const bool exists = !isStandardStream(output) && QFileInfo::exists(output);
     if (exists && !rules.isResumed)
         return planForOtherContent(output);
     return rules.isDryRun ? Written::Planned : Written::File;
@@ -155,24 +176,32 @@ void Cropper::write(CropRecord& record, PictureFile& picture) const
         if (crop.written != Written::File)
             continue;
         crops.append(&crop);
-        cuts.append({ crop.chosen.window, crop.outputSize });
+        cuts.append(
+            { crop.chosen.window, crop.contentSize, crop.outputSize, rules.writing.background });
     }
     if (crops.isEmpty())
         return;
     const QVector<vips::VImage> pictures = picture.readCuts(cuts);
+    const bool mayReplace = rules.ifExists == IfExists::Overwrite;
     std::deque<PictureWriter> files;
+    WritingRules writing = rules.writing;
     for (int i = 0; i < crops.size(); ++i) {
         CropResult& crop = *crops.at(i);
+        if (isStandardStream(crop.outputPath) && writing.format == nullptr)
+            writing.format = formatCalled(picture.format());
+        warnOfLostFrames(record, crop, writing);
         if (rules.makesFolders)
             QDir().mkpath(QFileInfo(crop.outputPath).path());
-        files.emplace_back(pictures.at(i), crop.outputPath);
-        if (files.back().differsFromExisting())
+        files.emplace_back(pictures.at(i), crop.outputPath, writing, picture.deadline());
+        const PictureWriter::Existing existing = files.back().existing();
+        if (existing == PictureWriter::Existing::Other)
             crop.written = planForOtherContent(crop.outputPath);
-        if (crop.written != Written::File)
+        const bool isThere = existing == PictureWriter::Existing::Same && !mayReplace;
+        if (crop.written != Written::File || isThere)
             files.pop_back();
     }
     for (PictureWriter& file : files)
-        file.commit();
+        file.commit(mayReplace);
 }
 
 } // namespace host

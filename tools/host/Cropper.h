@@ -1,8 +1,10 @@
 #pragma once
 
 #include "Analysis.h"
+#include "Constraints.h"
 #include "CropRecord.h"
 #include "CropShape.h"
+#include "picture/PictureWriter.h"
 
 #include <QSemaphore>
 #include <QStringList>
@@ -16,13 +18,21 @@ enum class IfExists {
     Overwrite,
 };
 
+/// What becomes of a crop that has fewer pixels than the size that is asked for.
+enum class Fit {
+    Smaller, ///< it is written with the pixels that it has, and a warning says so
+    Enlarged,
+    Padded, ///< there is background around it
+};
+
 /// What holds for every picture of a run.
 struct CropRules {
     AnalysisRules analysis;
     IfExists ifExists = IfExists::Fail;
     bool isResumed
         = false; ///< a file that is what would be written is from an earlier run: it counts
-    bool upscales = false; ///< enlarge a window that is smaller than the size asked for
+    Fit fit = Fit::Smaller;
+    WritingRules writing = {};
     bool isDryRun = false; ///< write no file
     bool makesFolders = false; ///< make the folders that outputs go to
 };
@@ -32,7 +42,7 @@ struct CropTask {
     QString path;
     QVector<CropShape> shapes;
     QStringList outputs; ///< one for each shape, or none at all
-    VXCropConstraints constraints;
+    Constraints constraints;
     QString map = {}; ///< a file to take the salience map from; empty: it is computed
     std::optional<HostError> failure = std::nullopt; ///< why there is nothing to crop
 };
@@ -55,6 +65,8 @@ private:
     void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
     void write(CropRecord& record, PictureFile& picture) const;
+    void setOutputSize(
+        CropRecord& record, CropResult& crop, const CropShape& shape, int frameCount) const;
     Written planFor(const QString& output) const;
     Written planForOtherContent(const QString& output) const;
 

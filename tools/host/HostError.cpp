@@ -1,5 +1,8 @@
 #include "HostError.h"
 
+#include "FileName.h"
+#include "StandardError.h"
+
 #include <algorithm>
 
 namespace host {
@@ -7,7 +10,8 @@ namespace host {
 HostError::HostError(
     ExitCode code, const QString& subject, const QString& reason, const QString& remedy)
     : std::runtime_error(
-        onOneLine(QStringLiteral("%1: %2; %3").arg(subject, reason, remedy)).toStdString())
+        bytesOfName(onOneLine(QStringLiteral("%1: %2; %3").arg(subject, reason, remedy)))
+            .toStdString())
     , exitCode(code)
     , whatIsWrong(onOneLine(reason))
     , whatToDo(onOneLine(remedy))
@@ -19,6 +23,19 @@ HostError threadsRefused()
     return HostError(ExitCode::Internal, QStringLiteral("threads"),
         QStringLiteral("the system refuses to start them"),
         QStringLiteral("allow more processes and more memory, see ulimit -u and ulimit -v"));
+}
+
+HostError tooSlow(const QString& path, int mostSeconds)
+{
+    return HostError(ExitCode::UnreadableInput, path,
+        QStringLiteral("takes more than %1 seconds").arg(mostSeconds),
+        QStringLiteral("allow more with --max-seconds"));
+}
+
+void writeWarning(const QString& path, const QString& warning)
+{
+    const QString line = onOneLine(QStringLiteral("%1: %2").arg(path, warning));
+    writeError("vxroi: " + bytesOfName(line).toStdString() + '\n');
 }
 
 QString onOneLine(QString text)

@@ -40,9 +40,15 @@ private:
 /// What a program says when the system refuses it a thread that it needs.
 HostError threadsRefused();
 
+/// What a program says of a picture that has taken all the time it may take.
+HostError tooSlow(const QString& path, int mostSeconds);
+
 /// What the program says before it ends with ExitCode::Internal for want of memory.
 constexpr const char* noMemoryLine
     = "vxroi: there is not enough memory; allow more, see ulimit -v\n";
+
+/// Writes one line to stderr that says what the user should know of the picture at \a path.
+void writeWarning(const QString& path, const QString& warning);
 
 /// \a text on one line: control characters, which a file name may hold, become question marks.
 QString onOneLine(QString text);

@@ -1,11 +1,15 @@
 #include "OutputName.h"
 
+#include "FileName.h"
 #include "HostError.h"
 
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
+
+#include <filesystem>
+#include <system_error>
 
 namespace host {
 
@@ -34,12 +38,14 @@ OutputName::OutputName(const QString& pattern, Of owner)
                      : QStringLiteral("use {dir}, {stem} and {ext}"));
 }
 
-QString OutputName::nameFor(const QString& input, const CropShape& shape) const
+QString OutputName::nameFor(
+    const QString& input, const CropShape& shape, const QString& suffix) const
 {
     const QFileInfo info(input);
     const QHash<QString, QString> values { { QStringLiteral("dir"), info.path() },
         { QStringLiteral("stem"), info.completeBaseName() },
-        { QStringLiteral("ext"), info.suffix() }, { QStringLiteral("ratio"), shape.fileName() } };
+        { QStringLiteral("ext"), suffix.isEmpty() ? info.suffix() : suffix },
+        { QStringLiteral("ratio"), shape.fileName() } };
     QString name;
     int done = 0;
     for (auto found = places().globalMatch(text); found.hasNext();) {
@@ -50,13 +56,31 @@ QString OutputName::nameFor(const QString& input, const CropShape& shape) const
     return name + text.midRef(done);
 }
 
+QString OutputName::folderFor(const QString& input) const
+{
+    constexpr QLatin1String directory("{dir}", 5);
+    QString begin = text;
+    if (begin.startsWith(directory))
+        begin.replace(0, directory.size(), QFileInfo(input).path());
+    else if (!begin.contains(places()))
+        return QFileInfo(begin).path();
+    const QString folder = QFileInfo(begin.left(begin.indexOf(places()))).path();
+    return folder.isEmpty() ? QStringLiteral(".") : folder;
+}
+
 QString canonicalPathOf(const QString& path)
 {
-    const QFileInfo info(QFileInfo(path).absoluteFilePath());
-    QString existing = info.canonicalFilePath();
-    if (!existing.isEmpty() || info.isRoot())
-        return existing;
-    return canonicalPathOf(info.path()) + QLatin1Char('/') + info.fileName();
+    std::error_code error;
+    const auto canonical = std::filesystem::weakly_canonical(
+        std::filesystem::absolute(bytesOfName(path).toStdString(), error), error);
+    return textOfName(QByteArray::fromStdString(canonical.string()));
+}
+
+bool isWithin(const QString& folder, const QString& path)
+{
+    const QString inner = canonicalPathOf(path);
+    const QString outer = canonicalPathOf(folder);
+    return inner.startsWith(outer.endsWith(QLatin1Char('/')) ? outer : outer + QLatin1Char('/'));
 }
 
 bool OutputName::hasPlaces() const { return text.contains(places()); }

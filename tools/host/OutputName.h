@@ -18,7 +18,11 @@ public:
     explicit OutputName(const QString& pattern, Of owner = Of::Crop);
 
     /// The name for a crop of \a shape of the picture at \a input.
-    QString nameFor(const QString& input, const CropShape& shape) const;
+    /// \param suffix what {ext} stands for; empty: that of the picture.
+    QString nameFor(const QString& input, const CropShape& shape, const QString& suffix = {}) const;
+
+    /// The folder that the name is in before any place but a {dir} that it begins with is filled.
+    QString folderFor(const QString& input) const;
 
     /// Whether there is any place to fill: then missing folders are made.
     bool hasPlaces() const;
@@ -29,5 +33,8 @@ private:
 
 /// The path of a file that need not be there yet, by way of no link: two names of one file are one.
 QString canonicalPathOf(const QString& path);
+
+/// Whether the file at \a path, which need not be there yet, is or will be in \a folder or a folder within it.
+bool isWithin(const QString& folder, const QString& path);
 
 } // namespace host

@@ -16,7 +16,7 @@ void drawInto(const QString& folder)
     for (const scenes::Scene& scene : scenes::sampleScenes()) {
         const QString path = QStringLiteral("%1/%2.png").arg(folder, scene.name);
         host::PictureWriter file(scene.draw(), path);
-        file.commit();
+        file.commit(true);
         std::cout << path.toStdString() << '\n';
     }
 }

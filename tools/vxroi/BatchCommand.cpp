@@ -27,12 +27,16 @@ std::unique_ptr<Inputs> inputsOf(const BatchArguments& arguments)
         throw HostError(ExitCode::Usage, QStringLiteral("batch"),
             QStringLiteral("wants a folder or a list, and not both"),
             QStringLiteral("name a folder, or add --from FILE; see vxroi batch --help"));
+    if (arguments.crop.output == "-")
+        throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
+            QStringLiteral("standard output is for records"),
+            QStringLiteral("name files, such as {stem}-{ratio}.jpg"));
     const Shard shard = parseShard(arguments.shard);
     if (arguments.folder.empty())
         return std::make_unique<ListedInputs>(
-            QString::fromStdString(arguments.from), arguments.nulSeparated, shard);
+            pathFrom(arguments.from), arguments.nulSeparated, shard);
     return std::make_unique<FolderInputs>(
-        QString::fromStdString(arguments.folder), arguments.recursive, shard, arguments.crop);
+        pathFrom(arguments.folder), arguments.recursive, shard, arguments.crop);
 }
 
 host::CropRules rulesOf(const BatchArguments& arguments)
@@ -47,9 +51,9 @@ class Batch {
 public:
     explicit Batch(const BatchArguments& arguments)
         : inputs(inputsOf(arguments))
-        , plan(arguments.crop, arguments.from.empty())
+        , plan(arguments.crop, arguments.from.empty(), arguments.mayLeave)
         , cropper(rulesOf(arguments), arguments.analysis.maxPixels)
-        , records(QString::fromStdString(arguments.resume))
+        , records(pathFrom(arguments.resume))
         , progress(inputs->count(), arguments.quiet)
         , work(arguments.jobs > 0 ? arguments.jobs : defaultWorkerCount())
     {
@@ -135,6 +139,10 @@ void addBatchCommand(CLI::App& app, BatchArguments& arguments, host::ExitCode& e
                   "read paths, or inputs as JSON, from the lines of this file; - is standard input")
               ->type_name("FILE");
     batch->add_flag("-0,--null", arguments.nulSeparated, "paths of the list end in NUL")
+        ->needs(from);
+    batch
+        ->add_flag("--allow-outside", arguments.mayLeave,
+            "let \"out\" of a list's lines lead out of the current folder")
         ->needs(from);
     arguments.crop.addTo(*batch);
     batch

@@ -12,6 +12,7 @@ struct BatchArguments {
     bool recursive = false;
     std::string from; ///< a file of paths or inputs, "-" for standard input
     bool nulSeparated = false;
+    bool mayLeave = false; ///< outputs that the list names may lie outside the current folder
     std::string shard; ///< empty: all of the list
     std::string resume; ///< empty: records go to standard output
     int jobs = 0; ///< 0: one for each core

@@ -31,8 +31,8 @@ QJsonObject jsonOf(const host::GridCell& cell)
 
 void runCluster(const ClusterArguments& arguments)
 {
-    const QString input = QString::fromStdString(arguments.picture);
-    const QString output = QString::fromStdString(arguments.output);
+    const QString input = pathFrom(arguments.picture);
+    const QString output = pathFrom(arguments.output);
     const QSize grid = host::parseGrid(QString::fromStdString(arguments.grid));
     const host::AnalysisRules rules = arguments.analysis.rules();
     if (!output.isEmpty())

@@ -5,6 +5,7 @@
 #include "CropCommand.h"
 #include "MapCommand.h"
 #include "ReportCommand.h"
+#include "host/FileName.h"
 
 #include <CLI/CLI.hpp>
 
@@ -39,8 +40,8 @@ ExitCode reportParseError(const CLI::App& app, const CLI::ParseError& error)
         app.exit(error);
         return ExitCode::Success;
     }
-    const QString line = host::onOneLine(QString::fromUtf8(error.what()));
-    return fail(ExitCode::Usage, line.toStdString() + "; see vxroi --help");
+    const QString line = host::onOneLine(host::textOfName(error.what()));
+    return fail(ExitCode::Usage, host::bytesOfName(line).toStdString() + "; see vxroi --help");
 }
 
 // The arguments, last first, as the parser takes them. It would take "[a,b]" apart as a list;

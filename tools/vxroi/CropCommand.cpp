@@ -3,6 +3,8 @@
 #include "Tasks.h"
 #include "WorkerThreads.h"
 #include "host/CropWindow.h"
+#include "host/FileName.h"
+#include "host/HostError.h"
 #include "host/StandardError.h"
 
 #include <CLI/CLI.hpp>
@@ -52,7 +54,7 @@ void print(const CropRecord& record, const CropArguments& arguments, bool isOnly
     for (const CropResult& crop : record.crops) {
         const QString line = lineOf(crop.chosen, record.oriented, arguments.emit);
         if (!isOnlyLine)
-            std::cout << host::onOneLine(record.path).toStdString() << '\t'
+            std::cout << host::bytesOfName(host::onOneLine(record.path)).toStdString() << '\t'
                       << crop.shape.toStdString() << '\t';
         std::cout << line.toStdString() << '\n';
     }
@@ -62,6 +64,11 @@ void print(const CropRecord& record, const CropArguments& arguments, bool isOnly
 
 host::ExitCode runCrop(const CropArguments& arguments)
 {
+    const bool isStreamTaken = arguments.crop.output == "-";
+    if (isStreamTaken && arguments.json)
+        throw host::HostError(ExitCode::Usage, QStringLiteral("--output -"),
+            QStringLiteral("standard output is for the record"),
+            QStringLiteral("name a file, or leave --json out"));
     TaskPlan plan(arguments.crop);
     host::Cropper cropper(arguments.crop.rules(arguments.analysis), arguments.analysis.maxPixels);
     const bool isOnlyPicture = arguments.pictures.size() == 1;
@@ -69,8 +76,8 @@ host::ExitCode runCrop(const CropArguments& arguments)
     startWorkerThreads();
     bool hasFailed = false;
     for (const std::string& picture : arguments.pictures) {
-        const CropRecord record = plan.crop(cropper, { QString::fromStdString(picture) });
-        if (arguments.json || !record.failure)
+        const CropRecord record = plan.crop(cropper, { pathFrom(picture) });
+        if (arguments.json || !(record.failure || isStreamTaken))
             print(record, arguments, isOnlyLine);
         if (record.failure && isOnlyPicture)
             throw host::HostError(*record.failure);
@@ -78,9 +85,7 @@ host::ExitCode runCrop(const CropArguments& arguments)
             host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
         else
             for (const QString& warning : record.warnings)
-                host::writeError(QStringLiteral("vxroi: %1: %2\n")
-                                     .arg(host::onOneLine(record.path), warning)
-                                     .toStdString());
+                host::writeWarning(record.path, warning);
         hasFailed = hasFailed || record.failure;
     }
     return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
@@ -90,7 +95,7 @@ void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exi
 {
     CLI::App* const crop
         = app.add_subcommand("crop", "Choose the windows to keep of pictures, and crop them");
-    crop->add_option("PICTURE", arguments.pictures, "the picture files to read")->required();
+    crop->add_option("PICTURE", arguments.pictures, "the picture files to read; - is standard input")->required();
     arguments.crop.addTo(*crop);
     crop->add_flag("--json", arguments.json, "print one record for each picture, as JSON");
     crop->add_option("--emit", arguments.emit,

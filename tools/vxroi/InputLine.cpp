@@ -1,6 +1,8 @@
 #include "InputLine.h"
 
 #include "Options.h"
+#include "host/FileName.h"
+#include "host/OutputFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -29,8 +31,18 @@ constexpr QLatin1String outKey("out", 3);
         QStringLiteral("write an object such as {\"path\": \"a.jpg\", \"ratios\": [\"1:1\"]}"));
 }
 
-// A NUL would end the name within the system, and half of a surrogate pair is no character.
-bool mayBeName(const QString& text) { return text.isValidUtf16() && !text.contains(QChar(0)); }
+// A NUL would end the name within the system, and half of a surrogate pair is no character unless it stands for a
+// byte.
+bool mayBeName(const QString& text)
+{
+    return host::textOfName(host::bytesOfName(text)) == text && !text.contains(QChar(0));
+}
+
+// A list names files only.
+QString fileCalled(const QString& name)
+{
+    return host::isStandardStream(name) ? QStringLiteral("./") + name : name;
+}
 
 QString stringOf(const QJsonValue& value, const QString& key)
 {
@@ -48,27 +60,29 @@ QJsonArray arrayOf(const QJsonValue& value, const QString& key)
     return value.toArray();
 }
 
-// The numbers of an array with commas between them, as they are written on a command line.
+// The numbers of an array, or texts such as "20%", with commas between them, as they are written on a command line.
 QString withCommas(const QJsonArray& numbers, const QString& key)
 {
     QStringList texts;
     for (const QJsonValue& number : numbers) {
-        if (!number.isDouble())
+        const bool isPercent = number.toString().endsWith(QLatin1Char('%'));
+        if (!number.isDouble() && !isPercent)
             refuse(QStringLiteral("\"%1\" holds something else than numbers").arg(key));
-        texts.append(QString::number(number.toDouble(), 'g', 12));
+        texts.append(isPercent ? number.toString() : QString::number(number.toDouble(), 'g', 12));
     }
     return texts.join(QLatin1Char(','));
 }
 
 // The areas that the object has under the key, if any.
-QVector<QRect> areasIn(const QJsonObject& object, const QString& key)
+QVector<host::Area> areasIn(const QJsonObject& object, const QString& key)
 {
-    QVector<QRect> areas;
+    QVector<host::Area> areas;
     if (!object.contains(key))
         return areas;
     const QJsonArray array = arrayOf(object.value(key), key);
     for (const QJsonValue& area : array)
-        areas.append(parseArea(withCommas(arrayOf(area, key), key), QStringLiteral("--") + key));
+        areas.append(
+            host::parseArea(withCommas(arrayOf(area, key), key), QStringLiteral("--") + key));
     return areas;
 }
 
@@ -84,12 +98,12 @@ void requireKnownKeys(const QJsonObject& object)
 void fill(Input& input, const QJsonObject& object)
 {
     requireKnownKeys(object);
-    VXCropConstraints constraints;
+    host::Constraints constraints;
     constraints.keep = areasIn(object, keepKey);
     constraints.avoid = areasIn(object, avoidKey);
     if (object.contains(focusKey))
         constraints.focus
-            = parsePoint(withCommas(arrayOf(object.value(focusKey), focusKey), focusKey));
+            = host::parsePoint(withCommas(arrayOf(object.value(focusKey), focusKey), focusKey));
     if (object.contains(keepKey) || object.contains(avoidKey) || object.contains(focusKey))
         input.constraints = constraints;
     if (object.contains(mapKey))
@@ -100,14 +114,14 @@ void fill(Input& input, const QJsonObject& object)
             input.shapes += host::parseRatios(stringOf(ratio, ratiosKey));
     }
     if (object.contains(outKey))
-        input.output = stringOf(object.value(outKey), outKey);
+        input.output = fileCalled(stringOf(object.value(outKey), outKey));
 }
 
 } // namespace
 
 Input inputFromPath(const QByteArray& line, qint64 lineNumber)
 {
-    Input input { QString::fromUtf8(line) };
+    Input input { fileCalled(host::textOfName(line)) };
     if (line.contains('\0')) {
         input.path = QStringLiteral("(line %1)").arg(lineNumber);
         input.failure = HostError(ExitCode::Usage, input.path,
@@ -125,7 +139,7 @@ Input inputFromJson(const QByteArray& line, qint64 lineNumber)
         const QJsonDocument document = QJsonDocument::fromJson(line, &error);
         if (!document.isObject())
             refuse(QStringLiteral("not JSON: %1").arg(error.errorString()));
-        input.path = stringOf(document.object().value(pathKey), pathKey);
+        input.path = fileCalled(stringOf(document.object().value(pathKey), pathKey));
         fill(input, document.object());
     } catch (const HostError& error) {
         input.failure = error;

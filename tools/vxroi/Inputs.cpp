@@ -2,6 +2,7 @@
 
 #include "InputLine.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/picture/Formats.h"
 
@@ -24,7 +25,7 @@ using host::HostError;
 bool isCalledAsPicture(const std::filesystem::path& path)
 {
     const QString suffix = QString::fromStdString(path.extension().string()).mid(1);
-    return host::pictureSuffixes().contains(suffix, Qt::CaseInsensitive);
+    return host::formatCalled(suffix) != nullptr;
 }
 
 // Folders that cannot be read stand in the list themselves, so that they get a record that says so.
@@ -33,7 +34,7 @@ void addPicturesIn(const std::filesystem::path& folder, bool isRecursive, QStrin
     std::error_code error;
     const std::filesystem::directory_iterator entries(folder, error);
     if (error)
-        paths.append(QString::fromStdString(folder.string()));
+        paths.append(pathFrom(folder.string()));
     for (const std::filesystem::directory_entry& entry : entries) {
         const std::filesystem::path& path = entry.path();
         const bool isHidden = path.filename().string().front() == '.';
@@ -43,7 +44,7 @@ void addPicturesIn(const std::filesystem::path& folder, bool isRecursive, QStrin
         if (isFolder && isRecursive)
             addPicturesIn(path, isRecursive, paths);
         else if (!isFolder && isCalledAsPicture(path))
-            paths.append(QString::fromStdString(path.string()));
+            paths.append(pathFrom(path.string()));
     }
 }
 
@@ -53,7 +54,7 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
     QSet<QString> outputs;
     if (options.output.empty())
         return outputs;
-    const host::OutputName name(QString::fromStdString(options.output));
+    const host::OutputName name(pathFrom(options.output));
     for (const QString& path : paths) {
         for (const host::CropShape& shape : options.shapes())
             outputs.insert(QFileInfo(name.nameFor(path, shape)).absoluteFilePath());
@@ -77,7 +78,7 @@ std::FILE* openList(const QString& path)
 QStringList picturesIn(const QString& folder, bool isRecursive)
 {
     QStringList paths;
-    addPicturesIn(folder.toStdString(), isRecursive, paths);
+    addPicturesIn(host::bytesOfName(folder).toStdString(), isRecursive, paths);
     std::sort(paths.begin(), paths.end());
     return paths;
 }

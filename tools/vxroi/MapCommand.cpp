@@ -41,15 +41,15 @@ void createFolder(const QString& path)
 // Where the maps go: one of them at least is named.
 struct MapOutputs {
     explicit MapOutputs(const MapArguments& arguments)
-        : map(QString::fromStdString(arguments.output))
-        , overlay(QString::fromStdString(arguments.overlay))
-        , folder(QString::fromStdString(arguments.perMethod))
+        : map(pathFrom(arguments.output))
+        , overlay(pathFrom(arguments.overlay))
+        , folder(pathFrom(arguments.perMethod))
     {
         if (map.isEmpty() && overlay.isEmpty() && folder.isEmpty())
             throw HostError(ExitCode::Usage, QStringLiteral("map"),
                 QStringLiteral("no output is named"),
                 QStringLiteral("add --output, --overlay or --per-method; see vxroi map --help"));
-        if (!map.isEmpty())
+        if (!map.isEmpty() && !host::isStandardStream(map))
             requirePng(map);
     }
 
@@ -65,19 +65,19 @@ void runMap(const MapArguments& arguments)
     const MapOutputs outputs(arguments);
     const std::optional<QSize> ratio = ratioOf(arguments.ratio);
     const host::AnalysisRules rules = arguments.analysis.rules();
-    VXCropConstraints constraints;
-    constraints.keep = parseAreas(arguments.keep, QStringLiteral("--keep"));
-    constraints.avoid = parseAreas(arguments.avoid, QStringLiteral("--avoid"));
+    host::Constraints asked;
+    asked.keep = parseAreas(arguments.keep, QStringLiteral("--keep"));
+    asked.avoid = parseAreas(arguments.avoid, QStringLiteral("--avoid"));
 
-    const QString input = QString::fromStdString(arguments.picture);
+    const QString input = pathFrom(arguments.picture);
     startWorkerThreads();
     host::PictureFile picture(input, rules.reading);
-    constraints = host::within(picture.orientedSize(), constraints);
-    QStringList warnings; // those of pictures are not shown either
+    const VXCropConstraints constraints = host::within(picture.orientedSize(), asked, input);
+    QStringList warnings;
     const VXCrop analysis = arguments.map.empty()
         ? host::analysisOf(picture, rules.salience)
-        : host::analysisFromMap(
-            QString::fromStdString(arguments.map), picture.orientedSize(), rules.reading, warnings);
+        : host::analysisFromMap(*host::openMap(pathFrom(arguments.map), rules.reading),
+            picture.orientedSize(), warnings);
     const QImage map = analysis.map(constraints.keep);
 
     const auto shown = [&](const QImage& levels) {
@@ -98,6 +98,8 @@ void runMap(const MapArguments& arguments)
                 shown(single.map), QStringLiteral("%1/%2.png").arg(outputs.folder, single.method));
     }
     files.commit();
+    for (const QString& warning : warnings + picture.warnings())
+        host::writeWarning(input, warning);
 }
 
 void addMapCommand(CLI::App& app, MapArguments& arguments)

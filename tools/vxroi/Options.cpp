@@ -1,15 +1,11 @@
 #include "Options.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/OutputName.h"
 #include "host/SalienceSettings.h"
 
 #include <CLI/CLI.hpp>
-
-#include <QRegularExpression>
-#include <QStringList>
-
-#include <array>
 
 namespace vxroi {
 
@@ -23,6 +19,14 @@ host::IfExists ifExistsCalled(const std::string& name)
     if (name == "skip")
         return host::IfExists::Skip;
     return name == "overwrite" ? host::IfExists::Overwrite : host::IfExists::Fail;
+}
+
+std::vector<std::string> formatNames()
+{
+    std::vector<std::string> names;
+    for (const host::Format& format : host::formats())
+        names.push_back(format.suffixes.first().toStdString());
+    return names;
 }
 
 CLI::Range atLeastOne() { return { qint64 { 1 }, qint64 { 1'000'000'000'000 } }; }
@@ -77,11 +81,69 @@ host::AnalysisRules AnalysisOptions::rules() const
             maxSeconds } };
 }
 
+void WritingOptions::addTo(CLI::App& command)
+{
+    const auto group = [](CLI::Option* option) { option->group("Writing"); };
+    group(command.add_option("--format", format, "write this format, whatever the name ends in")
+              ->type_name("NAME")
+              ->check(CLI::IsMember(formatNames())));
+    group(command.add_option("--quality", quality, "of JPEG, WebP, JPEG XL, AVIF and HEIC")
+              ->type_name("N")
+              ->check(CLI::Range(1, 100)));
+    group(command
+              .add_option("--chroma", chroma,
+                  "the resolution of colours in JPEG, AVIF and HEIC: full, half, or the source's")
+              ->type_name("WHAT")
+              ->check(CLI::IsMember({ "auto", "444", "420" }))
+              ->capture_default_str());
+    group(command.add_flag(
+        "--progressive", progressive, "write JPEG, PNG and GIF so that they appear coarse first"));
+    group(command
+              .add_option("--metadata", metadata,
+                  "what to keep of EXIF, XMP, IPTC and comments: keep, copyright or strip")
+              ->type_name("WHAT")
+              ->check(CLI::IsMember({ "keep", "copyright", "strip" }))
+              ->capture_default_str());
+    group(command.add_flag("--to-srgb", toSrgb, "convert colours to sRGB, and write no profile"));
+    group(command
+              .add_option("--background", background,
+                  "a colour, such as white or #ff8000, for --fit pad and below transparent pixels")
+              ->type_name("COLOUR")
+              ->capture_default_str());
+}
+
+host::WritingRules WritingOptions::rules() const
+{
+    host::WritingRules rules;
+    rules.format = format.empty() ? nullptr : host::formatCalled(QString::fromStdString(format));
+    rules.quality = quality;
+    rules.chroma = chroma == "444" ? host::Chroma::Full
+        : chroma == "420"          ? host::Chroma::Half
+                                   : host::Chroma::OfSource;
+    rules.isProgressive = progressive;
+    rules.isInSrgb = toSrgb;
+    rules.metadata = metadata == "strip" ? host::KeptMetadata::None
+        : metadata == "copyright"        ? host::KeptMetadata::Copyright
+                                         : host::KeptMetadata::All;
+    rules.background = QColor(QString::fromStdString(background));
+    if (!rules.background.isValid())
+        throw HostError(ExitCode::Usage,
+            QStringLiteral("--background %1").arg(QString::fromStdString(background)),
+            QStringLiteral("not a colour"),
+            QStringLiteral("write one such as white, #ff8000 or transparent"));
+    return rules;
+}
+
 void CropOptions::addTo(CLI::App& command)
 {
-    command.add_option("--ratio", ratios, "shapes of the crop, such as 16:9 or 1:1,4:5")
-        ->type_name("W:H,...");
-    command.add_option("--size", sizes, "size of the crop in pixels, such as 1200x630")
+    command.add_option("--ratio", ratios, "shapes of the crop, such as 16:9, 1.91 or 1:1,4:5")
+        ->type_name("W:H,...")
+        ->expected(1)
+        ->take_all()
+        ->allow_extra_args(false);
+    command
+        .add_option(
+            "--size", sizes, "size of the crop in pixels, such as 1200x630, or 1200x with --ratio")
         ->type_name("WxH")
         ->expected(1)
         ->take_all()
@@ -100,31 +162,49 @@ void CropOptions::addTo(CLI::App& command)
             "picture's name")
         ->check(namesFile())
         ->type_name("FILE");
-    command.add_option("--if-exists", ifExists, "what to do with outputs that are there already")
+    command.add_option("--if-exists", ifExists, "what to do with outputs that already exist")
         ->type_name("WHAT")
         ->check(CLI::IsMember({ "fail", "skip", "overwrite" }))
         ->capture_default_str();
     command.add_flag("--upscale", upscale, "enlarge crops that are smaller than --size");
+    command
+        .add_option("--fit", fit,
+            "what becomes of crops that are smaller than --size: crop, as they are, or pad, with "
+            "background around them")
+        ->type_name("WHAT")
+        ->check(CLI::IsMember({ "crop", "pad" }))
+        ->capture_default_str();
+    command
+        .add_option("--frames", frames,
+            "of an animated GIF or WebP, crop the first frame, or all of them by one window")
+        ->type_name("WHAT")
+        ->check(CLI::IsMember({ "first", "all" }))
+        ->capture_default_str();
     command.add_flag("--dry-run", dryRun, "write no file, only say what would be written");
+    writing.addTo(command);
 }
 
 QVector<host::CropShape> CropOptions::shapes() const
 {
-    QVector<host::CropShape> shapes;
-    if (!ratios.empty())
-        shapes = host::parseRatios(QString::fromStdString(ratios));
-    for (const std::string& size : sizes)
-        shapes.append(host::parseSize(QString::fromStdString(size)));
-    return shapes;
+    QVector<host::CropShape> ofRatios;
+    for (const std::string& ratio : ratios)
+        ofRatios += host::parseRatios(QString::fromStdString(ratio));
+    QVector<host::CropShape> ofSizes;
+    bool areRatiosOfSizes = false;
+    for (const std::string& size : sizes) {
+        ofSizes += host::parseSizes(QString::fromStdString(size), ofRatios);
+        areRatiosOfSizes = areRatiosOfSizes || size.front() == 'x' || size.back() == 'x';
+    }
+    return areRatiosOfSizes ? ofSizes : ofRatios + ofSizes;
 }
 
-VXCropConstraints CropOptions::constraints() const
+host::Constraints CropOptions::constraints() const
 {
-    VXCropConstraints constraints;
+    host::Constraints constraints;
     constraints.keep = parseAreas(keep, QStringLiteral("--keep"));
     constraints.avoid = parseAreas(avoid, QStringLiteral("--avoid"));
     if (!focus.empty())
-        constraints.focus = parsePoint(QString::fromStdString(focus));
+        constraints.focus = host::parsePoint(QString::fromStdString(focus));
     return constraints;
 }
 
@@ -132,10 +212,19 @@ host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
 {
     host::CropRules rules { analysis.rules() };
     rules.ifExists = ifExistsCalled(ifExists);
-    rules.upscales = upscale;
+    rules.fit = upscale ? host::Fit::Enlarged
+        : fit == "pad"  ? host::Fit::Padded
+                        : host::Fit::Smaller;
+    rules.writing = writing.rules();
+    rules.analysis.reading.areAllFramesRead = frames == "all";
     rules.isDryRun = dryRun;
-    rules.makesFolders = host::OutputName(QString::fromStdString(output)).hasPlaces();
+    rules.makesFolders = host::OutputName(pathFrom(output)).hasPlaces();
     return rules;
+}
+
+QString pathFrom(const std::string& argument)
+{
+    return host::textOfName(QByteArray::fromStdString(argument));
 }
 
 CLI::Validator namesFile()
@@ -155,44 +244,16 @@ void addAreaOptions(
             ->take_all()
             ->allow_extra_args(false);
     };
-    add("--keep", keep, "an area that the crop should hold, in pixels");
-    add("--avoid", avoid, "an area that the crop should leave out, in pixels");
+    add("--keep", keep, "an area that the crop should hold, in pixels or percent");
+    add("--avoid", avoid, "an area that the crop should leave out, in pixels or percent");
 }
 
-QVector<QRect> parseAreas(const std::vector<std::string>& texts, const QString& option)
+QVector<host::Area> parseAreas(const std::vector<std::string>& texts, const QString& option)
 {
-    QVector<QRect> areas;
+    QVector<host::Area> areas;
     for (const std::string& text : texts)
-        areas.append(parseArea(QString::fromStdString(text), option));
+        areas.append(host::parseArea(QString::fromStdString(text), option));
     return areas;
-}
-
-QRect parseArea(const QString& text, const QString& option)
-{
-    static const QRegularExpression pattern(
-        QStringLiteral(R"(\A(-?[0-9]{1,9}),(-?[0-9]{1,9}),([0-9]{1,9}),([0-9]{1,9})\z)"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    const QRect area(match.captured(1).toInt(), match.captured(2).toInt(),
-        match.captured(3).toInt(), match.captured(4).toInt());
-    if (!match.hasMatch() || area.isEmpty())
-        throw HostError(ExitCode::Usage, QStringLiteral("%1 %2").arg(option, text),
-            QStringLiteral("not an area"),
-            QStringLiteral("write left, top, width and height in pixels, such as 10,20,300,200"));
-    return area;
-}
-
-QPointF parsePoint(const QString& text)
-{
-    const QStringList parts = text.split(QLatin1Char(','));
-    std::array<bool, 2> areNumbers {};
-    const QPointF point(
-        parts.value(0).toDouble(&areNumbers.at(0)), parts.value(1).toDouble(&areNumbers.at(1)));
-    const bool isInside = point.x() >= 0 && point.x() <= 1 && point.y() >= 0 && point.y() <= 1;
-    if (parts.size() != 2 || !areNumbers.at(0) || !areNumbers.at(1) || !isInside)
-        throw HostError(ExitCode::Usage, QStringLiteral("--focus %1").arg(text),
-            QStringLiteral("not a point"),
-            QStringLiteral("write two numbers from 0 to 1, such as 0.5,0.33"));
-    return point;
 }
 
 } // namespace vxroi

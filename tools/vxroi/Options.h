@@ -29,9 +29,25 @@ struct AnalysisOptions {
     host::AnalysisRules rules() const;
 };
 
+/// The options of how pictures are written, as given.
+struct WritingOptions {
+    std::string format; ///< empty: as the name's suffix says
+    int quality = 0;
+    std::string chroma = "auto";
+    bool progressive = false;
+    std::string metadata = "keep";
+    bool toSrgb = false;
+    std::string background = "white";
+
+    void addTo(CLI::App& command);
+
+    /// \throws host::HostError when one of them is wrong.
+    host::WritingRules rules() const;
+};
+
 /// The options of what is cropped and where it goes, as given.
 struct CropOptions {
-    std::string ratios;
+    std::vector<std::string> ratios;
     std::vector<std::string> sizes;
     std::string output;
     std::vector<std::string> keep;
@@ -39,34 +55,31 @@ struct CropOptions {
     std::string focus;
     std::string map;
     std::string ifExists = "fail";
+    std::string fit = "crop";
+    std::string frames = "first";
     bool upscale = false;
     bool dryRun = false;
+    WritingOptions writing;
 
     void addTo(CLI::App& command);
 
     /// \throws host::HostError when one of them is wrong.
     QVector<host::CropShape> shapes() const;
-    VXCropConstraints constraints() const;
+    host::Constraints constraints() const;
     host::CropRules rules(const AnalysisOptions& analysis) const;
 };
+
+/// A path as it is given on a command line.
+QString pathFrom(const std::string& argument);
 
 /// Refuses an empty name, as an unset variable of a shell gives: without the option, another way is taken.
 CLI::Validator namesFile();
 
-/// Adds the options --keep and --avoid, which are areas as parseArea() reads them.
+/// Adds the options --keep and --avoid, which are areas as host::parseArea() reads them.
 void addAreaOptions(
     CLI::App& command, std::vector<std::string>& keep, std::vector<std::string>& avoid);
 
-/// Reads areas such as "10,20,300,200": left, top, width and height in pixels.
-/// \throws host::HostError when one is anything else.
-QVector<QRect> parseAreas(const std::vector<std::string>& texts, const QString& option);
-
-/// Reads one such area.
-/// \throws host::HostError when \a text is anything else.
-QRect parseArea(const QString& text, const QString& option);
-
-/// Reads a point such as "0.5,0.33", each from 0 to 1.
-/// \throws host::HostError when \a text is anything else.
-QPointF parsePoint(const QString& text);
+/// \throws host::HostError when one is none; see host::parseArea().
+QVector<host::Area> parseAreas(const std::vector<std::string>& texts, const QString& option);
 
 } // namespace vxroi

@@ -16,7 +16,7 @@ using host::HostError;
 
 void addIfExistsOption(CLI::App& command, std::string& ifExists)
 {
-    command.add_option("--if-exists", ifExists, "what to do with outputs that are there already")
+    command.add_option("--if-exists", ifExists, "what to do with outputs that already exist")
         ->type_name("WHAT")
         ->check(CLI::IsMember({ "fail", "overwrite" }))
         ->capture_default_str();
@@ -26,9 +26,8 @@ void requireFreeName(const QString& input, const QString& output, const std::str
 {
     host::refuseToOverwriteInput(input, output);
     host::requireReplaceable(output);
-    if (ifExists == "fail" && QFileInfo::exists(output))
-        throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there already"),
-            QStringLiteral("choose another name, or --if-exists overwrite"));
+    if (ifExists == "fail" && !host::isStandardStream(output) && QFileInfo::exists(output))
+        host::throwIsThere(output);
 }
 
 OutputFiles::OutputFiles(QString inputPath, std::string ifExistsWish)
@@ -51,7 +50,7 @@ void OutputFiles::add(const QImage& image, const QString& path)
 void OutputFiles::commit()
 {
     for (host::PictureWriter& file : files)
-        file.commit();
+        file.commit(ifExists == "overwrite");
 }
 
 void requirePng(const QString& path)

@@ -18,7 +18,7 @@ namespace vxroi {
 /// Adds --if-exists to a command that writes a few files: fail or overwrite.
 void addIfExistsOption(CLI::App& command, std::string& ifExists);
 
-/// Refuses an output that is \a input, or that is there already unless \a ifExists is "overwrite".
+/// Refuses an output that is \a input, or that already exists unless \a ifExists is "overwrite".
 /// \throws host::HostError
 void requireFreeName(const QString& input, const QString& output, const std::string& ifExists);
 

@@ -5,6 +5,7 @@
 #include "OutputFiles.h"
 #include "ReportArticle.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardError.h"
 
@@ -12,7 +13,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace vxroi {
 
@@ -25,7 +25,7 @@ QStringList picturesOf(const ReportArguments& arguments)
 {
     QStringList pictures;
     for (const std::string& input : arguments.inputs) {
-        const QString path = QString::fromStdString(input);
+        const QString path = pathFrom(input);
         pictures += QFileInfo(path).isDir() ? picturesIn(path, arguments.recursive)
                                             : QStringList { path };
     }
@@ -36,57 +36,32 @@ QStringList picturesOf(const ReportArguments& arguments)
     return pictures;
 }
 
-// A page that appears whole when it is finished, or not at all.
-class Page {
-public:
-    explicit Page(const QString& path)
-        : file(path)
-    {
-        if (!file.open(QIODevice::WriteOnly))
-            throw HostError(ExitCode::CannotCreate, path, file.errorString(),
-                QStringLiteral("choose a folder that exists and can be written to"));
-    }
-
-    void add(const QByteArray& html) { isWhole = file.write(html) == html.size() && isWhole; }
-
-    void addPart(const char* name)
-    {
-        QFile part(QStringLiteral(":/report/") + QLatin1String(name));
-        part.open(QIODevice::ReadOnly);
-        add(part.readAll());
-    }
-
-    void finish()
-    {
-        if (!isWhole || !file.commit())
-            throw HostError(ExitCode::WriteFailed, file.fileName(), file.errorString(),
-                QStringLiteral("make room on the disk or choose another folder"));
-    }
-
-private:
-    QSaveFile file;
-    bool isWhole = true;
-};
+void addPart(host::OutputFile& page, const char* name)
+{
+    QFile part(QStringLiteral(":/report/") + QLatin1String(name));
+    part.open(QIODevice::ReadOnly);
+    page.write(part.readAll());
+}
 
 } // namespace
 
 ExitCode runReport(const ReportArguments& arguments)
 {
     const QStringList pictures = picturesOf(arguments);
-    const QString output = QString::fromStdString(arguments.output);
+    const QString output = pathFrom(arguments.output);
     for (const QString& picture : pictures)
         requireFreeName(picture, output, arguments.ifExists);
     const auto shapes = host::parseRatios(QString::fromStdString(arguments.ratios));
     const host::AnalysisRules rules = arguments.analysis.rules();
 
-    Page page(output);
-    page.addPart("head.html");
-    page.add(
+    host::OutputFile page(output);
+    addPart(page, "head.html");
+    page.write(
         QStringLiteral("<p>%1 pictures. A number says how much of the map a window keeps.</p>\n")
             .arg(pictures.size())
             .toUtf8());
-    page.addPart("sorting.html");
-    page.add("<main id=\"pictures\">\n");
+    addPart(page, "sorting.html");
+    page.write("<main id=\"pictures\">\n");
 
     struct Article {
         QByteArray html;
@@ -96,9 +71,9 @@ ExitCode runReport(const ReportArguments& arguments)
     bool hasFailed = false;
     const auto finishOne = [&] {
         const Article article = work.finishFirst();
-        page.add(article.html);
+        page.write(article.html);
         if (!article.failure.isEmpty())
-            host::writeError("vxroi: " + article.failure.toStdString() + '\n');
+            host::writeError("vxroi: " + host::bytesOfName(article.failure).toStdString() + '\n');
         hasFailed = hasFailed || !article.failure.isEmpty();
     };
     for (int position = 0; position < pictures.size(); ++position) {
@@ -111,9 +86,9 @@ ExitCode runReport(const ReportArguments& arguments)
     }
     while (!work.isEmpty())
         finishOne();
-    page.add("</main>\n");
-    page.addPart("tail.html");
-    page.finish();
+    page.write("</main>\n");
+    addPart(page, "tail.html");
+    page.commit(arguments.ifExists == "overwrite");
     return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
 }
 

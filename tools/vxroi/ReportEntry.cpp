@@ -1,6 +1,7 @@
 #include "ReportEntry.h"
 
 #include "host/CropWindow.h"
+#include "host/FileName.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -31,7 +32,7 @@ ReportEntry reportEntryOf(
         entry.map = analysis.map();
         entry.methodMaps = analysis.methodMaps();
     } catch (const host::HostError& error) {
-        entry.failure = QString::fromUtf8(error.what());
+        entry.failure = host::textOfName(error.what());
     } catch (const std::bad_alloc&) {
         entry.failure
             = QStringLiteral("%1: there is not enough memory for it; show it alone").arg(path);

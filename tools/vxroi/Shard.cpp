@@ -1,5 +1,6 @@
 #include "Shard.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
 
 #include <QRegularExpression>
@@ -89,7 +90,8 @@ quint64 fnv1a(const QByteArray& bytes)
 
 bool Shard::contains(const QString& name) const
 {
-    return static_cast<int>(fnv1a(name.toUtf8()) % static_cast<quint64>(count)) == index - 1;
+    return static_cast<int>(fnv1a(host::bytesOfName(name)) % static_cast<quint64>(count))
+        == index - 1;
 }
 
 Shard parseShard(const std::string& text)

@@ -5,15 +5,28 @@ namespace vxroi {
 using host::ExitCode;
 using host::HostError;
 
-TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes)
+namespace {
+
+void requireWithin(const QString& folder, const QString& output)
+{
+    if (!host::isWithin(folder, output))
+        throw HostError(ExitCode::CannotCreate, output,
+            QStringLiteral("leads out of the folder %1").arg(folder),
+            QStringLiteral("name a file within it, or allow lists more with --allow-outside"));
+}
+
+} // namespace
+
+TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes, bool mayListsLeave)
     : commonShapes(options.shapes())
     , commonConstraints(options.constraints())
+    , suffix(QString::fromStdString(options.writing.format))
+    , areListsConfined(!mayListsLeave)
 {
     if (!options.output.empty())
-        commonOutput = host::OutputName(QString::fromStdString(options.output));
+        commonOutput = host::OutputName(pathFrom(options.output));
     if (!options.map.empty())
-        commonMap
-            = host::OutputName(QString::fromStdString(options.map), host::OutputName::Of::Picture);
+        commonMap = host::OutputName(pathFrom(options.map), host::OutputName::Of::Picture);
     if (needsShapes && commonShapes.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
             QStringLiteral("no shape is named"),
@@ -46,7 +59,11 @@ void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
         return;
     const host::OutputName name = hasOwn ? host::OutputName(input.output) : *commonOutput;
     for (const host::CropShape& shape : task.shapes) {
-        const QString output = name.nameFor(input.path, shape);
+        const QString output = name.nameFor(input.path, shape, suffix);
+        if (name.hasPlaces())
+            requireWithin(name.folderFor(input.path), output);
+        if (hasOwn && areListsConfined)
+            requireWithin(QStringLiteral("."), output);
         const QString file = host::canonicalPathOf(output);
         if (usedOutputs.contains(file))
             throw HostError(ExitCode::Usage, output, QStringLiteral("named for two outputs"),

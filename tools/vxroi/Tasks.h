@@ -13,7 +13,7 @@ namespace vxroi {
 struct Input {
     QString path;
     QVector<host::CropShape> shapes = {}; ///< empty: those of the run
-    std::optional<VXCropConstraints> constraints = std::nullopt; ///< none: those of the run
+    std::optional<host::Constraints> constraints = std::nullopt; ///< none: those of the run
     QString map = {}; ///< empty: that of the run
     QString output = {}; ///< empty: that of the run
     std::optional<host::HostError> failure = std::nullopt; ///< why there is nothing to crop
@@ -24,7 +24,9 @@ struct Input {
 class TaskPlan {
 public:
     /// \throws host::HostError when the options are wrong, or ask for no crop.
-    explicit TaskPlan(const CropOptions& options, bool needsShapes = true);
+    /// \param mayListsLeave whether outputs that lists name may lie outside the current folder.
+    explicit TaskPlan(
+        const CropOptions& options, bool needsShapes = true, bool mayListsLeave = false);
 
     const QVector<host::CropShape>& shapes() const { return commonShapes; }
 
@@ -38,9 +40,11 @@ private:
     void addOutputs(const Input& input, host::CropTask& task);
 
     QVector<host::CropShape> commonShapes;
-    VXCropConstraints commonConstraints;
+    host::Constraints commonConstraints;
     std::optional<host::OutputName> commonMap;
     std::optional<host::OutputName> commonOutput;
+    QString suffix; ///< of outputs; empty: as their names say
+    bool areListsConfined;
     QSet<QString> usedOutputs;
 };
 

@@ -20,14 +20,22 @@ bool isSrgb(const VImage& image)
 }
 
 // In sRGB by the profile of an image, or by that of usual inks; as it is where its profile is of no use.
-VImage byProfile(const VImage& image)
+VImage byProfile(const VImage& image, int depth)
 try {
-    VOption* const options = VImage::option()->set("embedded", true)->set("depth", 8);
+    VOption* const options = VImage::option()->set("embedded", true)->set("depth", depth);
     if (image.interpretation() == VIPS_INTERPRETATION_CMYK)
         options->set("input_profile", "cmyk");
     return image.icc_transform("srgb", options);
 } catch (const vips::VError&) {
     return image;
+}
+
+VImage toSrgb(const VImage& image, int depth)
+{
+    const bool isCmyk = image.interpretation() == VIPS_INTERPRETATION_CMYK;
+    VImage result = isCmyk || hasOtherColours(image) ? byProfile(image, depth) : image.copy();
+    result.remove(VIPS_META_ICC_NAME);
+    return result;
 }
 
 } // namespace
@@ -46,21 +54,46 @@ VImage withProfileOf(const VImage& other, const VImage& image)
     return result;
 }
 
-VImage onGrey(const VImage& image, int level)
+std::vector<double> pixelOf(const VImage& image, const QColor& colour)
+{
+    const bool isDeep = image.format() == VIPS_FORMAT_USHORT;
+    const double unit = isDeep ? 257 : 1;
+    const bool isGrey = image.bands() < 3;
+    if (isGrey)
+        return { qGray(colour.rgb()) * unit };
+    const std::vector<double> rgb { colour.red() * unit, colour.green() * unit,
+        colour.blue() * unit };
+    const bool isCmyk = image.interpretation() == VIPS_INTERPRETATION_CMYK;
+    if (!isCmyk && !hasOtherColours(image))
+        return rgb;
+    const VImage pixel = VImage::black(1, 1).new_from_image(
+        { double(colour.red()), double(colour.green()), double(colour.blue()) });
+    const VImage srgb
+        = pixel.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    try {
+        const VImage exported = withProfileOf(image, srgb.colourspace(VIPS_INTERPRETATION_LAB))
+                                    .icc_export(VImage::option()->set("depth", isDeep ? 16 : 8));
+        return exported.getpoint(0, 0);
+    } catch (const vips::VError&) { // its profile is of no use
+        return isCmyk ? srgb.colourspace(VIPS_INTERPRETATION_CMYK).getpoint(0, 0) : rgb;
+    }
+}
+
+VImage on(const QColor& background, const VImage& image)
 {
     if (!image.has_alpha())
         return image;
-    const int unit = image.format() == VIPS_FORMAT_USHORT ? 257 : 1;
-    return image.flatten(VImage::option()->set("background", static_cast<double>(level * unit)));
+    return image.flatten(VImage::option()->set("background", pixelOf(image, background)));
 }
 
 VImage inSrgb(const VImage& image)
 {
-    const bool isCmyk = image.interpretation() == VIPS_INTERPRETATION_CMYK;
-    VImage rgb = isCmyk || hasOtherColours(image) ? byProfile(image) : image;
-    rgb = rgb.colourspace(VIPS_INTERPRETATION_sRGB).cast(VIPS_FORMAT_UCHAR).copy();
-    rgb.remove(VIPS_META_ICC_NAME);
-    return rgb;
+    return toSrgb(image, 8).colourspace(VIPS_INTERPRETATION_sRGB).cast(VIPS_FORMAT_UCHAR);
+}
+
+VImage inSrgbWithDepth(const VImage& image)
+{
+    return toSrgb(image, image.format() == VIPS_FORMAT_USHORT ? 16 : 8);
 }
 
 } // namespace host

@@ -2,6 +2,8 @@
 
 #include <QElapsedTimer>
 
+#include <limits>
+
 namespace host {
 
 /// How long a picture may take.
@@ -13,6 +15,8 @@ public:
     {
         timer.start();
     }
+
+    static Deadline never() { return Deadline(std::numeric_limits<int>::max()); }
 
     bool hasPassed() const { return timer.hasExpired(qint64 { 1000 } * seconds); }
     int mostSeconds() const { return seconds; }

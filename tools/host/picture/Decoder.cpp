@@ -1,6 +1,7 @@
 #include "Decoder.h"
 
 #include "../HostError.h"
+#include "../OutputFile.h"
 #include "Bitmap.h"
 #include "Colours.h"
 #include "Engine.h"
@@ -26,17 +27,37 @@ namespace {
         QStringLiteral("convert it to PNG or JPEG"));
 }
 
-// libvips tells now and then how far it has come.
-void endLate(VipsImage* image, VipsProgress* /*progress*/, const Deadline* deadline)
+// Whether the decoder holds all pixels at once, which takes up to nine bytes for one of 8 bits a channel.
+bool isDecodedWhole(const VImage& header, const Format& format)
 {
-    if (deadline->hasPassed())
-        vips_image_set_kill(image, TRUE);
+    const auto isSet = [&](const char* field) {
+        return header.get_typeof(field) != 0 && header.get_int(field) != 0;
+    };
+    constexpr auto chroma = "jpeg-chroma-subsample";
+    const bool isFullChroma
+        = header.get_typeof(chroma) != 0 && std::strcmp(header.get_string(chroma), "4:4:4") == 0;
+    return format.abilities.testFlag(Ability::WholeDecoding) || isSet("interlaced")
+        || (isSet("jpeg-multiscan") && isFullChroma);
+}
+
+// What has 16 bits takes twice as much memory as what has 8.
+int bytesPerLevel(const VImage& image)
+{
+    return static_cast<int>(vips_format_sizeof(image.format()));
+}
+
+// HEIC and AVIF have the same decoder.
+bool isAvif(const VImage& header)
+{
+    constexpr auto compression = "heif-compression";
+    return header.get_typeof(compression) != 0
+        && std::strcmp(header.get_string(compression), "av1") == 0;
 }
 
 } // namespace
 
 Decoder::Decoder(const QString& path, const ReadingRules& readingRules)
-    : name(path)
+    : name(isStandardStream(path) ? QStringLiteral("standard input") : path)
     , rules(readingRules)
     , timeLimit(readingRules.mostSeconds)
     , device(openPicture(path, readingRules.mostBytes))
@@ -52,20 +73,35 @@ void Decoder::readHeader()
 {
     const vips::VSource source = sourceOf(*device);
     const char* const loader = vips_foreign_find_load_source(source.get_source());
-    const auto& formats = formatsRead();
     const auto* const format
-        = std::find_if(formats.begin(), formats.end(), [loader](const Format& candidate) {
-              return loader != nullptr
+        = std::find_if(formats().begin(), formats().end(), [loader](const Format& candidate) {
+              return loader != nullptr && candidate.loader != nullptr
                   && std::strncmp(loader, candidate.loader, std::strlen(candidate.loader)) == 0;
           });
-    if (format == formats.end())
+    if (format == formats().end())
         throwUnknown(name);
-    if (std::strcmp(format->name, "png") == 0)
+    formatName = QString::fromLatin1(format->name);
+    if (formatName == QLatin1String("png"))
         refuseManyTexts(name, *device);
+    if (formatName == QLatin1String("tiff"))
+        unread = unreadInTiff(*device);
+    if (formatName == QLatin1String("jxl"))
+        unread = unreadInJxl(*device);
     decodingShrink = format->mostShrink;
     headerImage = tolerating([this] { return opened(1); });
-    formatName = nameOf(*format, headerImage);
-    refuseTooMany(boundsOf(headerImage).size(), headerImage.format() == VIPS_FORMAT_UCHAR ? 1 : 2);
+    if (formatName == QLatin1String("avif") && !isAvif(headerImage))
+        formatName = QStringLiteral("heic");
+    const bool isAnimation
+        = formatName == QLatin1String("gif") || formatName == QLatin1String("webp");
+    if (isAnimation && rules.areAllFramesRead) {
+        frames = vips_image_get_n_pages(headerImage.get_image());
+        headerImage = tolerating([this] { return opened(1); });
+    }
+    const QSize size = boundsOf(headerImage).size();
+    pixelWeight = bytesPerLevel(headerImage);
+    if (isDecodedWhole(headerImage, *format))
+        pixelWeight *= 2;
+    refuseTooMany(size, isDecodedWhole(headerImage, *format) ? pixelWeight : 1);
     refuseMuchMetadata(name, headerImage);
 }
 
@@ -75,7 +111,8 @@ void Decoder::readBitmap()
     const QSize size = bitmapSize(*device);
     if (size.isEmpty())
         throwUnknown(name);
-    refuseTooMany(size, 1);
+    pixelWeight = 2; // Qt holds the picture, and so do we
+    refuseTooMany(size, pixelWeight);
     bool isWhole = true;
     bitmap = host::readBitmap(*device, isWhole);
     if (!bitmap || (!isWhole && rules.onBroken == OnBroken::Error))
@@ -103,12 +140,13 @@ VImage Decoder::decode(int shrink, const QRect& area, bool isOpaque)
         const int byDecoder = std::min(shrink, decodingShrink);
         VImage image = opened(byDecoder);
         if (isOpaque)
-            image = onGrey(image, midGrey);
+            image = on(midGrey, image);
         const int rest = shrink / byDecoder;
         if (rest > 1)
             image = image.shrink(rest, rest);
         const QRect part(QPoint(area.left() / shrink, area.top() / shrink),
             QPoint(area.right() / shrink, area.bottom() / shrink));
+        refuseTooMany(part.size(), bytesPerLevel(image));
         return inMemory(image, part & boundsOf(image), timeLimit);
     });
 }
@@ -122,9 +160,12 @@ VImage Decoder::opened(int shrink)
         = VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", failOn);
     if (shrink > 1)
         options->set("shrink", shrink);
+    if (frames > 1)
+        options->set("n", frames);
     VImage image = VImage::new_from_source(sourceOf(*device), "", options);
-    vips_image_set_progress(image.get_image(), TRUE);
-    g_signal_connect(image.get_image(), "eval", reinterpret_cast<GCallback>(endLate), &timeLimit);
+    if (!unread.exif.isEmpty() || !unread.xmp.isEmpty())
+        image = withUnread(image, unread);
+    endLate(image, timeLimit);
     return image;
 }
 
@@ -138,9 +179,8 @@ VImage Decoder::tolerating(const std::function<VImage()>& read)
         } catch (const vips::VError& error) {
             refuseLackOfMeans(error);
             if (timeLimit.hasPassed())
-                throw HostError(ExitCode::UnreadableInput, name,
-                    QStringLiteral("takes more than %1 seconds").arg(rules.mostSeconds),
-                    QStringLiteral("allow more with --max-seconds"));
+                throw tooSlow(name, rules.mostSeconds);
+            refuseManyFaults(error);
             if (!tolerateMore())
                 throwDamaged();
         }
@@ -172,6 +212,15 @@ void Decoder::warn(const QString& note)
 {
     if (!notes.contains(note))
         notes.append(note);
+}
+
+// Such as a JPEG of thousands of scans, which its decoder gives up.
+void Decoder::refuseManyFaults(const vips::VError& error) const
+{
+    if (std::strstr(error.what(), "warnings") != nullptr)
+        throw HostError(ExitCode::UnreadableInput, name,
+            QStringLiteral("its decoder gave up after a hundred faults"),
+            QStringLiteral("get a complete copy"));
 }
 
 void Decoder::throwDamaged() const

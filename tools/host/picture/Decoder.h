@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Deadline.h"
+#include "EmbeddedMetadata.h"
 #include "ReadingRules.h"
 
 #include <vips/vips8>
@@ -27,11 +28,18 @@ public:
     Decoder& operator=(const Decoder&) = delete;
     ~Decoder() = default;
 
-    /// The picture without its pixels: its size, its colours, its metadata.
+    /// The picture without its pixels: its size, its colours, its metadata. Frames lie below each other.
     const vips::VImage& header() const { return headerImage; }
+
+    /// How many frames are read.
+    int frameCount() const { return frames; }
 
     /// The name of the format, such as "jpeg".
     const QString& format() const { return formatName; }
+
+    /// How many times a pixel counts where its memory matters: twice when it has 16 bits, and when the decoder holds
+    /// the whole picture.
+    int weight() const { return pixelWeight; }
 
     /// Up to which factor, a power of 2, it makes pictures smaller while it decodes them.
     int mostShrink() const { return decodingShrink; }
@@ -41,6 +49,8 @@ public:
     /// \throws HostError when the picture is damaged, or the time is up.
     /// \throws std::bad_alloc
     vips::VImage decode(int shrink, const QRect& area, bool isOpaque);
+
+    const Deadline& deadline() const { return timeLimit; }
 
     /// What the user should know of how it was decoded.
     const QStringList& warnings() const { return notes; }
@@ -54,6 +64,7 @@ private:
     bool tolerateMore();
     void noteDamage();
     void warn(const QString& note);
+    void refuseManyFaults(const vips::VError& error) const;
     [[noreturn]] void throwDamaged() const;
 
     QString name;
@@ -62,6 +73,9 @@ private:
     std::unique_ptr<QIODevice> device;
     std::optional<vips::VImage> bitmap; ///< the pixels of a BMP, which libvips does not read
     QString formatName;
+    EmbeddedMetadata unread; ///< by libvips
+    int pixelWeight = 1;
+    int frames = 1;
     int decodingShrink = 1;
     VipsFailOn failOn = VIPS_FAIL_ON_WARNING; ///< the least fault that is not tolerated
     QStringList notes;

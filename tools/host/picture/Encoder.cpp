@@ -3,13 +3,13 @@
 #include "Bitmap.h"
 #include "Colours.h"
 #include "Engine.h"
+#include "Metadata.h"
+#include "Pixels.h"
 #include "QtPixels.h"
 
-#include <QVector>
-
-#include <algorithm>
 #include <cstring>
 #include <memory>
+#include <string>
 
 namespace host {
 
@@ -18,101 +18,87 @@ using vips::VOption;
 
 namespace {
 
-// What a format is written with.
-struct Saver {
-    QStringList suffixes; // of its files, in lower case
-    const char* suffix; // that libvips knows it by
-    bool holdsInks;
-    bool holdsOpacity;
-    VOption* (*options)(const VImage& picture);
-};
-
-// Well above the codecs' own defaults, so that a crop does not look worse than its source.
-constexpr int photographQuality = 93;
-
-bool hasFullChroma(const VImage& picture)
+// Whether the colours of the file that a picture has been read from had half the resolution of its brightness.
+bool hasHalfChroma(const VImage& picture)
 {
+    if (picture.get_typeof(VIPS_META_LOADER) == 0)
+        return false;
+    const std::string loader = picture.get_string(VIPS_META_LOADER);
     constexpr auto chroma = "jpeg-chroma-subsample";
-    return picture.get_typeof(chroma) != 0 && std::strcmp(picture.get_string(chroma), "4:4:4") == 0;
+    if (picture.get_typeof(chroma) != 0)
+        return std::strcmp(picture.get_string(chroma), "4:4:4") != 0;
+    return loader.rfind("webp", 0) == 0 || loader.rfind("heif", 0) == 0;
 }
 
-VOption* jpegOptions(const VImage& picture)
+VOption* optionsFor(const VImage& picture, const Format& format, const WritingRules& rules)
 {
-    return VImage::option()
-        ->set("Q", photographQuality)
-        ->set("subsample_mode",
-            hasFullChroma(picture) ? VIPS_FOREIGN_SUBSAMPLE_OFF : VIPS_FOREIGN_SUBSAMPLE_ON);
+    VOption* const options = VImage::option();
+    if (format.quality > 0)
+        options->set("Q", rules.quality > 0 ? rules.quality : format.quality);
+    if (format.abilities.testFlag(Ability::FullChroma)) {
+        const bool isHalved = rules.chroma == Chroma::OfSource ? hasHalfChroma(picture)
+                                                               : rules.chroma == Chroma::Half;
+        options->set(
+            "subsample_mode", isHalved ? VIPS_FOREIGN_SUBSAMPLE_ON : VIPS_FOREIGN_SUBSAMPLE_OFF);
+    }
+    if (format.abilities.testFlag(Ability::Progression))
+        options->set("interlace", rules.isProgressive);
+    return options;
 }
 
-VOption* pngOptions(const VImage& /*picture*/)
+// The first frame where a format holds no others.
+VImage withFramesFor(const VImage& picture, const Format& format)
 {
-    return VImage::option()->set("filter", VIPS_FOREIGN_PNG_FILTER_ALL);
+    const bool isAnimation = vips_image_get_n_pages(picture.get_image()) > 1
+        && vips_image_get_page_height(picture.get_image()) < picture.height();
+    if (!isAnimation || format.abilities.testFlag(Ability::Frames))
+        return picture;
+    VImage first
+        = picture
+              .extract_area(0, 0, picture.width(), vips_image_get_page_height(picture.get_image()))
+              .copy();
+    first.remove(VIPS_META_PAGE_HEIGHT);
+    first.remove(VIPS_META_N_PAGES);
+    return first;
 }
 
-VOption* webpOptions(const VImage& /*picture*/)
+VImage withColoursFor(const VImage& picture, const Format& format, const WritingRules& rules)
 {
-    return VImage::option()->set("Q", photographQuality);
-}
-
-VOption* tiffOptions(const VImage& /*picture*/)
-{
-    return VImage::option()
-        ->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_DEFLATE)
-        ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL);
-}
-
-VOption* noOptions(const VImage& /*picture*/) { return VImage::option(); }
-
-const QVector<Saver>& savers()
-{
-    static const QVector<Saver> all {
-        { { QStringLiteral("jpg"), QStringLiteral("jpeg") }, ".jpg", true, false, jpegOptions },
-        { { QStringLiteral("png") }, ".png", false, true, pngOptions },
-        { { QStringLiteral("webp") }, ".webp", false, true, webpOptions },
-        { { QStringLiteral("tif"), QStringLiteral("tiff") }, ".tif", true, true, tiffOptions },
-        { { QStringLiteral("ppm") }, ".ppm", false, false, noOptions },
-    };
-    return all;
-}
-
-const Saver* saverFor(const QString& suffix)
-{
-    const auto* const found = std::find_if(savers().begin(), savers().end(),
-        [&](const Saver& saver) { return saver.suffixes.contains(suffix.toLower()); });
-    return found == savers().end() ? nullptr : found;
-}
-
-bool isBitmapSuffix(const QString& suffix)
-{
-    return suffix.compare(QLatin1String("bmp"), Qt::CaseInsensitive) == 0;
+    const VImage opaque
+        = format.abilities.testFlag(Ability::Opacity) ? picture : on(rules.background, picture);
+    const bool needsColours = opaque.interpretation() == VIPS_INTERPRETATION_CMYK
+        && !format.abilities.testFlag(Ability::Inks);
+    return rules.isInSrgb || needsColours ? inSrgbWithDepth(opaque) : opaque;
 }
 
 } // namespace
 
-bool isWritten(const QString& suffix)
-{
-    return isBitmapSuffix(suffix) || saverFor(suffix) != nullptr;
-}
-
-QByteArray encoded(const VImage& picture, const QString& suffix)
+QByteArray encoded(const VImage& picture, const Format& format, const WritingRules& rules,
+    const Deadline& deadline)
 try {
-    constexpr int white = 255;
-    if (isBitmapSuffix(suffix))
-        return encodedBitmap(toQImage(inSrgb(onGrey(picture, white))));
-    const Saver& saver = *saverFor(suffix);
-    const bool needsColours
-        = picture.interpretation() == VIPS_INTERPRETATION_CMYK && !saver.holdsInks;
-    const VImage opaque = saver.holdsOpacity ? picture : onGrey(picture, white);
-    const VImage colours = needsColours ? inSrgb(opaque) : opaque;
+    const VImage colours = withColoursFor(withFramesFor(picture, format), format, rules);
+    if (format.saver == nullptr)
+        return encodedBitmap(toQImage(inSrgb(colours)));
+    const VImage kept = withMetadata(colours, rules.metadata);
+    const VImage image = withIptcFor(kept, format);
+    endLate(image, deadline);
     void* bytes = nullptr;
     std::size_t count = 0;
     vips_error_clear();
-    colours.write_to_buffer(saver.suffix, &bytes, &count, saver.options(colours));
+    image.write_to_buffer(format.saver, &bytes, &count, optionsFor(image, format, rules));
     const std::unique_ptr<void, decltype(&g_free)> released(bytes, g_free);
-    return QByteArray(static_cast<const char*>(bytes), static_cast<int>(count));
+    const QByteArray file(static_cast<const char*>(bytes), static_cast<int>(count));
+    return withMissingMetadata(file, kept, format);
 } catch (const vips::VError& error) {
     refuseLackOfMeans(error);
     throw;
+}
+
+bool isForWantOfEncoder(const vips::VError& error)
+{
+    const std::string text = error.what();
+    return text.find("Unsupported") != std::string::npos
+        || text.find("not a known") != std::string::npos;
 }
 
 } // namespace host

@@ -34,8 +34,10 @@ void start()
     vips_concurrency_set(1);
     vips_cache_set_max(0);
     vips_operation_block_set("VipsForeignLoad", TRUE);
-    for (const Format& format : formatsRead())
-        vips_operation_block_set(format.loader, FALSE);
+    for (const Format& format : formats()) {
+        if (format.loader != nullptr)
+            vips_operation_block_set(format.loader, FALSE);
+    }
 }
 
 } // namespace

@@ -6,7 +6,7 @@ namespace host {
 
 /// Starts libvips, the engine that decodes, converts and encodes pictures: once, which takes some 30 ms.
 /// It runs in the caller's thread as far as it can, keeps nothing that it has computed, and reads no formats
-/// but those of formatsRead().
+/// but those of formats().
 /// \throws HostError when it cannot be started.
 void startEngine();
 

@@ -1,41 +1,43 @@
 #include "Formats.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace host {
 
-const QVector<Format>& formatsRead()
+// Efforts are those beyond which files hardly get smaller; qualities are well above the codecs' own, so that a crop does not look worse than its source.
+const QVector<Format>& formats()
 {
-    const auto list = [](const char* suffixes) {
-        return QString::fromLatin1(suffixes).split(QLatin1Char(' '));
+    const auto list
+        = [](const char* words) { return QString::fromLatin1(words).split(QLatin1Char(' ')); };
+    constexpr Abilities opaque;
+    static const QVector<Format> all {
+        { "jpeg", list("jpg jpeg jpe"), "VipsForeignLoadJpeg", 8, ".jpg", 93,
+            Ability::Inks | Ability::FullChroma | Ability::Progression },
+        { "png", list("png"), "VipsForeignLoadPng", 1, ".png[filter=all]", 0,
+            Ability::Opacity | Ability::Progression },
+        { "webp", list("webp"), "VipsForeignLoadWebp", 1, ".webp", 93,
+            Ability::Opacity | Ability::Frames | Ability::WholeDecoding },
+        { "tiff", list("tif tiff"), "VipsForeignLoadTiff", 1,
+            ".tif[compression=deflate,predictor=horizontal]", 0, Ability::Inks | Ability::Opacity },
+        { "avif", list("avif"), "VipsForeignLoadHeif", 1, ".avif[compression=av1,effort=2]", 75,
+            Ability::Opacity | Ability::FullChroma | Ability::WholeDecoding },
+        { "heic", list("heic heif"), "VipsForeignLoadHeif", 1, ".heic[compression=hevc]", 75,
+            Ability::Opacity | Ability::FullChroma | Ability::WholeDecoding },
+        { "jxl", list("jxl"), "VipsForeignLoadJxl", 1, ".jxl[effort=4]", 93,
+            Ability::Opacity | Ability::WholeDecoding },
+        { "gif", list("gif"), "VipsForeignLoadNsgif", 1, ".gif", 0,
+            Ability::Opacity | Ability::Frames | Ability::Progression | Ability::WholeDecoding },
+        { "ppm", list("ppm pgm pbm pnm"), "VipsForeignLoadPpm", 1, ".ppm", 0, opaque },
+        { "bmp", list("bmp"), nullptr, 1, nullptr, 0, opaque },
     };
-    static const QVector<Format> formats {
-        { "VipsForeignLoadJpeg", "jpeg", list("jpg jpeg jpe"), 8 },
-        { "VipsForeignLoadPng", "png", list("png"), 1 },
-        { "VipsForeignLoadWebp", "webp", list("webp"), 1 },
-        { "VipsForeignLoadTiff", "tiff", list("tif tiff"), 1 },
-        { "VipsForeignLoadHeif", "heic", list("heic heif avif"), 1 },
-        { "VipsForeignLoadJxl", "jxl", list("jxl"), 1 },
-        { "VipsForeignLoadNsgif", "gif", list("gif"), 1 },
-        { "VipsForeignLoadPpm", "ppm", list("pbm pgm ppm pnm"), 1 },
-    };
-    return formats;
+    return all;
 }
 
-QString nameOf(const Format& format, const vips::VImage& header)
+const Format* formatCalled(const QString& suffix)
 {
-    constexpr auto compression = "heif-compression";
-    const bool isAvif = header.get_typeof(compression) != 0
-        && std::strcmp(header.get_string(compression), "av1") == 0;
-    return QString::fromLatin1(isAvif ? "avif" : format.name);
-}
-
-QStringList pictureSuffixes()
-{
-    QStringList suffixes { QStringLiteral("bmp") };
-    for (const Format& format : formatsRead())
-        suffixes += format.suffixes;
-    return suffixes;
+    const auto* const found = std::find_if(formats().begin(), formats().end(),
+        [&](const Format& format) { return format.suffixes.contains(suffix.toLower()); });
+    return found == formats().end() ? nullptr : found;
 }
 
 } // namespace host

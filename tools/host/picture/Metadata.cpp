@@ -4,7 +4,13 @@
 
 #include <QDataStream>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstddef>
+#include <cstring>
+#include <string>
+#include <vector>
 
 namespace host {
 
@@ -26,6 +32,85 @@ void* addBytes(VipsImage* /*image*/, const char* /*name*/, GValue* value, void* 
         vips_value_get_ref_string(value, &bytes);
     *static_cast<std::size_t*>(sum) += bytes;
     return nullptr;
+}
+
+QByteArray blobOf(const vips::VImage& image, const char* name)
+{
+    if (image.get_typeof(name) == 0)
+        return {};
+    std::size_t bytes = 0;
+    const void* const blob = image.get_blob(name, &bytes);
+    return QByteArray(static_cast<const char*>(blob), static_cast<int>(bytes));
+}
+
+// No bytes take it away.
+void setBlob(vips::VImage& image, const char* name, const QByteArray& blob)
+{
+    if (blob.isEmpty())
+        image.remove(name);
+    else
+        vips_image_set_blob_copy(
+            image.get_image(), name, blob.constData(), static_cast<std::size_t>(blob.size()));
+}
+
+std::vector<std::string> fieldsOf(const vips::VImage& image)
+{
+    gchar** const names = vips_image_get_fields(image.get_image());
+    std::vector<std::string> fields;
+    for (gchar** name = names; *name != nullptr; ++name)
+        fields.emplace_back(*name);
+    g_strfreev(names);
+    return fields;
+}
+
+bool begins(const std::string& text, const char* with) { return text.rfind(with, 0) == 0; }
+
+// What is said of a picture, not how it is to be shown.
+bool isSaying(const std::string& field)
+{
+    static const std::array<const char*, 8> beginnings { "exif-", "xmp-", "iptc-", "photoshop-",
+        "png-comment-", "jpeg-comment", "gif-comment", "image-description" };
+    return std::any_of(beginnings.begin(), beginnings.end(),
+        [&](const char* beginning) { return begins(field, beginning); });
+}
+
+// Of PNG, whose texts have keywords.
+bool isCopyrightText(const std::string& field)
+{
+    const auto ends = [&](const std::string& end) {
+        return field.size() > end.size()
+            && field.compare(field.size() - end.size(), end.size(), end) == 0;
+    };
+    return begins(field, "png-comment-") && (ends("-Copyright") || ends("-Author"));
+}
+
+// In pixels per inch; 0 when a picture has none, which libvips takes for a pixel per millimetre.
+int resolutionOf(const vips::VImage& image)
+{
+    constexpr double millimetresPerInch = 25.4;
+    return image.xres() == 1 ? 0 : static_cast<int>(std::lround(image.xres() * millimetresPerInch));
+}
+
+void keepCopyright(vips::VImage& image)
+{
+    const QByteArray exif = copyrightInExif(blobOf(image, VIPS_META_EXIF_NAME));
+    const QByteArray xmp = copyrightInXmp(blobOf(image, VIPS_META_XMP_NAME));
+    const QByteArray iptc = copyrightInIptc(blobOf(image, VIPS_META_IPTC_NAME));
+    for (const std::string& field : fieldsOf(image)) {
+        if (isSaying(field) && !isCopyrightText(field))
+            image.remove(field.c_str());
+    }
+    setBlob(image, VIPS_META_EXIF_NAME, exif);
+    setBlob(image, VIPS_META_XMP_NAME, xmp);
+    setBlob(image, VIPS_META_IPTC_NAME, iptc);
+}
+
+void strip(vips::VImage& image)
+{
+    for (const std::string& field : fieldsOf(image)) {
+        if (isSaying(field))
+            image.remove(field.c_str());
+    }
 }
 
 } // namespace
@@ -61,6 +146,52 @@ void refuseMuchMetadata(const QString& path, const vips::VImage& header)
     vips_image_map(header.get_image(), addBytes, &bytes);
     if (bytes > mostBytes)
         throwTooMuch(path);
+}
+
+vips::VImage withUnread(const vips::VImage& image, const EmbeddedMetadata& unread)
+{
+    vips::VImage result = image.copy();
+    if (!unread.exif.isEmpty())
+        setBlob(result, VIPS_META_EXIF_NAME, unread.exif);
+    if (!unread.xmp.isEmpty())
+        setBlob(result, VIPS_META_XMP_NAME, unread.xmp);
+    if (!unread.iptc.isEmpty())
+        setBlob(result, VIPS_META_IPTC_NAME, unread.iptc);
+    return result;
+}
+
+vips::VImage withMetadata(const vips::VImage& image, KeptMetadata kept)
+{
+    vips::VImage result = image.copy();
+    if (kept == KeptMetadata::None)
+        strip(result);
+    if (kept == KeptMetadata::Copyright)
+        keepCopyright(result);
+    result.remove("jpeg-thumbnail-data");
+    setBlob(result, VIPS_META_XMP_NAME, xmpOfCrop(blobOf(result, VIPS_META_XMP_NAME)));
+    return result;
+}
+
+vips::VImage withIptcFor(const vips::VImage& image, const Format& format)
+{
+    vips::VImage result = image.copy();
+    const bool isForJpeg = std::strcmp(format.name, "jpeg") == 0;
+    setBlob(result, VIPS_META_IPTC_NAME,
+        isForJpeg ? iptcForJpeg(blobOf(image, VIPS_META_IPTC_NAME)) : QByteArray());
+    return result;
+}
+
+QByteArray withMissingMetadata(
+    const QByteArray& file, const vips::VImage& image, const Format& format)
+{
+    const EmbeddedMetadata metadata { blobOf(image, VIPS_META_EXIF_NAME),
+        blobOf(image, VIPS_META_XMP_NAME), blobOf(image, VIPS_META_IPTC_NAME) };
+    const bool isOfTiff = !metadata.exif.isEmpty() || !metadata.iptc.isEmpty();
+    if (std::strcmp(format.name, "tiff") == 0 && isOfTiff)
+        return tiffWithMetadata(file, metadata);
+    if (std::strcmp(format.name, "jxl") == 0)
+        return jxlWithMetadata(file, metadata, resolutionOf(image));
+    return file;
 }
 
 } // namespace host

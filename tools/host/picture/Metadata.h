@@ -1,12 +1,17 @@
 #pragma once
 
+#include "EmbeddedMetadata.h"
+#include "Formats.h"
+#include "WritingRules.h"
+
 #include <vips/vips8>
 
+#include <QByteArray>
 #include <QIODevice>
 #include <QString>
 
 /// \file
-/// How much metadata a picture may have.
+/// How much metadata a picture may have, and what is kept of it.
 
 namespace host {
 
@@ -18,5 +23,19 @@ void refuseManyTexts(const QString& path, QIODevice& png);
 /// Refuses a picture with more than 8 megabytes of metadata.
 /// \throws HostError
 void refuseMuchMetadata(const QString& path, const vips::VImage& header);
+
+/// \a image with metadata that libvips has not read; what there is none of stays.
+vips::VImage withUnread(const vips::VImage& image, const EmbeddedMetadata& unread);
+
+/// \a image with so much of its metadata as \a kept says, and without thumbnails. Its profile, its resolution and
+/// how long its frames last stay.
+vips::VImage withMetadata(const vips::VImage& image, KeptMetadata kept);
+
+/// \a image with IPTC as libvips writes it to \a format, or none where it cannot.
+vips::VImage withIptcFor(const vips::VImage& image, const Format& format);
+
+/// \a file, which libvips has made of \a image, with the metadata that it has not written.
+QByteArray withMissingMetadata(
+    const QByteArray& file, const vips::VImage& image, const Format& format);
 
 } // namespace host

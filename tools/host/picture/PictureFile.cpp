@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <limits>
 #include <utility>
+#include <vector>
 
 namespace host {
 
@@ -34,23 +35,32 @@ QRect partOf(const QRect& storedRect, int shrink, const QSize& pixels)
     return { left, top, width, height };
 }
 
+// Frames as libvips has them.
+VImage belowEachOther(const std::vector<VImage>& frames)
+{
+    VImage strip = VImage::arrayjoin(frames, VImage::option()->set("across", 1)).copy();
+    strip.set(VIPS_META_PAGE_HEIGHT, frames.front().height());
+    strip.set(VIPS_META_N_PAGES, static_cast<int>(frames.size()));
+    return strip;
+}
+
 } // namespace
 
 PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
     : name(path)
     , decoder(path, rules)
-    , stored(decoder.header().width(), decoder.header().height())
+    , stored(decoder.header().width(), decoder.header().height() / decoder.frameCount())
     , seen(orientation())
 {
     const bool isAnimation = format() == QLatin1String("gif") || format() == QLatin1String("webp");
-    if (vips_image_get_n_pages(decoder.header().get_image()) > 1)
+    if (decoder.frameCount() == 1 && vips_image_get_n_pages(decoder.header().get_image()) > 1)
         notes.append(isAnimation ? QStringLiteral("animated: only the first frame is used")
                                  : QStringLiteral("several pages: only the first is used"));
 }
 
-QImage PictureFile::readWorkingImage()
+QImage PictureFile::readWorkingImage(int frame)
 try {
-    const VImage pixels = seen.applied(pixelsForAnalysis());
+    const VImage pixels = seen.applied(pixelsForAnalysis(frame));
     const bool isReducedFirst = isForQt(pixels) && (pixels.bands() > 1 || !hasOtherColours(pixels));
     if (!isReducedFirst)
         return VXCrop::workingImage(toQImage(inSrgb(pixels)));
@@ -65,7 +75,7 @@ try {
 
 QImage PictureFile::readAll()
 try {
-    return toQImage(seen.applied(inSrgb(decoded(1, QRect(QPoint(), stored)).pixels)));
+    return toQImage(seen.applied(inSrgb(decoded(1, areaOfFrame(0)).pixels)));
 } catch (const vips::VError& error) {
     throwConverted(error);
 }
@@ -79,16 +89,35 @@ try {
         area |= window;
         shrink = std::min(shrink, shrinkFor(window.size(), seen.inOtherFrame(cut.size)));
     }
+    for (int frame = 1; frame < frameCount(); ++frame)
+        area |= areaOfFrame(frame);
+    const Decoded& source = decoded(shrink, area);
     QVector<VImage> pictures;
     for (const Cut& cut : cuts) {
-        const Decoded& source = decoded(shrink, area);
-        const QRect window = toStored(cut.window).translated(-source.origin);
-        const QRect part = partOf(window, source.shrink, boundsOf(source.pixels).size());
-        pictures.append(seen.applied(scaledTo(source.pixels, part, seen.inOtherFrame(cut.size))));
+        std::vector<VImage> frames;
+        for (int frame = 0; frame < frameCount(); ++frame)
+            frames.push_back(cutOut(source, cut, frame));
+        pictures.append(frames.size() == 1 ? frames.front() : belowEachOther(frames));
     }
     return pictures;
 } catch (const vips::VError& error) {
     throwConverted(error);
+}
+
+VImage PictureFile::cutOut(const Decoded& source, const Cut& cut, int frame) const
+{
+    const QRect window
+        = toStored(cut.window).translated(areaOfFrame(frame).topLeft() - source.origin);
+    const QRect part = partOf(window, source.shrink, boundsOf(source.pixels).size());
+    const VImage crop = seen.applied(scaledTo(source.pixels, part, seen.inOtherFrame(cut.size)));
+    return cut.canvas.isEmpty() || cut.canvas == cut.size
+        ? crop
+        : padded(crop, cut.canvas, cut.background);
+}
+
+QRect PictureFile::areaOfFrame(int frame) const
+{
+    return { QPoint(0, frame * stored.height()), stored };
 }
 
 // By which factor a part may be reduced while it is decoded, and be as large as it is wanted.
@@ -124,14 +153,18 @@ const PictureFile::Decoded& PictureFile::decoded(int shrink, const QRect& area)
 }
 
 // As they are stored, at least as many as are analysed.
-VImage PictureFile::pixelsForAnalysis()
+VImage PictureFile::pixelsForAnalysis(int frame)
 {
-    const QRect all(QPoint(), stored);
+    const QRect all = areaOfFrame(frame);
+    if (frameCount() > 1) {
+        const QRect strip(QPoint(), boundsOf(decoder.header()).size());
+        return decoded(1, strip).pixels.extract_area(all.x(), all.y(), all.width(), all.height());
+    }
     const int shrink = shrinkFor(stored, seen.inOtherFrame(VXCrop::workingSize(orientedSize())));
     if (isHeldWhole()) {
         const VImage pixels = decoded(1, all).pixels;
         const bool isReducedByVXCrop = shrink == 1 || isForQt(pixels);
-        return isReducedByVXCrop ? pixels : onGrey(pixels, midGrey).shrink(shrink, shrink);
+        return isReducedByVXCrop ? pixels : on(midGrey, pixels).shrink(shrink, shrink);
     }
     if (decoder.header().has_alpha())
         return decoder.decode(shrink, all, true);

@@ -6,6 +6,7 @@
 
 #include <vips/vips8>
 
+#include <QColor>
 #include <QImage>
 #include <QRect>
 #include <QSize>
@@ -17,16 +18,19 @@
 
 namespace host {
 
-/// A part of a picture, and the size at which it is wanted.
+/// A part of a picture, and how it is wanted.
 struct Cut {
     QRect window; ///< in pixels of the picture as it is seen
-    QSize size; ///< in pixels
+    QSize size; ///< that it is scaled to, in pixels
+    QSize canvas = {}; ///< that it is in the middle of, if any; not smaller
+    QColor background = {}; ///< of the canvas
 };
 
 /// A picture in a file.
 ///
 /// AVIF, BMP, GIF, HEIC, JPEG, JPEG XL, PBM, PGM, PNG, PPM, TIFF and WebP are read. The content decides the
-/// format, not the name; of several frames or pages the first is read; the EXIF orientation is applied.
+/// format, not the name; of several frames or pages the first is read, unless the rules ask for all frames of a
+/// GIF or a WebP; the EXIF orientation is applied.
 /// A picture is decoded once where that serves, and no larger than is needed where its format allows it.
 class PictureFile {
 public:
@@ -46,22 +50,35 @@ public:
     /// The name of the format, such as "jpeg".
     const QString& format() const { return decoder.format(); }
 
+    /// How many pixels it takes the memory of.
+    qint64 countedPixels() const
+    {
+        return qint64 { stored.width() } * stored.height() * frameCount() * decoder.weight();
+    }
+
+    /// How many frames are read.
+    int frameCount() const { return decoder.frameCount(); }
+
     /// The EXIF orientation, 1 to 8.
     int orientation() const { return vips_image_get_orientation(decoder.header().get_image()); }
 
     /// The picture as it is seen, in sRGB, as VXCrop::workingImage() makes it. It does not depend on what else
     /// is read.
+    /// \param frame which of those that are read, from 0.
     /// \throws HostError when the picture is damaged, or the time is up.
     /// \throws std::bad_alloc
-    QImage readWorkingImage();
+    QImage readWorkingImage(int frame = 0);
 
     /// The picture as it is seen, in sRGB, with 8 bits a channel.
     /// \throws as readWorkingImage() does.
     QImage readAll();
 
-    /// Parts of the picture as it is seen, with its colours, its depth, its profile and its metadata.
+    /// Parts of the picture as it is seen, with its colours, its depth, its profile, its metadata and its frames.
     /// \throws as readWorkingImage() does.
     QVector<vips::VImage> readCuts(const QVector<Cut>& cuts);
+
+    /// When its time is up.
+    const Deadline& deadline() const { return decoder.deadline(); }
 
     /// What the user should know: one line each, in a fixed order.
     QStringList warnings() const { return notes + decoder.warnings(); }
@@ -78,7 +95,9 @@ private:
     int shrinkFor(const QSize& storedPart, const QSize& wanted) const;
     bool isHeldWhole() const;
     const Decoded& decoded(int shrink, const QRect& area);
-    vips::VImage pixelsForAnalysis();
+    vips::VImage pixelsForAnalysis(int frame);
+    QRect areaOfFrame(int frame) const;
+    vips::VImage cutOut(const Decoded& source, const Cut& cut, int frame) const;
     [[noreturn]] void throwConverted(const vips::VError& error) const;
 
     QString name;

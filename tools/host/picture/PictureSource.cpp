@@ -1,6 +1,7 @@
 #include "PictureSource.h"
 
 #include "../HostError.h"
+#include "../OutputFile.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -8,8 +9,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <limits>
 #include <poll.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace host {
 
@@ -29,23 +32,19 @@ namespace {
 
 // A pipe is read to its end, because a decoder may begin anew. It may have no writer, or one that
 // stopped: nobody waits for ever.
-std::unique_ptr<QIODevice> contentOfPipe(const QString& path, qint64 mostBytes)
+std::unique_ptr<QIODevice> contentOfPipe(
+    const QString& path, int descriptor, int mostSeconds, qint64 mostBytes)
 {
-    constexpr int patience = 10'000; // milliseconds
     QFile pipe;
-    const QByteArray encoded = QFile::encodeName(path);
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
-    const int descriptor = open(encoded.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (!pipe.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle))
         throwNotOpened(path, pipe.errorString());
     auto content = std::make_unique<QBuffer>();
     content->open(QIODevice::ReadWrite);
     while (content->size() <= mostBytes) {
         pollfd waiting { descriptor, POLLIN, 0 };
-        if (poll(&waiting, 1, patience) <= 0)
+        if (poll(&waiting, 1, mostSeconds * 1000) <= 0)
             throw HostError(ExitCode::UnreadableInput, path,
-                QStringLiteral("nothing was written to the pipe for %1 seconds")
-                    .arg(patience / 1000),
+                QStringLiteral("nothing was written to the pipe for %1 seconds").arg(mostSeconds),
                 QStringLiteral("check the program that writes to it"));
         const QByteArray part = pipe.read(1 << 20);
         if (part.isEmpty())
@@ -56,6 +55,25 @@ std::unique_ptr<QIODevice> contentOfPipe(const QString& path, qint64 mostBytes)
         throwTooLarge(path, mostBytes);
     content->seek(0);
     return content;
+}
+
+std::unique_ptr<QIODevice> contentOfPipe(const QString& path, qint64 mostBytes)
+{
+    const QByteArray encoded = QFile::encodeName(path);
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
+    const int descriptor = open(encoded.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    constexpr int patience = 10;
+    return contentOfPipe(path, descriptor, patience, mostBytes);
+}
+
+std::unique_ptr<QIODevice> contentOfStandardInput(qint64 mostBytes)
+{
+    const QString name = QStringLiteral("standard input");
+    if (isatty(STDIN_FILENO) == 1)
+        throw HostError(ExitCode::MissingInput, name, QStringLiteral("is a terminal"),
+            QStringLiteral("send a picture to it, such as by < picture.jpg"));
+    constexpr int patience = 60; // what is before it in a pipeline may have to begin
+    return contentOfPipe(name, dup(STDIN_FILENO), patience, mostBytes);
 }
 
 std::unique_ptr<QIODevice> openFile(const QString& path, qint64 mostBytes)
@@ -81,9 +99,7 @@ gint64 seekIn(VipsSourceCustom* /*source*/, gint64 offset, int whence, QIODevice
     return device->seek(origin + offset) ? device->pos() : -1;
 }
 
-} // namespace
-
-std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes)
+std::unique_ptr<QIODevice> openFileOrPipe(const QString& path, qint64 mostBytes)
 {
     struct stat status = {};
     if (stat(QFile::encodeName(path).constData(), &status) != 0)
@@ -96,8 +112,15 @@ std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes)
     if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode))
         throw HostError(ExitCode::MissingInput, path, QStringLiteral("is no file"),
             QStringLiteral("name a picture file, or a pipe"));
-    std::unique_ptr<QIODevice> device
-        = S_ISFIFO(status.st_mode) ? contentOfPipe(path, mostBytes) : openFile(path, mostBytes);
+    return S_ISFIFO(status.st_mode) ? contentOfPipe(path, mostBytes) : openFile(path, mostBytes);
+}
+
+} // namespace
+
+std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes)
+{
+    std::unique_ptr<QIODevice> device = isStandardStream(path) ? contentOfStandardInput(mostBytes)
+                                                               : openFileOrPipe(path, mostBytes);
     if (device->size() == 0)
         throw HostError(ExitCode::UnreadableInput, path, QStringLiteral("the file is empty"),
             QStringLiteral("get a complete copy"));
@@ -111,6 +134,18 @@ vips::VSource sourceOf(QIODevice& device)
     g_signal_connect(source, "read", reinterpret_cast<GCallback>(readFrom), &device);
     g_signal_connect(source, "seek", reinterpret_cast<GCallback>(seekIn), &device);
     return vips::VSource(reinterpret_cast<VipsSource*>(source));
+}
+
+QByteArray contentOf(QIODevice& device)
+{
+    auto* const file = qobject_cast<QFile*>(&device);
+    if (file == nullptr)
+        return static_cast<QBuffer&>(device).data();
+    const bool isAddressable = file->size() <= std::numeric_limits<int>::max();
+    const uchar* const bytes = isAddressable ? file->map(0, file->size()) : nullptr;
+    return bytes == nullptr ? QByteArray()
+                            : QByteArray::fromRawData(reinterpret_cast<const char*>(bytes),
+                                static_cast<int>(file->size()));
 }
 
 } // namespace host

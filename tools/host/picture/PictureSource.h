@@ -2,6 +2,7 @@
 
 #include <vips/vips8>
 
+#include <QByteArray>
 #include <QIODevice>
 #include <QString>
 
@@ -9,12 +10,16 @@
 
 namespace host {
 
-/// Opens a picture file so that it can be read more than once; a pipe is read to its end for that.
+/// Opens a picture file, or standard input for "-", so that it can be read more than once; a pipe is read to its
+/// end for that.
 /// \throws HostError when it is missing or empty, has more than \a mostBytes, is neither a file nor a
 /// pipe, or is a pipe that nobody writes to.
 std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes);
 
 /// \a device as libvips reads it, from its beginning. \pre the device outlives what is read from it.
 vips::VSource sourceOf(QIODevice& device);
+
+/// The bytes of \a device, which must outlive them: those of a file are read when they are looked at.
+QByteArray contentOf(QIODevice& device);
 
 } // namespace host

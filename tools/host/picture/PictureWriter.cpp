@@ -10,28 +10,39 @@ namespace host {
 
 namespace {
 
-[[noreturn]] void throwWriteFailed(const QString& path, const QString& reason)
+[[noreturn]] void throwNotEncoded(const vips::VError& error, const vips::VImage& picture,
+    const Format& format, const QString& path, const Deadline& deadline)
 {
-    throw HostError(ExitCode::WriteFailed, path, reason,
-        QStringLiteral("make room on the disk or choose another folder"));
+    if (deadline.hasPassed())
+        throw tooSlow(path, deadline.mostSeconds());
+    if (isForWantOfEncoder(error))
+        throw HostError(ExitCode::CannotCreate, path,
+            QStringLiteral("this system has no encoder for %1").arg(QLatin1String(format.name)),
+            QStringLiteral("install libheif's plugins, or choose another format"));
+    throw HostError(ExitCode::CannotCreate, path,
+        QStringLiteral("%1 x %2 pixels cannot be written in this format")
+            .arg(picture.width())
+            .arg(picture.height()),
+        QStringLiteral("choose another format or a smaller size"));
 }
 
 } // namespace
 
-void requireKnownFormat(const QString& path)
+void requireKnownFormat(const QString& path, const WritingRules& rules)
 {
-    if (!isWritten(QFileInfo(path).suffix()))
+    const bool isKnown = rules.format != nullptr || isStandardStream(path)
+        || formatCalled(QFileInfo(path).suffix()) != nullptr;
+    if (!isKnown)
         throw HostError(ExitCode::CannotCreate, path,
             QStringLiteral("its suffix names no format that can be written"),
             QStringLiteral("end the name in .png or .jpg"));
 }
 
-void requireReplaceable(const QString& output)
+const Format& formatOf(const QString& path, const WritingRules& rules)
 {
-    const QFileInfo existing(output);
-    if (existing.exists() && !existing.isFile())
-        throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there and is no file"),
-            QStringLiteral("choose another name"));
+    if (rules.format != nullptr)
+        return *rules.format;
+    return *formatCalled(isStandardStream(path) ? QStringLiteral("png") : QFileInfo(path).suffix());
 }
 
 PictureWriter::PictureWriter(const QImage& picture, const QString& path)
@@ -39,43 +50,27 @@ PictureWriter::PictureWriter(const QImage& picture, const QString& path)
 {
 }
 
-PictureWriter::PictureWriter(const vips::VImage& picture, const QString& path)
-    : file(path)
+PictureWriter::PictureWriter(const vips::VImage& picture, const QString& path,
+    const WritingRules& rules, const Deadline& deadline)
+    : file((requireKnownFormat(path, rules), path))
 {
-    requireKnownFormat(path);
-    requireReplaceable(path);
-    if (!file.open(QIODevice::WriteOnly))
-        throw HostError(ExitCode::CannotCreate, path, file.errorString(),
-            QStringLiteral("choose a folder that exists and can be written to"));
+    const Format& format = formatOf(path, rules);
     try {
-        content = encoded(picture, QFileInfo(path).suffix());
-    } catch (const vips::VError&) {
-        throw HostError(ExitCode::CannotCreate, path,
-            QStringLiteral("%1 x %2 pixels cannot be written in this format")
-                .arg(picture.width())
-                .arg(picture.height()),
-            QStringLiteral("choose another format or a smaller size"));
+        content = encoded(picture, format, rules, deadline);
+    } catch (const vips::VError& error) {
+        throwNotEncoded(error, picture, format, path, deadline);
     }
-    // A disk that fills up shortens what is written, and only then refuses to write.
-    const bool isWhole = file.write(content) == content.size() && file.flush();
-    if (!isWhole)
-        throwWriteFailed(path,
-            file.error() == QFileDevice::NoError ? QStringLiteral("no room left")
-                                                 : file.errorString());
+    file.write(content);
 }
 
-bool PictureWriter::differsFromExisting() const
+PictureWriter::Existing PictureWriter::existing() const
 {
-    QFile existing(file.fileName());
-    return existing.exists()
-        && (existing.size() != content.size() || !existing.open(QIODevice::ReadOnly)
-            || existing.readAll() != content);
-}
-
-void PictureWriter::commit()
-{
-    if (!file.commit())
-        throwWriteFailed(file.fileName(), file.errorString());
+    QFile existing(file.path());
+    if (isStandardStream(file.path()) || !existing.exists())
+        return Existing::None;
+    const bool isSame = existing.size() == content.size() && existing.open(QIODevice::ReadOnly)
+        && existing.readAll() == content;
+    return isSame ? Existing::Same : Existing::Other;
 }
 
 void refuseToOverwriteInput(const QString& input, const QString& output)

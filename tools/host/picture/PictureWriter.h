@@ -1,42 +1,48 @@
 #pragma once
 
+#include "../OutputFile.h"
+#include "Deadline.h"
+#include "Formats.h"
+#include "WritingRules.h"
+
 #include <vips/vips8>
 
 #include <QByteArray>
 #include <QImage>
-#include <QSaveFile>
 #include <QString>
 
 namespace host {
 
-/// Refuses a name whose suffix names no format that is written.
+/// Refuses a name whose suffix means no format that is written, unless the rules name one.
 /// \throws HostError
-void requireKnownFormat(const QString& path);
+void requireKnownFormat(const QString& path, const WritingRules& rules);
 
-/// Refuses an output that is there and is no regular file: a folder, a pipe or a device.
-/// \throws HostError
-void requireReplaceable(const QString& output);
+/// The format that a file at \a path gets: that of the rules, or that of its suffix, or PNG for standard output.
+/// \pre requireKnownFormat() accepts them.
+const Format& formatOf(const QString& path, const WritingRules& rules);
 
-/// A picture file on its way: appears whole under its name when commit() is called, or not at all.
+/// A picture file on its way: it appears whole under its name when commit() is called, or not at all.
 class PictureWriter {
 public:
-    /// Encodes \a picture in the format that the suffix of \a path names. A format that knows no
-    /// transparency gets white in its place.
-    /// \throws HostError when there is no such format, the file cannot be created, or writing
-    /// fails.
-    PictureWriter(const vips::VImage& picture, const QString& path);
+    /// Encodes \a picture in the format of formatOf().
+    /// \throws HostError when there is no such format, the system has no encoder for it, the file cannot be
+    /// created, writing fails, or \a deadline passes.
+    explicit PictureWriter(const vips::VImage& picture, const QString& path,
+        const WritingRules& rules = {}, const Deadline& deadline = Deadline::never());
     PictureWriter(const QImage& picture, const QString& path);
 
-    /// Whether there is a file of that name with other content.
-    bool differsFromExisting() const;
+    /// The file of that name that is there already.
+    enum class Existing { None, Same, Other };
 
-    /// Gives the file its name, replacing one of that name.
-    /// \throws HostError when that fails.
-    void commit();
+    /// Compares with it.
+    Existing existing() const;
+
+    /// Gives the file its name. \see OutputFile::commit()
+    void commit(bool mayReplace) { file.commit(mayReplace); }
 
 private:
     QByteArray content;
-    QSaveFile file;
+    OutputFile file;
 };
 
 /// Refuses to write \a output over \a input.

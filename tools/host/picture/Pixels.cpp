@@ -27,6 +27,13 @@ void* copyBlob(VipsImage* /*from*/, const char* name, GValue* value, void* to)
     return nullptr;
 }
 
+// libvips tells now and then how far it has come.
+void killIfLate(VipsImage* image, VipsProgress* /*progress*/, const Deadline* deadline)
+{
+    if (deadline->hasPassed())
+        vips_image_set_kill(image, TRUE);
+}
+
 } // namespace
 
 void check(int status)
@@ -52,6 +59,14 @@ uchar* addressOf(const VImage& image, int x, int y)
 }
 
 QRect boundsOf(const VImage& image) { return { 0, 0, image.width(), image.height() }; }
+
+void endLate(const VImage& image, const Deadline& deadline)
+{
+    vips_image_set_progress(image.get_image(), TRUE);
+    g_signal_connect(image.get_image(), "eval", reinterpret_cast<GCallback>(killIfLate),
+        const_cast<Deadline*>(
+            &deadline)); // NOLINT(cppcoreguidelines-pro-type-const-cast): handed back as const
+}
 
 VImage inMemory(const VImage& image, const QRect& part, const Deadline& deadline)
 {

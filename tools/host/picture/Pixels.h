@@ -29,6 +29,9 @@ uchar* addressOf(const vips::VImage& image, int x, int y);
 /// The bounds of \a image.
 QRect boundsOf(const vips::VImage& image);
 
+/// Makes what computes \a image fail once \a deadline has passed. \pre the deadline outlives \a image.
+void endLate(const vips::VImage& image, const Deadline& deadline);
+
 /// A part of \a image, computed now, in memory, in this thread.
 /// \throws vips::VError, also when \a deadline passes.
 vips::VImage inMemory(const vips::VImage& image, const QRect& part, const Deadline& deadline);

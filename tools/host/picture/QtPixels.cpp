@@ -6,7 +6,6 @@
 #include <QColorSpace>
 
 #include <cstring>
-#include <limits>
 #include <memory>
 
 namespace host {
@@ -55,15 +54,17 @@ QImage viewOf(const VImage& image, const QRect& part)
 
 QImage toQImage(const VImage& image)
 {
-    const Deadline never(std::numeric_limits<int>::max());
     const bool isInMemory = image.get_image()->dtype == VIPS_IMAGE_SETBUF;
-    auto memory
-        = std::make_unique<VImage>(isInMemory ? image : inMemory(image, boundsOf(image), never));
+    auto memory = std::make_unique<VImage>(
+        isInMemory ? image : inMemory(image, boundsOf(image), Deadline::never()));
     const uchar* const pixels = addressOf(*memory, 0, 0);
     const auto release = [](void* pointer) { delete static_cast<VImage*>(pointer); };
     QImage view = held(QImage(pixels, memory->width(), memory->height(),
         static_cast<int>(bytesPerRow(*memory)), formatOf(*memory), release, memory.get()));
     static_cast<void>(memory.release()); // the view releases it
+    constexpr double millimetresPerMetre = 1000;
+    view.setDotsPerMeterX(qRound(image.xres() * millimetresPerMetre));
+    view.setDotsPerMeterY(qRound(image.yres() * millimetresPerMetre));
     return view;
 }
 

@@ -1,11 +1,13 @@
 #include "Scaling.h"
 
 #include "../ImageMemory.h"
+#include "Colours.h"
 #include "QtPixels.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <vector>
 
 namespace host {
 
@@ -58,6 +60,25 @@ VImage scaledTo(const VImage& image, const QRect& part, const QSize& size)
         return scaledByQt(image, part, size);
     const VImage cut = image.extract_area(part.left(), part.top(), part.width(), part.height());
     return isScaled ? scaledByVips(cut, size) : cut;
+}
+
+VImage padded(const VImage& image, const QSize& size, const QColor& background)
+{
+    const bool isDeep = image.format() == VIPS_FORMAT_USHORT;
+    const double unit = isDeep ? 257 : 1;
+    const bool isTransparent = image.has_alpha() || background.alpha() < 255;
+    VImage picture = image;
+    const bool becomesColoured = image.bands() < 3 && background.saturation() > 0;
+    if (becomesColoured)
+        picture
+            = picture.colourspace(isDeep ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB);
+    if (isTransparent && !picture.has_alpha())
+        picture = picture.bandjoin_const({ 255 * unit });
+    std::vector<double> pixel = pixelOf(picture, background);
+    if (isTransparent)
+        pixel.push_back(background.alpha() * unit);
+    return picture.gravity(VIPS_COMPASS_DIRECTION_CENTRE, size.width(), size.height(),
+        VImage::option()->set("extend", VIPS_EXTEND_BACKGROUND)->set("background", pixel));
 }
 
 } // namespace host

@@ -2,6 +2,7 @@
 
 #include <vips/vips8>
 
+#include <QColor>
 #include <QRect>
 #include <QSize>
 
@@ -12,5 +13,8 @@ namespace host {
 /// What has 8 bits is scaled by Qt, which averages the pixels that a pixel stands for; what has more, or
 /// colours that Qt does not know, by libvips with Lanczos' kernel, when it is asked for.
 vips::VImage scaledTo(const vips::VImage& image, const QRect& part, const QSize& size);
+
+/// \a image in the middle of a picture of \a size with \a background around it.
+vips::VImage padded(const vips::VImage& image, const QSize& size, const QColor& background);
 
 } // namespace host

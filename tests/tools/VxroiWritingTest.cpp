@@ -1,0 +1,316 @@
+#include "Program.h"
+#include "SampleFiles.h"
+
+#include <QColorSpace>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// What is written, as another program reads it.
+class VxroiWriting : public testing::Test {
+protected:
+    const samples::SampleFolder folder;
+    QString source;
+
+    void SetUp() override
+    {
+        if (runShell(QStringLiteral("exiftool -ver")).exitCode != 0)
+            GTEST_SKIP() << "exiftool is not installed";
+        QImage picture = samples::picture({ 240, 160 });
+        picture.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+        source = folder.save(samples::jpegWithOrientation(picture, 6), QStringLiteral("in.jpg"));
+        const QString thumbnail
+            = folder.save(samples::encoded(samples::picture({ 60, 40 }), "jpeg"),
+                QStringLiteral("thumbnail.jpg"));
+        const Outcome tagged = shell(QStringLiteral(
+            "exiftool -q -overwrite_original -EXIF:Copyright='(c) Ann' -EXIF:Artist=Ann "
+            "-EXIF:Make=Camera -GPSLatitude=3 -GPSLatitudeRef=N -XMP-dc:Rights='(c) Ann' "
+            "-XMP-dc:Creator=Ann -XMP-dc:Subject=cat -XMP-tiff:Orientation#=6 "
+            "-IPTC:CopyrightNotice='(c) Ann' -IPTC:Keywords=dog -XResolution=300 -YResolution=300 "
+            "-ResolutionUnit=inches '-ThumbnailImage<=thumbnail.jpg' in.jpg"));
+        ASSERT_EQ(tagged.exitCode, 0) << tagged.err.toStdString();
+        ASSERT_FALSE(tagsOf(QStringLiteral("in.jpg"))
+                         .value(QStringLiteral("IFD1:ThumbnailImage"))
+                         .isUndefined());
+    }
+
+    Outcome shell(const QString& command) const
+    {
+        return runShell(QStringLiteral("cd '%1' && %2").arg(folder.path(QString()), command));
+    }
+
+    // Crops the source into a file of that name.
+    Outcome crop(const QString& output, const QString& options = QString()) const
+    {
+        return shell(
+            QStringLiteral("\"$VXROI\" crop in.jpg --ratio 1:1 --if-exists overwrite -o %1 %2")
+                .arg(output, options));
+    }
+
+    // By family and name, with numbers as they are stored.
+    QJsonObject tagsOf(const QString& file) const
+    {
+        const Outcome outcome = shell(QStringLiteral("exiftool -j -n -G1 -struct '%1'").arg(file));
+        return QJsonDocument::fromJson(outcome.out).array().first().toObject();
+    }
+
+    static std::string text(const QJsonObject& tags, const char* name)
+    {
+        const QJsonValue value = tags.value(QLatin1String(name));
+        return (value.isArray() ? value.toArray().first() : value)
+            .toVariant()
+            .toString()
+            .toStdString();
+    }
+};
+
+const char* const formatsOfExif[] = { "jpg", "png", "webp", "tif", "avif", "heic", "jxl" };
+
+} // namespace
+
+TEST_F(VxroiWriting, keepsMetadataAsFarAsFormatsHoldIt)
+{
+    for (const char* const suffix : formatsOfExif) {
+        const QString output = QStringLiteral("out.") + QLatin1String(suffix);
+        ASSERT_EQ(crop(output).exitCode, 0) << suffix;
+        const QJsonObject tags = tagsOf(output);
+        EXPECT_EQ(text(tags, "IFD0:Copyright"), "(c) Ann") << suffix;
+        EXPECT_EQ(text(tags, "IFD0:Make"), "Camera") << suffix;
+        EXPECT_EQ(text(tags, "GPS:GPSLatitude"), "3") << suffix;
+        EXPECT_EQ(text(tags, "XMP-dc:Rights"), "(c) Ann") << suffix;
+        EXPECT_EQ(text(tags, "XMP-dc:Subject"), "cat") << suffix;
+        EXPECT_EQ(text(tags, "IFD0:XResolution"), "300") << suffix;
+        EXPECT_TRUE(tags.value(QStringLiteral("IFD1:ThumbnailImage")).isUndefined()) << suffix;
+        EXPECT_TRUE(tags.value(QStringLiteral("XMP-tiff:Orientation")).isUndefined()) << suffix;
+        const std::string orientation = text(tags, "IFD0:Orientation");
+        EXPECT_TRUE(orientation == "1" || orientation.empty()) << suffix << orientation;
+    }
+    for (const char* const name : { "out.jpg", "out.tif" }) {
+        const QJsonObject tags = tagsOf(QLatin1String(name));
+        EXPECT_EQ(text(tags, "IPTC:CopyrightNotice"), "(c) Ann") << name;
+        EXPECT_EQ(text(tags, "IPTC:Keywords"), "dog") << name;
+    }
+}
+
+TEST_F(VxroiWriting, keepsTheMetadataOfTiffAndJpegXl)
+{
+    for (const char* const suffix : { "tif", "jxl" }) {
+        ASSERT_EQ(crop(QStringLiteral("middle.") + QLatin1String(suffix)).exitCode, 0);
+        ASSERT_EQ(shell(QStringLiteral("\"$VXROI\" crop middle.%1 --ratio 2:1 -o %1.jpg")
+                            .arg(QLatin1String(suffix)))
+                      .exitCode,
+            0);
+        const QJsonObject tags = tagsOf(QLatin1String(suffix) + QStringLiteral(".jpg"));
+        EXPECT_EQ(text(tags, "IFD0:Copyright"), "(c) Ann") << suffix;
+        EXPECT_EQ(text(tags, "GPS:GPSLatitude"), "3") << suffix;
+        EXPECT_EQ(text(tags, "XMP-dc:Rights"), "(c) Ann") << suffix;
+    }
+    EXPECT_EQ(text(tagsOf(QStringLiteral("tif.jpg")), "IPTC:CopyrightNotice"), "(c) Ann");
+}
+
+TEST_F(VxroiWriting, keepsNothingButTheCopyrightWhenAsked)
+{
+    for (const char* const suffix : formatsOfExif) {
+        const QString output = QStringLiteral("out.") + QLatin1String(suffix);
+        ASSERT_EQ(crop(output, QStringLiteral("--metadata copyright")).exitCode, 0) << suffix;
+        const QJsonObject tags = tagsOf(output);
+        EXPECT_EQ(text(tags, "IFD0:Copyright"), "(c) Ann") << suffix;
+        EXPECT_EQ(text(tags, "IFD0:Artist"), "Ann") << suffix;
+        EXPECT_EQ(text(tags, "XMP-dc:Rights"), "(c) Ann") << suffix;
+        for (const char* const lost : { "IFD0:Make", "GPS:GPSLatitude", "XMP-dc:Subject",
+                 "IPTC:Keywords", "IFD1:ThumbnailImage" })
+            EXPECT_TRUE(tags.value(QLatin1String(lost)).isUndefined()) << suffix << ' ' << lost;
+    }
+    ASSERT_EQ(crop(QStringLiteral("out.jpg"), QStringLiteral("--metadata copyright")).exitCode, 0);
+    EXPECT_EQ(text(tagsOf(QStringLiteral("out.jpg")), "IPTC:CopyrightNotice"), "(c) Ann");
+}
+
+TEST_F(VxroiWriting, keepsNothingButColoursAndResolutionWhenAsked)
+{
+    for (const char* const suffix : formatsOfExif) {
+        const QString output = QStringLiteral("out.") + QLatin1String(suffix);
+        ASSERT_EQ(crop(output, QStringLiteral("--metadata strip")).exitCode, 0) << suffix;
+        const QJsonObject tags = tagsOf(output);
+        for (const QString& tag : tags.keys())
+            EXPECT_FALSE(tags.value(tag).toVariant().toString().contains(QLatin1String("Ann")))
+                << suffix << ' ' << tag.toStdString();
+        EXPECT_TRUE(tags.value(QStringLiteral("GPS:GPSLatitude")).isUndefined()) << suffix;
+    }
+    const QJsonObject tags = tagsOf(QStringLiteral("out.jpg"));
+    EXPECT_EQ(text(tags, "IFD0:XResolution"), "300");
+    EXPECT_FALSE(text(tags, "ICC_Profile:ProfileDescription").empty());
+}
+
+TEST_F(VxroiWriting, keepsTextsOfAPngThatNameItsAuthor)
+{
+    QImage picture = samples::picture({ 60, 40 });
+    picture.setText(QStringLiteral("Author"), QStringLiteral("Ann"));
+    picture.setText(QStringLiteral("Comment"), QStringLiteral("of a walk"));
+    folder.save(picture, QStringLiteral("texts.png"));
+    const auto tagsAfter = [&](const char* metadata) {
+        EXPECT_EQ(
+            shell(QStringLiteral("\"$VXROI\" crop texts.png --ratio 1:1 -o o.png --metadata %1 "
+                                 "--if-exists overwrite")
+                      .arg(QLatin1String(metadata)))
+                .exitCode,
+            0);
+        return tagsOf(QStringLiteral("o.png"));
+    };
+    EXPECT_EQ(text(tagsAfter("keep"), "PNG:Comment"), "of a walk");
+    EXPECT_EQ(text(tagsAfter("copyright"), "PNG:Author"), "Ann");
+    EXPECT_EQ(text(tagsAfter("copyright"), "PNG:Comment"), "");
+    EXPECT_EQ(text(tagsAfter("strip"), "PNG:Author"), "");
+}
+
+TEST_F(VxroiWriting, keepsTheProfileOrConvertsToSrgb)
+{
+    const QImage adobe(source);
+    for (const char* const suffix : { "jpg", "png", "webp", "tif", "avif", "heic" }) {
+        const QString output = QStringLiteral("out.") + QLatin1String(suffix);
+        ASSERT_EQ(crop(output).exitCode, 0) << suffix;
+        EXPECT_FALSE(text(tagsOf(output), "ICC_Profile:ProfileDescription").empty()) << suffix;
+        ASSERT_EQ(crop(output, QStringLiteral("--to-srgb")).exitCode, 0) << suffix;
+        EXPECT_TRUE(text(tagsOf(output), "ICC_Profile:ProfileDescription").empty()) << suffix;
+    }
+    // The same green takes other levels in sRGB.
+    QImage green(64, 64, QImage::Format_RGB32);
+    green.fill(qRgb(80, 160, 80));
+    green.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+    folder.save(green, QStringLiteral("in.png"));
+    ASSERT_EQ(
+        shell(QStringLiteral("\"$VXROI\" crop in.png --ratio 1:1 -o green.png --to-srgb")).exitCode,
+        0);
+    const QColor expected
+        = QColor::fromRgb(green.convertedToColorSpace(QColorSpace(QColorSpace::SRgb)).pixel(3, 3));
+    const QColor written(QImage(folder.path(QStringLiteral("green.png"))).pixel(3, 3));
+    EXPECT_LT(expected.red(), 40) << "far from 80";
+    EXPECT_NEAR(written.red(), expected.red(), 2);
+    EXPECT_NEAR(written.green(), expected.green(), 2);
+    EXPECT_NEAR(written.blue(), expected.blue(), 2);
+}
+
+TEST_F(VxroiWriting, keepsTheDepthWhereTheFormatCan)
+{
+    folder.save(samples::picture({ 60, 40 }).convertToFormat(QImage::Format_RGBX64),
+        QStringLiteral("deep.png"));
+    const auto depthIn = [&](const char* suffix, const char* tag) {
+        const QString output = QStringLiteral("deep-out.") + QLatin1String(suffix);
+        EXPECT_EQ(shell(QStringLiteral("\"$VXROI\" crop deep.png --ratio 1:1 -o %1").arg(output))
+                      .exitCode,
+            0)
+            << suffix;
+        return text(tagsOf(output), tag);
+    };
+    EXPECT_EQ(depthIn("png", "PNG:BitDepth"), "16");
+    EXPECT_EQ(depthIn("tif", "IFD0:BitsPerSample"), "16 16 16");
+    EXPECT_EQ(depthIn("ppm", "File:MaxVal"), "65535");
+    EXPECT_EQ(depthIn("jpg", "File:BitsPerSample"), "8");
+    EXPECT_EQ(depthIn("avif", "QuickTime:ImagePixelDepth"), "12 12 12");
+}
+
+TEST_F(VxroiWriting, keepsTheChromaOfTheSourceUnlessToldOtherwise)
+{
+    const auto subsampling = [&](const QString& options) {
+        EXPECT_EQ(crop(QStringLiteral("c.jpg"), options).exitCode, 0);
+        return text(tagsOf(QStringLiteral("c.jpg")), "File:YCbCrSubSampling");
+    };
+    EXPECT_EQ(text(tagsOf(QStringLiteral("in.jpg")), "File:YCbCrSubSampling"), "2 2");
+    EXPECT_EQ(subsampling(QString()), "2 2");
+    EXPECT_EQ(subsampling(QStringLiteral("--chroma 444")), "1 1");
+    ASSERT_EQ(shell(QStringLiteral("mv c.jpg in.jpg")).exitCode, 0);
+    EXPECT_EQ(subsampling(QString()), "1 1");
+    EXPECT_EQ(subsampling(QStringLiteral("--chroma 420")), "2 2");
+    folder.save(samples::picture({ 60, 40 }), QStringLiteral("in.png"));
+    ASSERT_EQ(shell(QStringLiteral("\"$VXROI\" crop in.png --ratio 1:1 -o png.jpg")).exitCode, 0);
+    EXPECT_EQ(text(tagsOf(QStringLiteral("png.jpg")), "File:YCbCrSubSampling"), "1 1")
+        << "a PNG has full colours";
+}
+
+TEST_F(VxroiWriting, writesWithTheQualityAndTheProgressionAskedFor)
+{
+    for (const char* const suffix : { "jpg", "webp", "jxl", "avif", "heic" }) {
+        const QString output = QStringLiteral("q.") + QLatin1String(suffix);
+        const auto bytesAt = [&](const char* options) {
+            EXPECT_EQ(crop(output, QLatin1String(options)).exitCode, 0) << suffix;
+            return QFile(folder.path(output)).size();
+        };
+        EXPECT_LT(bytesAt("--quality 30"), bytesAt("")) << suffix;
+        EXPECT_GT(bytesAt("--quality 99"), bytesAt("")) << suffix;
+    }
+    const auto process = [&](const char* options) {
+        EXPECT_EQ(crop(QStringLiteral("p.jpg"), QLatin1String(options)).exitCode, 0);
+        return text(tagsOf(QStringLiteral("p.jpg")), "File:EncodingProcess");
+    };
+    EXPECT_EQ(process(""), "0") << "baseline";
+    EXPECT_EQ(process("--progressive"), "2") << "progressive";
+    ASSERT_EQ(crop(QStringLiteral("p.png"), QStringLiteral("--progressive")).exitCode, 0);
+    EXPECT_EQ(text(tagsOf(QStringLiteral("p.png")), "PNG:Interlace"), "1");
+}
+
+TEST_F(VxroiWriting, writesTheFormatAskedForWhateverTheNameSays)
+{
+    ASSERT_EQ(
+        crop(QStringLiteral("'{stem}-x.{ext}'"), QStringLiteral("--format webp")).exitCode, 0);
+    EXPECT_EQ(text(tagsOf(QStringLiteral("in-x.webp")), "File:MIMEType"), "image/webp");
+    ASSERT_EQ(crop(QStringLiteral("name"), QStringLiteral("--format gif")).exitCode, 0);
+    EXPECT_EQ(text(tagsOf(QStringLiteral("name")), "File:MIMEType"), "image/gif");
+    EXPECT_EQ(crop(QStringLiteral("name"), QStringLiteral("--format tga")).exitCode, 64);
+}
+
+TEST_F(VxroiWriting, putsTheBackgroundBelowTransparentPixelsAndAroundSmallCrops)
+{
+    QImage clear(40, 40, QImage::Format_ARGB32);
+    clear.fill(Qt::transparent);
+    folder.save(clear, QStringLiteral("clear.png"));
+    ASSERT_EQ(shell(QStringLiteral(
+                        "\"$VXROI\" crop clear.png --ratio 1:1 -o b.ppm --background '#0080ff'"))
+                  .exitCode,
+        0);
+    EXPECT_EQ(QImage(folder.path(QStringLiteral("b.ppm"))).pixel(7, 7), qRgb(0, 128, 255));
+
+    QImage red(40, 40, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    folder.save(red, QStringLiteral("red.png"));
+    const auto padded = [&](const char* background) {
+        const Outcome outcome
+            = shell(QStringLiteral("\"$VXROI\" crop red.png --size 100x60 --fit pad --background "
+                                   "%1 -o p.png --if-exists overwrite")
+                        .arg(QLatin1String(background)));
+        EXPECT_EQ(outcome.exitCode, 0);
+        EXPECT_TRUE(outcome.err.isEmpty()) << outcome.err.toStdString();
+        const QImage picture(folder.path(QStringLiteral("p.png")));
+        EXPECT_EQ(picture.size(), QSize(100, 60));
+        EXPECT_EQ(picture.pixel(50, 30), qRgb(255, 0, 0));
+        // The crop of 40 x 24 is in the middle.
+        EXPECT_EQ(picture.pixel(30, 30), qRgb(255, 0, 0));
+        EXPECT_EQ(picture.pixel(69, 41), qRgb(255, 0, 0));
+        EXPECT_NE(picture.pixel(29, 30), qRgb(255, 0, 0));
+        EXPECT_NE(picture.pixel(70, 41), qRgb(255, 0, 0));
+        return picture.pixel(0, 0);
+    };
+    EXPECT_EQ(padded("white"), qRgb(255, 255, 255));
+    EXPECT_EQ(padded("'#102030'"), qRgb(16, 32, 48));
+    EXPECT_EQ(qAlpha(padded("transparent")), 0);
+    EXPECT_EQ(
+        shell(QStringLiteral("\"$VXROI\" crop red.png --ratio 1:1 -o x.png --background nocolour"))
+            .exitCode,
+        64);
+}
+
+TEST_F(VxroiWriting, saysThatACropIsSmallerThanItsSize)
+{
+    const QString command = QStringLiteral("\"$VXROI\" crop in.jpg --size 1200x630 ");
+    const Outcome outcome = shell(command + QStringLiteral("-o s.jpg --json"));
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_TRUE(outcome.err.contains("the crop for 1200x630 has only 160 x 84 pixels"))
+        << outcome.err.toStdString();
+    const QJsonArray warnings
+        = QJsonDocument::fromJson(outcome.out).object().value(QStringLiteral("warnings")).toArray();
+    ASSERT_EQ(warnings.size(), 1);
+    EXPECT_TRUE(warnings.first().toString().startsWith(QStringLiteral("the crop for 1200x630")));
+    EXPECT_TRUE(shell(command + QStringLiteral("--upscale")).err.isEmpty());
+}

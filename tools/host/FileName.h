@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// \file
+/// Names of files as text and as the system's bytes. They are UTF-8 in every locale; a byte that is no part of
+/// UTF-8 becomes half of a surrogate pair, U+DC80 to U+DCFF for 0x80 to 0xFF, which JSON writes as "\udc80" to
+/// "\udcff" and Python's file functions understand.
+
+namespace host {
+
+QString textOfName(const QByteArray& name);
+
+QByteArray bytesOfName(const QString& text);
+
+/// Makes Qt read and write names of files that way.
+void useForFileNames();
+
+} // namespace host

@@ -1,0 +1,289 @@
+#include "EmbeddedMetadata.h"
+
+#include "PictureSource.h"
+
+#include <QDataStream>
+
+#include <exiv2/exiv2.hpp>
+
+#include <algorithm>
+#include <array>
+#include <mutex>
+#include <string>
+
+namespace host {
+
+namespace {
+
+using Exiv2::byte;
+
+constexpr std::array<char, 6> exifBegin { 'E', 'x', 'i', 'f', '\0', '\0' };
+constexpr auto exifBeginBytes = static_cast<int>(exifBegin.size());
+
+const byte* bytesOf(const QByteArray& bytes)
+{
+    return reinterpret_cast<const byte*>(bytes.constData());
+}
+
+std::uint32_t countOf(const QByteArray& bytes) { return static_cast<std::uint32_t>(bytes.size()); }
+
+QByteArray arrayOf(const Exiv2::Blob& blob)
+{
+    return QByteArray(reinterpret_cast<const char*>(blob.data()), static_cast<int>(blob.size()));
+}
+
+QByteArray arrayOf(const Exiv2::DataBuf& buffer)
+{
+    return QByteArray(reinterpret_cast<const char*>(buffer.pData_), static_cast<int>(buffer.size_));
+}
+
+// What \a work returns; nothing when Exiv2 cannot do it, which tells nobody.
+template <typename Work> QByteArray orNothing(const Work& work)
+try {
+    static std::once_flag silenced;
+    std::call_once(silenced, [] { Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute); });
+    return work();
+} catch (const Exiv2::AnyError&) {
+    return {};
+}
+
+Exiv2::ExifData decodedExif(const QByteArray& exif)
+{
+    Exiv2::ExifData data;
+    if (exif.isEmpty())
+        return data;
+    const QByteArray plain = exif.mid(exifBeginBytes);
+    Exiv2::ExifParser::decode(data, bytesOf(plain), countOf(plain));
+    return data;
+}
+
+QByteArray encodedExif(const Exiv2::ExifData& data)
+{
+    if (data.empty())
+        return {};
+    Exiv2::Blob blob;
+    Exiv2::ExifParser::encode(blob, Exiv2::littleEndian, data);
+    return QByteArray(exifBegin.data(), exifBeginBytes) + arrayOf(blob);
+}
+
+// Only those entries that \a isKept says.
+template <typename Data, typename Predicate>
+Data filtered(const Data& data, const Predicate& isKept)
+{
+    Data kept;
+    for (const auto& entry : data) {
+        if (isKept(entry))
+            kept.add(entry);
+    }
+    return kept;
+}
+
+// Of the picture, or of how its pixels are stored.
+bool isOfPicture(const Exiv2::Exifdatum& entry)
+{
+    static const std::array<std::string, 11> ofPicture { "ImageDescription", "Make", "Model",
+        "Software", "DateTime", "Artist", "HostComputer", "Copyright", "Rating", "XPKeywords",
+        "XPComment" };
+    const std::string group = entry.groupName();
+    if (group == "Photo")
+        return entry.tagName() != "PixelXDimension" && entry.tagName() != "PixelYDimension";
+    return group == "GPSInfo"
+        || (group == "Image"
+            && std::find(ofPicture.begin(), ofPicture.end(), entry.tagName()) != ofPicture.end());
+}
+
+// Exiv2's parser of XMP is one for all threads.
+void lockXmp(void* mutex, bool isLocked)
+{
+    if (isLocked)
+        static_cast<std::recursive_mutex*>(mutex)->lock();
+    else
+        static_cast<std::recursive_mutex*>(mutex)->unlock();
+}
+
+template <typename Predicate> QByteArray filteredXmp(const QByteArray& xmp, const Predicate& isKept)
+{
+    static std::recursive_mutex mutex;
+    static std::once_flag started;
+    std::call_once(started, [] { Exiv2::XmpParser::initialize(lockXmp, &mutex); });
+    Exiv2::XmpData data;
+    std::string packet;
+    const bool isDone = Exiv2::XmpParser::decode(data, xmp.toStdString()) == 0
+        && Exiv2::XmpParser::encode(packet, filtered(data, isKept)) == 0;
+    return isDone && !packet.empty() ? QByteArray::fromStdString(packet) : QByteArray();
+}
+
+Exiv2::IptcData decodedIptc(const QByteArray& iptc)
+{
+    constexpr std::array<char, 14> photoshop { "Photoshop 3.0" };
+    QByteArray plain = iptc;
+    if (iptc.startsWith(QByteArray(photoshop.data(), photoshop.size()))) {
+        const QByteArray blocks = iptc.mid(photoshop.size());
+        const byte* record = nullptr;
+        std::uint32_t headerBytes = 0;
+        std::uint32_t dataBytes = 0;
+        const int status = Exiv2::Photoshop::locateIptcIrb(
+            bytesOf(blocks), blocks.size(), &record, &headerBytes, &dataBytes);
+        plain = status == 0 ? QByteArray(reinterpret_cast<const char*>(record) + headerBytes,
+                    static_cast<int>(dataBytes))
+                            : QByteArray();
+    }
+    Exiv2::IptcData data;
+    Exiv2::IptcParser::decode(data, bytesOf(plain), countOf(plain));
+    return data;
+}
+
+QByteArray encodedIptc(const Exiv2::IptcData& data)
+{
+    return data.empty() ? QByteArray() : arrayOf(Exiv2::IptcParser::encode(data));
+}
+
+constexpr quint32 boxHeaderBytes = 8;
+
+// A box of the container that JPEG XL shares with other formats.
+QByteArray box(const char* kind, const QByteArray& content)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << boxHeaderBytes + countOf(content);
+    return bytes + kind + content;
+}
+
+} // namespace
+
+EmbeddedMetadata unreadInTiff(QIODevice& tiff)
+{
+    const QByteArray bytes = contentOf(tiff);
+    EmbeddedMetadata metadata;
+    metadata.exif = orNothing([&] {
+        const auto image = Exiv2::ImageFactory::open(bytesOf(bytes), bytes.size());
+        image->readMetadata();
+        metadata.iptc = encodedIptc(image->iptcData());
+        return encodedExif(filtered(image->exifData(), isOfPicture));
+    });
+    return metadata;
+}
+
+EmbeddedMetadata unreadInJxl(QIODevice& jxl)
+{
+    constexpr qint64 mostBytes = (qint64 { 8 } << 20U) + 1; // more than that is refused anyway
+    constexpr int offsetBytes = 4; // before the EXIF
+    EmbeddedMetadata metadata;
+    jxl.seek(0);
+    QDataStream stream(&jxl);
+    for (;;) {
+        const qint64 start = jxl.pos();
+        quint32 length = 0;
+        QByteArray kind(4, '\0');
+        stream >> length;
+        stream.readRawData(kind.data(), kind.size());
+        // A last box, and one of more than four gigabytes, say so by a length that is none.
+        if (stream.status() != QDataStream::Ok || length < boxHeaderBytes)
+            return metadata;
+        const qint64 contentBytes = std::min<qint64>(length - boxHeaderBytes, mostBytes);
+        if (kind == "Exif")
+            metadata.exif = QByteArray(exifBegin.data(), exifBeginBytes)
+                + jxl.read(contentBytes).mid(offsetBytes);
+        if (kind == "xml ")
+            metadata.xmp = jxl.read(contentBytes);
+        if (!jxl.seek(start + length))
+            return metadata;
+    }
+}
+
+QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& metadata)
+{
+    const QByteArray whole = orNothing([&] {
+        const auto image = Exiv2::ImageFactory::open(bytesOf(tiff), tiff.size());
+        image->readMetadata();
+        Exiv2::ExifData& all = image->exifData();
+        for (const Exiv2::Exifdatum& entry : filtered(decodedExif(metadata.exif), isOfPicture)) {
+            if (all.findKey(Exiv2::ExifKey(entry.key())) == all.end())
+                all.add(entry);
+        }
+        image->setIptcData(decodedIptc(metadata.iptc));
+        image->writeMetadata();
+        image->io().open();
+        return arrayOf(image->io().read(static_cast<long>(image->io().size())));
+    });
+    return whole.isEmpty() ? tiff : whole;
+}
+
+QByteArray jxlWithMetadata(
+    const QByteArray& codestream, const EmbeddedMetadata& metadata, int resolution)
+{
+    const QByteArray exif = orNothing([&] {
+        Exiv2::ExifData data = filtered(decodedExif(metadata.exif), isOfPicture);
+        constexpr std::uint16_t inch = 2;
+        if (resolution > 0) {
+            data["Exif.Image.XResolution"] = Exiv2::Rational(resolution, 1);
+            data["Exif.Image.YResolution"] = Exiv2::Rational(resolution, 1);
+            data["Exif.Image.ResolutionUnit"] = inch;
+        }
+        return encodedExif(data);
+    });
+    if (exif.isEmpty() && metadata.xmp.isEmpty())
+        return codestream;
+    const QByteArray offset(4, '\0'); // from which the EXIF begins
+    QByteArray file = box("JXL ", "\r\n\x87\n") + box("ftyp", QByteArray("jxl \0\0\0\0jxl ", 12));
+    if (!exif.isEmpty())
+        file += box("Exif", offset + exif.mid(exifBeginBytes));
+    if (!metadata.xmp.isEmpty())
+        file += box("xml ", metadata.xmp);
+    return file + box("jxlc", codestream);
+}
+
+QByteArray iptcForJpeg(const QByteArray& iptc)
+{
+    if (iptc.isEmpty())
+        return {};
+    return orNothing([&] {
+        return QByteArray("Photoshop 3.0", 14)
+            + arrayOf(Exiv2::Photoshop::setIptcIrb(nullptr, 0, decodedIptc(iptc)));
+    });
+}
+
+QByteArray xmpOfCrop(const QByteArray& xmp)
+{
+    if (!xmp.contains("Orientation") && !xmp.contains("Thumbnails"))
+        return xmp;
+    return orNothing([&] {
+        return filteredXmp(xmp, [](const Exiv2::Xmpdatum& entry) {
+            return entry.tagName() != "Orientation" && entry.tagName().rfind("Thumbnails", 0) != 0;
+        });
+    });
+}
+
+QByteArray copyrightInExif(const QByteArray& exif)
+{
+    return orNothing([&] {
+        return encodedExif(filtered(decodedExif(exif), [](const Exiv2::Exifdatum& entry) {
+            return entry.key() == "Exif.Image.Copyright" || entry.key() == "Exif.Image.Artist";
+        }));
+    });
+}
+
+QByteArray copyrightInXmp(const QByteArray& xmp)
+{
+    return orNothing([&] {
+        return filteredXmp(xmp, [](const Exiv2::Xmpdatum& entry) {
+            const std::string group = entry.groupName();
+            const std::string tag = entry.tagName();
+            return group == "xmpRights" || group == "plus"
+                || (group == "dc" && (tag == "rights" || tag == "creator"))
+                || (group == "photoshop" && tag == "Credit");
+        });
+    });
+}
+
+QByteArray copyrightInIptc(const QByteArray& iptc)
+{
+    return orNothing([&] {
+        return encodedIptc(filtered(decodedIptc(iptc), [](const Exiv2::Iptcdatum& entry) {
+            return entry.tagName() == "Copyright" || entry.tagName() == "Byline"
+                || entry.tagName() == "Credit";
+        }));
+    });
+}
+
+} // namespace host
