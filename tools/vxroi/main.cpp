@@ -11,6 +11,7 @@
 #include <exception>
 #include <fcntl.h>
 #include <iostream>
+#include <malloc.h>
 #include <new>
 #include <unistd.h>
 
@@ -20,16 +21,28 @@ namespace {
 // and load plugins: they crash, or wait for ever later.
 constexpr std::size_t leastBytes = std::size_t { 384 } << 20U;
 
+// glibc returns memory to the system after each picture, and taking it in again costs a sixth of the time that a
+// small one takes.
+void keepFreedMemory()
+{
+    constexpr int largestKept = 32 << 20; // the largest block that glibc takes from memory it has
+    constexpr int mostKept = 64 << 20;
+    mallopt(M_MMAP_THRESHOLD, largestKept);
+    mallopt(M_TRIM_THRESHOLD, mostKept);
+}
+
 // A standard stream that is closed would be opened again as the next file, and written into. These can neither be
 // read nor written.
 void holdClosedStreams()
 {
+    // NOLINTBEGIN(cppcoreguidelines-pro-type-vararg): both functions are declared with an ellipsis
     for (const int stream : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
-        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): both are declared with an ellipsis
-        if (fcntl(stream, F_GETFD) == -1
-            && open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
+        const bool isOpen = fcntl(stream, F_GETFD) != -1;
+        const int uselessMode = stream == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+        if (!isOpen && open("/dev/null", uselessMode) != stream)
             std::_Exit(static_cast<int>(host::ExitCode::Internal));
     }
+    // NOLINTEND(cppcoreguidelines-pro-type-vararg)
 }
 
 // For exceptions that nobody catches: Qt's threads let lack of memory out.
@@ -49,6 +62,7 @@ void holdClosedStreams()
 
 int main(int argc, char** argv)
 {
+    keepFreedMemory();
     holdClosedStreams();
     vxroi::endAtOnceOnSignals();
     std::set_terminate(endOnException);
