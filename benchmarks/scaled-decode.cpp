@@ -1,13 +1,31 @@
-// scaled-decode PICTURE: decodes it at the size that it would be analysed at, and nothing else.
+// scaled-decode PICTURE...: decodes each as far as it would be analysed, and nothing else.
+#include "host/picture/Decoder.h"
+
 #include <VXCrop/VXCrop.h>
 
 #include <QCoreApplication>
-#include <QImageReader>
+
+namespace {
+
+void decode(const QString& path)
+{
+    host::Decoder decoder(path, host::ReadingRules());
+    const QSize size(decoder.header().width(), decoder.header().height());
+    const QSize wanted = VXCrop::workingSize(size);
+    int shrink = 1;
+    while (2 * shrink <= decoder.mostShrink() && size.width() >= 2 * shrink * wanted.width())
+        shrink *= 2;
+    decoder.decode(shrink, QRect(QPoint(), size), false);
+}
+
+} // namespace
 
 int main(int argc, char** argv)
-{
+try {
     const QCoreApplication application(argc, argv);
-    QImageReader reader(QCoreApplication::arguments().value(1));
-    reader.setScaledSize(VXCrop::workingSize(reader.size()));
-    return reader.read().isNull() ? 1 : 0;
+    for (const QString& path : QCoreApplication::arguments().mid(1))
+        decode(path);
+    return 0;
+} catch (const std::exception&) {
+    return 1;
 }
