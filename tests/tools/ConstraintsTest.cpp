@@ -6,9 +6,10 @@
 
 namespace {
 
-const QString option = QStringLiteral("--keep");
-
-host::Area area(const char* text) { return host::parseArea(QLatin1String(text), option); }
+host::Area area(const char* text)
+{
+    return host::parseArea(QLatin1String(text), QStringLiteral("--keep"));
+}
 
 } // namespace
 

@@ -386,3 +386,13 @@ TEST_F(PictureFile, cutsHaveSixteenBitsWhereThePictureHas)
         }
     }
 }
+
+TEST_F(PictureFile, takesABmpThatClaimsANegativeResolution)
+{
+    QByteArray bytes = samples::encoded(picture, "bmp");
+    constexpr int placeOfResolution = 38;
+    bytes.replace(placeOfResolution, 4, QByteArray("\xff\xff\xff\xff", 4));
+    const QString path = folder.save(bytes, QStringLiteral("negative.bmp"));
+    host::PictureFile file(path, host::ReadingRules());
+    EXPECT_FALSE(file.readWorkingImage().isNull());
+}

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace {
 
 // What is written, as another program reads it.
@@ -68,7 +70,8 @@ protected:
     }
 };
 
-const char* const formatsOfExif[] = { "jpg", "png", "webp", "tif", "avif", "heic", "jxl" };
+constexpr std::array<const char*, 7> formatsOfExif { "jpg", "png", "webp", "tif", "avif", "heic",
+    "jxl" };
 
 } // namespace
 

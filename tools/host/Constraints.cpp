@@ -58,7 +58,7 @@ Area parseArea(const QString& text, const QString& option)
     static const QRegularExpression pattern(
         QStringLiteral(R"(\A(-?[0-9]{1,9}|-?[0-9]{1,3}(?:\.[0-9]{1,4})?%)(?:,(?1)){3}\z)"));
     const QStringList parts = text.split(QLatin1Char(','));
-    const Area area { lengthOf(parts.value(0)), lengthOf(parts.value(1)), lengthOf(parts.value(2)),
+    Area area { lengthOf(parts.value(0)), lengthOf(parts.value(1)), lengthOf(parts.value(2)),
         lengthOf(parts.value(3)), QStringLiteral("%1 %2").arg(option, text) };
     if (!pattern.match(text).hasMatch() || !(area.width.value > 0) || !(area.height.value > 0))
         throw HostError(ExitCode::Usage, area.text, QStringLiteral("not an area"),

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <deque>
 #include <new>
+#include <utility>
 
 namespace host {
 
@@ -26,8 +27,8 @@ void warnOfLostFrames(CropRecord& record, const CropResult& crop, const WritingR
 
 } // namespace
 
-Cropper::Cropper(const CropRules& cropRules, qint64 pixelsAtOnce)
-    : rules(cropRules)
+Cropper::Cropper(CropRules cropRules, qint64 pixelsAtOnce)
+    : rules(std::move(cropRules))
     , budget(static_cast<int>(std::clamp<qint64>(pixelsAtOnce / thousand, 1, 1 << 30)))
     , unusedBudget(budget)
 {

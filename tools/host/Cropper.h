@@ -52,7 +52,7 @@ class Cropper {
 public:
     /// \param pixelsAtOnce how many pixels all threads together may have decoded at a time; a picture
     /// with more waits until it is alone.
-    Cropper(const CropRules& rules, qint64 pixelsAtOnce);
+    Cropper(CropRules rules, qint64 pixelsAtOnce);
 
     /// Chooses the crops of a picture and writes those that have outputs: all of them or none.
     /// \return the record; a failure is in it, and never thrown.

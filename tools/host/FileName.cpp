@@ -47,7 +47,7 @@ protected:
 
 QString textOfName(const QByteArray& name)
 {
-    const QString whole = QString::fromUtf8(name);
+    QString whole = QString::fromUtf8(name);
     if (whole.toUtf8() == name)
         return whole;
     QString text;

@@ -12,6 +12,7 @@
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace host {
 
@@ -27,11 +28,12 @@ namespace {
 // A file without a name, which goes away with the process that writes it; -1 where the file system has none.
 int openUnnamed(const QString& folder)
 {
-    const bool canBeNamed = access("/proc/self/fd", X_OK) == 0;
+    constexpr mode_t readableByAll = 0666; // as far as the umask lets it
+    if (access("/proc/self/fd", X_OK) != 0)
+        return -1; // where it could not be given a name
+    const QByteArray path = bytesOfName(folder);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
-    return canBeNamed
-        ? open(bytesOfName(folder).constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666)
-        : -1;
+    return open(path.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, readableByAll);
 }
 
 bool nameUnnamed(int descriptor, const QByteArray& name)
@@ -69,8 +71,8 @@ void throwIsThere(const QString& output)
         QStringLiteral("choose another name or another --if-exists"));
 }
 
-OutputFile::OutputFile(const QString& path)
-    : name(path)
+OutputFile::OutputFile(QString path)
+    : name(std::move(path))
 {
     if (isStandardStream(name))
         return;

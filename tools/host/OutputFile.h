@@ -23,7 +23,7 @@ class OutputFile {
 public:
     /// \param path where it will be; "-" is standard output, which is written to at the commit.
     /// \throws HostError when it cannot be created there.
-    explicit OutputFile(const QString& path);
+    explicit OutputFile(QString path);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
     ~OutputFile();

@@ -61,8 +61,7 @@ std::vector<double> pixelOf(const VImage& image, const QColor& colour)
     const bool isGrey = image.bands() < 3;
     if (isGrey)
         return { qGray(colour.rgb()) * unit };
-    const std::vector<double> rgb { colour.red() * unit, colour.green() * unit,
-        colour.blue() * unit };
+    std::vector<double> rgb { colour.red() * unit, colour.green() * unit, colour.blue() * unit };
     const bool isCmyk = image.interpretation() == VIPS_INTERPRETATION_CMYK;
     if (!isCmyk && !hasOtherColours(image))
         return rgb;

@@ -95,6 +95,7 @@ try {
     QVector<VImage> pictures;
     for (const Cut& cut : cuts) {
         std::vector<VImage> frames;
+        frames.reserve(static_cast<std::size_t>(frameCount()));
         for (int frame = 0; frame < frameCount(); ++frame)
             frames.push_back(cutOut(source, cut, frame));
         pictures.append(frames.size() == 1 ? frames.front() : belowEachOther(frames));

@@ -138,9 +138,11 @@ vips::VSource sourceOf(QIODevice& device)
 
 QByteArray contentOf(QIODevice& device)
 {
+    if (auto* const buffer = qobject_cast<QBuffer*>(&device))
+        return buffer->data();
     auto* const file = qobject_cast<QFile*>(&device);
     if (file == nullptr)
-        return static_cast<QBuffer&>(device).data();
+        return {};
     const bool isAddressable = file->size() <= std::numeric_limits<int>::max();
     const uchar* const bytes = isAddressable ? file->map(0, file->size()) : nullptr;
     return bytes == nullptr ? QByteArray()

@@ -63,9 +63,9 @@ QRect boundsOf(const VImage& image) { return { 0, 0, image.width(), image.height
 void endLate(const VImage& image, const Deadline& deadline)
 {
     vips_image_set_progress(image.get_image(), TRUE);
-    g_signal_connect(image.get_image(), "eval", reinterpret_cast<GCallback>(killIfLate),
-        const_cast<Deadline*>(
-            &deadline)); // NOLINT(cppcoreguidelines-pro-type-const-cast): handed back as const
+    const auto forget = [](gpointer copy, GClosure*) { delete static_cast<Deadline*>(copy); };
+    g_signal_connect_data(image.get_image(), "eval", reinterpret_cast<GCallback>(killIfLate),
+        new Deadline(deadline), forget, GConnectFlags());
 }
 
 VImage inMemory(const VImage& image, const QRect& part, const Deadline& deadline)

@@ -29,7 +29,7 @@ uchar* addressOf(const vips::VImage& image, int x, int y);
 /// The bounds of \a image.
 QRect boundsOf(const vips::VImage& image);
 
-/// Makes what computes \a image fail once \a deadline has passed. \pre the deadline outlives \a image.
+/// Makes what computes \a image fail once \a deadline has passed.
 void endLate(const vips::VImage& image, const Deadline& deadline);
 
 /// A part of \a image, computed now, in memory, in this thread.

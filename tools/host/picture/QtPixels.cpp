@@ -5,6 +5,7 @@
 
 #include <QColorSpace>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 
@@ -77,8 +78,9 @@ VImage toVipsImage(const QImage& image)
                                          : QImage::Format_RGB888;
     VImage copy = pixelsOf(held(image.convertToFormat(format)), isGrey ? 1 : isTransparent ? 4 : 3);
     constexpr double millimetresPerMetre = 1000;
-    copy.get_image()->Xres = image.dotsPerMeterX() / millimetresPerMetre;
-    copy.get_image()->Yres = image.dotsPerMeterY() / millimetresPerMetre;
+    // A BMP may claim any number; a negative one makes libvips end the program.
+    copy.get_image()->Xres = std::max(image.dotsPerMeterX(), 0) / millimetresPerMetre;
+    copy.get_image()->Yres = std::max(image.dotsPerMeterY(), 0) / millimetresPerMetre;
     const QByteArray profile = image.colorSpace().iccProfile();
     if (!profile.isEmpty())
         vips_image_set_blob_copy(copy.get_image(), VIPS_META_ICC_NAME, profile.constData(),
