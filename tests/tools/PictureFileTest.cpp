@@ -1,6 +1,6 @@
 #include "host/picture/PictureFile.h"
 
-#include "CmykJpeg.h"
+#include "OddJpegs.h"
 #include "SampleFiles.h"
 #include "host/HostError.h"
 #include "host/picture/PictureWriter.h"
@@ -314,9 +314,8 @@ TEST_F(PictureFile, givesUpWhatTakesTooLong)
     const QString path = folder.save(picture, QStringLiteral("slow.png"));
     host::ReadingRules rules;
     rules.mostSeconds = 0;
-    host::PictureFile file(path, rules);
     try {
-        file.readAll();
+        host::PictureFile(path, rules).readAll();
         ADD_FAILURE() << "nothing takes no time";
     } catch (const host::HostError& error) {
         EXPECT_EQ(error.code(), ExitCode::UnreadableInput);
@@ -395,4 +394,19 @@ TEST_F(PictureFile, takesABmpThatClaimsANegativeResolution)
     const QString path = folder.save(bytes, QStringLiteral("negative.bmp"));
     host::PictureFile file(path, host::ReadingRules());
     EXPECT_FALSE(file.readWorkingImage().isNull());
+}
+
+TEST_F(PictureFile, refusesAJpegOfManyScansInItsOwnWords)
+{
+    for (const int scans : { 100, 101, 190 }) {
+        const QString path = folder.save(
+            samples::jpegOfScans({ 64, 48 }, scans), QStringLiteral("%1.jpg").arg(scans));
+        try {
+            const host::PictureFile file(path, host::ReadingRules());
+            EXPECT_EQ(scans, 100);
+        } catch (const host::HostError& error) {
+            EXPECT_GT(scans, 100) << error.what();
+            EXPECT_EQ(error.reason(), QStringLiteral("the JPEG has more than 100 scans"));
+        }
+    }
 }

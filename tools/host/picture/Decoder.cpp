@@ -6,6 +6,7 @@
 #include "Colours.h"
 #include "Engine.h"
 #include "Formats.h"
+#include "Limits.h"
 #include "Metadata.h"
 #include "PictureSource.h"
 #include "Pixels.h"
@@ -27,17 +28,19 @@ namespace {
         QStringLiteral("convert it to PNG or JPEG"));
 }
 
+bool isSet(const VImage& header, const char* field)
+{
+    return header.get_typeof(field) != 0 && header.get_int(field) != 0;
+}
+
 // Whether the decoder holds all pixels at once, which takes up to nine bytes for one of 8 bits a channel.
 bool isDecodedWhole(const VImage& header, const Format& format)
 {
-    const auto isSet = [&](const char* field) {
-        return header.get_typeof(field) != 0 && header.get_int(field) != 0;
-    };
     constexpr auto chroma = "jpeg-chroma-subsample";
     const bool isFullChroma
         = header.get_typeof(chroma) != 0 && std::strcmp(header.get_string(chroma), "4:4:4") == 0;
-    return format.abilities.testFlag(Ability::WholeDecoding) || isSet("interlaced")
-        || (isSet("jpeg-multiscan") && isFullChroma);
+    return format.abilities.testFlag(Ability::WholeDecoding) || isSet(header, "interlaced")
+        || (isSet(header, "jpeg-multiscan") && isFullChroma);
 }
 
 // What has 16 bits takes twice as much memory as what has 8.
@@ -71,13 +74,15 @@ Decoder::Decoder(const QString& path, const ReadingRules& readingRules)
 
 void Decoder::readHeader()
 {
-    const vips::VSource source = sourceOf(*device);
+    const vips::VSource source = sourceOf(*device, timeLimit);
     const char* const loader = vips_foreign_find_load_source(source.get_source());
     const auto* const format
         = std::find_if(formats().begin(), formats().end(), [loader](const Format& candidate) {
               return loader != nullptr && candidate.loader != nullptr
                   && std::strncmp(loader, candidate.loader, std::strlen(candidate.loader)) == 0;
           });
+    if (timeLimit.hasPassed())
+        throw tooSlow(name, rules.mostSeconds);
     if (format == formats().end())
         throwUnknown(name);
     formatName = QString::fromLatin1(format->name);
@@ -103,6 +108,8 @@ void Decoder::readHeader()
         pixelWeight *= 2;
     refuseTooMany(size, isDecodedWhole(headerImage, *format) ? pixelWeight : 1);
     refuseMuchMetadata(name, headerImage);
+    if (isSet(headerImage, "jpeg-multiscan"))
+        refuseManyScans(name, *device);
 }
 
 void Decoder::readBitmap()
@@ -162,7 +169,7 @@ VImage Decoder::opened(int shrink)
         options->set("shrink", shrink);
     if (frames > 1)
         options->set("n", frames);
-    VImage image = VImage::new_from_source(sourceOf(*device), "", options);
+    VImage image = VImage::new_from_source(sourceOf(*device, timeLimit), "", options);
     if (!unread.exif.isEmpty() || !unread.xmp.isEmpty())
         image = withUnread(image, unread);
     endLate(image, timeLimit);

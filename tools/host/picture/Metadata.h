@@ -7,22 +7,11 @@
 #include <vips/vips8>
 
 #include <QByteArray>
-#include <QIODevice>
-#include <QString>
 
 /// \file
-/// How much metadata a picture may have, and what is kept of it.
+/// What is kept of a picture's metadata.
 
 namespace host {
-
-/// Refuses a PNG with more than 20 compressed texts, each of which may take 8 megabytes while it is read.
-/// \param path what the file is called in the error.
-/// \throws HostError
-void refuseManyTexts(const QString& path, QIODevice& png);
-
-/// Refuses a picture with more than 8 megabytes of metadata.
-/// \throws HostError
-void refuseMuchMetadata(const QString& path, const vips::VImage& header);
 
 /// \a image with metadata that libvips has not read; what there is none of stays.
 vips::VImage withUnread(const vips::VImage& image, const EmbeddedMetadata& unread);

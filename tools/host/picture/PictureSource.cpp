@@ -86,9 +86,16 @@ std::unique_ptr<QIODevice> openFile(const QString& path, qint64 mostBytes)
     return file;
 }
 
-gint64 readFrom(VipsSourceCustom* /*source*/, void* buffer, gint64 length, QIODevice* device)
+struct Reader {
+    QIODevice& device;
+    const Deadline& deadline;
+};
+
+gint64 readFrom(VipsSourceCustom* /*source*/, void* buffer, gint64 length, Reader* reader)
 {
-    return device->read(static_cast<char*>(buffer), length);
+    if (reader->deadline.hasPassed())
+        return -1;
+    return reader->device.read(static_cast<char*>(buffer), length);
 }
 
 gint64 seekIn(VipsSourceCustom* /*source*/, gint64 offset, int whence, QIODevice* device)
@@ -127,11 +134,13 @@ std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes)
     return device;
 }
 
-vips::VSource sourceOf(QIODevice& device)
+vips::VSource sourceOf(QIODevice& device, const Deadline& deadline)
 {
     device.seek(0);
     VipsSourceCustom* const source = vips_source_custom_new();
-    g_signal_connect(source, "read", reinterpret_cast<GCallback>(readFrom), &device);
+    const auto forget = [](gpointer reader, GClosure*) { delete static_cast<Reader*>(reader); };
+    g_signal_connect_data(source, "read", reinterpret_cast<GCallback>(readFrom),
+        new Reader { device, deadline }, forget, GConnectFlags());
     g_signal_connect(source, "seek", reinterpret_cast<GCallback>(seekIn), &device);
     return vips::VSource(reinterpret_cast<VipsSource*>(source));
 }

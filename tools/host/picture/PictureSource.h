@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Deadline.h"
+
 #include <vips/vips8>
 
 #include <QByteArray>
@@ -16,8 +18,9 @@ namespace host {
 /// pipe, or is a pipe that nobody writes to.
 std::unique_ptr<QIODevice> openPicture(const QString& path, qint64 mostBytes);
 
-/// \a device as libvips reads it, from its beginning. \pre the device outlives what is read from it.
-vips::VSource sourceOf(QIODevice& device);
+/// \a device as libvips reads it, from its beginning; nothing can be read once \a deadline has passed. \pre both
+/// outlive what is read.
+vips::VSource sourceOf(QIODevice& device, const Deadline& deadline);
 
 /// The bytes of \a device, which must outlive them: those of a file are read when they are looked at.
 QByteArray contentOf(QIODevice& device);

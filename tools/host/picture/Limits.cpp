@@ -1,0 +1,77 @@
+#include "Limits.h"
+
+#include "../HostError.h"
+#include "PictureSource.h"
+
+#include <QDataStream>
+
+#include <cstddef>
+
+namespace host {
+
+namespace {
+
+[[noreturn]] void throwTooMuch(const QString& path)
+{
+    throw HostError(ExitCode::UnreadableInput, path,
+        QStringLiteral("its metadata takes more than 8 megabytes"),
+        QStringLiteral("remove what it does not need"));
+}
+
+void* addBytes(VipsImage* /*image*/, const char* /*name*/, GValue* value, void* sum)
+{
+    std::size_t bytes = 0;
+    if (G_VALUE_HOLDS(value, VIPS_TYPE_BLOB))
+        vips_value_get_blob(value, &bytes);
+    else if (G_VALUE_HOLDS(value, VIPS_TYPE_REF_STRING))
+        vips_value_get_ref_string(value, &bytes);
+    *static_cast<std::size_t*>(sum) += bytes;
+    return nullptr;
+}
+
+} // namespace
+
+void refuseManyTexts(const QString& path, QIODevice& png)
+{
+    constexpr int mostTexts = 20;
+    constexpr int signatureBytes = 8;
+    png.seek(signatureBytes);
+    QDataStream stream(&png);
+    int texts = 0;
+    while (stream.status() == QDataStream::Ok) {
+        quint32 length = 0;
+        QByteArray kind(4, '\0');
+        stream >> length;
+        // Those behind the pixels are not read.
+        if (stream.readRawData(kind.data(), kind.size()) != kind.size() || kind == "IDAT")
+            return;
+        if (kind == "zTXt" || kind == "iTXt")
+            ++texts;
+        if (texts > mostTexts)
+            throwTooMuch(path);
+        constexpr int checksumBytes = 4;
+        if (!png.seek(png.pos() + length + checksumBytes))
+            return;
+    }
+}
+
+void refuseMuchMetadata(const QString& path, const vips::VImage& header)
+{
+    constexpr std::size_t mostBytes = std::size_t { 8 } << 20U;
+    std::size_t bytes = 0;
+    vips_image_map(header.get_image(), addBytes, &bytes);
+    if (bytes > mostBytes)
+        throwTooMuch(path);
+}
+
+void refuseManyScans(const QString& path, QIODevice& jpeg)
+{
+    // Within compressed data these bytes do not follow each other; a thumbnail may have some.
+    constexpr int mostScans = 100;
+    if (contentOf(jpeg).count("\xff\xda") > mostScans)
+        throw HostError(ExitCode::UnreadableInput, path,
+            QStringLiteral("the JPEG has more than %1 scans").arg(mostScans),
+            QStringLiteral("save it again without progression"));
+}
+
+} // namespace host
