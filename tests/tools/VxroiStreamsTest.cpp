@@ -1,5 +1,6 @@
 #include "Program.h"
 #include "SampleFiles.h"
+#include "support/Memory.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -89,6 +90,24 @@ TEST_F(VxroiStreams, isNotHarmedByClosedStandardStreams)
         74);
     EXPECT_EQ(QImage(folder.path(QStringLiteral("out.png"))).size(), QSize(80, 80));
     EXPECT_EQ(shell(QStringLiteral("\"$VXROI\" crop - --ratio 1:1 <&-")).exitCode, 65);
+}
+
+TEST_F(VxroiStreams, saysOneLineWhateverADecoderSays)
+{
+    if (support::isSanitized)
+        GTEST_SKIP() << "where the sanitizer's reports go, there go the decoder's";
+    ASSERT_EQ(shell(QStringLiteral("\"$VXROI\" crop in.png --ratio 1:1 -o whole.jxl")).exitCode, 0);
+    QFile whole(folder.path(QStringLiteral("whole.jxl")));
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    QByteArray damaged = whole.readAll();
+    for (int i = damaged.size() / 2; i < damaged.size(); i += 7)
+        damaged[i] = static_cast<char>(damaged[i] ^ 0x55);
+    folder.save(damaged, QStringLiteral("damaged.jxl"));
+    const Outcome outcome = shell(QStringLiteral("\"$VXROI\" crop damaged.jxl --ratio 1:1"));
+    EXPECT_EQ(outcome.exitCode, 65);
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("damaged.jxl")))
+        << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.out.isEmpty());
 }
 
 TEST_F(VxroiStreams, cropsEveryFrameByOneWindow)

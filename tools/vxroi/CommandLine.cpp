@@ -6,6 +6,7 @@
 #include "MapCommand.h"
 #include "ReportCommand.h"
 #include "host/FileName.h"
+#include "host/StandardError.h"
 
 #include <CLI/CLI.hpp>
 
@@ -30,7 +31,7 @@ const char* const exitCodes
 
 ExitCode fail(ExitCode code, const std::string& line)
 {
-    std::cerr << "vxroi: " << line << '\n';
+    host::writeError("vxroi: " + line + '\n');
     return code;
 }
 
@@ -90,7 +91,7 @@ try {
 } catch (const HostError& error) {
     return fail(error.code(), error.what());
 } catch (const std::bad_alloc&) {
-    std::cerr << host::noMemoryLine;
+    host::writeError(host::noMemoryLine);
     return ExitCode::Internal;
 } catch (const std::exception& error) {
     return fail(ExitCode::Internal, error.what() + std::string("; please report this"));

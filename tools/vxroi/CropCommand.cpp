@@ -95,7 +95,9 @@ void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exi
 {
     CLI::App* const crop
         = app.add_subcommand("crop", "Choose the windows to keep of pictures, and crop them");
-    crop->add_option("PICTURE", arguments.pictures, "the picture files to read; - is standard input")->required();
+    crop->add_option(
+            "PICTURE", arguments.pictures, "the picture files to read; - is standard input")
+        ->required();
     arguments.crop.addTo(*crop);
     crop->add_flag("--json", arguments.json, "print one record for each picture, as JSON");
     crop->add_option("--emit", arguments.emit,

@@ -1,6 +1,7 @@
 #include "Interruption.h"
 
 #include "host/HostError.h"
+#include "host/StandardError.h"
 
 #include <array>
 #include <atomic>
@@ -23,7 +24,8 @@ void endAtOnce(int /*signal*/)
 {
     constexpr std::string_view line = "vxroi: interrupted\n";
     // There is nowhere to complain when this fails.
-    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line.data(), line.size());
+    [[maybe_unused]] const ssize_t written
+        = write(host::errorDescriptor(), line.data(), line.size());
     _exit(static_cast<int>(host::ExitCode::Interrupted));
 }
 

@@ -26,7 +26,7 @@ QString minutesAndSeconds(double seconds)
 Progress::Progress(qint64 pictureTotal, bool quiet)
     : total(pictureTotal)
     , isQuiet(quiet)
-    , isTerminal(isatty(STDERR_FILENO) == 1)
+    , isTerminal(isatty(host::errorDescriptor()) == 1)
 {
     sinceStart.start();
     sinceShown.start();

@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <exception>
 #include <fcntl.h>
-#include <iostream>
 #include <malloc.h>
 #include <new>
 #include <unistd.h>
@@ -64,10 +63,11 @@ int main(int argc, char** argv)
 {
     keepFreedMemory();
     holdClosedStreams();
+    host::keepLibrariesQuiet();
     vxroi::endAtOnceOnSignals();
     std::set_terminate(endOnException);
     if (!host::isMemoryLeft(leastBytes)) {
-        std::cerr << host::noMemoryLine;
+        host::writeError(host::noMemoryLine);
         return static_cast<int>(host::ExitCode::Internal);
     }
     host::useForFileNames();
