@@ -9,7 +9,7 @@ namespace host {
 /// How long a picture may take.
 class Deadline {
 public:
-    /// Begins now. \param mostSeconds above 0.
+    /// Begins now; of 0 seconds it has passed at once.
     explicit Deadline(int mostSeconds)
         : seconds(mostSeconds)
     {
@@ -18,7 +18,7 @@ public:
 
     static Deadline never() { return Deadline(std::numeric_limits<int>::max()); }
 
-    bool hasPassed() const { return timer.hasExpired(qint64 { 1000 } * seconds); }
+    bool hasPassed() const { return timer.nsecsElapsed() > qint64 { 1'000'000'000 } * seconds; }
     int mostSeconds() const { return seconds; }
 
 private:

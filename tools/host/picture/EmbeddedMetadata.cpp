@@ -66,6 +66,42 @@ QByteArray encodedExif(const Exiv2::ExifData& data)
     return QByteArray(exifBegin.data(), exifBeginBytes) + arrayOf(blob);
 }
 
+// Upright, without a thumbnail, with the size and the resolution of what is written.
+Exiv2::ExifData exifOfCrop(const EmbeddedMetadata& metadata)
+{
+    Exiv2::ExifData data = decodedExif(metadata.exif);
+    Exiv2::ExifThumb(data).erase();
+    const auto replace = [&](const char* key, std::uint32_t value) {
+        if (data.findKey(Exiv2::ExifKey(key)) != data.end())
+            data[key] = value;
+    };
+    replace("Exif.Photo.PixelXDimension", static_cast<std::uint32_t>(metadata.size.width()));
+    replace("Exif.Photo.PixelYDimension", static_cast<std::uint32_t>(metadata.size.height()));
+    constexpr std::uint16_t upright = 1;
+    if (data.findKey(Exiv2::ExifKey("Exif.Image.Orientation")) != data.end())
+        data["Exif.Image.Orientation"] = upright;
+    if (metadata.resolution.x > 0) {
+        constexpr std::uint16_t inch = 2;
+        data["Exif.Image.XResolution"] = Exiv2::Rational(metadata.resolution.x, 1);
+        data["Exif.Image.YResolution"] = Exiv2::Rational(metadata.resolution.y, 1);
+        data["Exif.Image.ResolutionUnit"] = inch;
+    }
+    return data;
+}
+
+// \param jpeg begins with the segment of JFIF.
+QByteArray jfifWithResolution(const QByteArray& jpeg, const Resolution& resolution)
+{
+    constexpr int unitPosition = 13;
+    if (resolution.x == 0 || !jpeg.mid(0, unitPosition).contains("JFIF"))
+        return jpeg;
+    QByteArray density;
+    QDataStream stream(&density, QIODevice::WriteOnly);
+    constexpr quint8 inch = 1;
+    stream << inch << static_cast<quint16>(resolution.x) << static_cast<quint16>(resolution.y);
+    return QByteArray(jpeg).replace(unitPosition, density.size(), density);
+}
+
 // Only those entries that \a isKept says.
 template <typename Data, typename Predicate>
 Data filtered(const Data& data, const Predicate& isKept)
@@ -209,19 +245,30 @@ QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& meta
     return whole.isEmpty() ? tiff : whole;
 }
 
-QByteArray jxlWithMetadata(
-    const QByteArray& codestream, const EmbeddedMetadata& metadata, int resolution)
+QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& metadata)
 {
-    const QByteArray exif = orNothing([&] {
-        Exiv2::ExifData data = filtered(decodedExif(metadata.exif), isOfPicture);
-        constexpr std::uint16_t inch = 2;
-        if (resolution > 0) {
-            data["Exif.Image.XResolution"] = Exiv2::Rational(resolution, 1);
-            data["Exif.Image.YResolution"] = Exiv2::Rational(resolution, 1);
-            data["Exif.Image.ResolutionUnit"] = inch;
+    const QByteArray whole = orNothing([&] {
+        const QByteArray plain = jfifWithResolution(jpeg, metadata.resolution);
+        const auto image = Exiv2::ImageFactory::open(bytesOf(plain), plain.size());
+        image->readMetadata();
+        image->setExifData(exifOfCrop(metadata));
+        image->setIptcData(decodedIptc(metadata.iptc));
+        image->setXmpPacket(metadata.xmp.toStdString());
+        image->writeXmpFromPacket(true);
+        if (!metadata.profile.isEmpty()) {
+            Exiv2::DataBuf profile(bytesOf(metadata.profile), metadata.profile.size());
+            image->setIccProfile(profile, false);
         }
-        return encodedExif(data);
+        image->writeMetadata();
+        image->io().open();
+        return arrayOf(image->io().read(static_cast<long>(image->io().size())));
     });
+    return whole.isEmpty() ? jpeg : whole;
+}
+
+QByteArray jxlWithMetadata(const QByteArray& codestream, const EmbeddedMetadata& metadata)
+{
+    const QByteArray exif = orNothing([&] { return encodedExif(exifOfCrop(metadata)); });
     if (exif.isEmpty() && metadata.xmp.isEmpty())
         return codestream;
     const QByteArray offset(4, '\0'); // from which the EXIF begins
@@ -231,16 +278,6 @@ QByteArray jxlWithMetadata(
     if (!metadata.xmp.isEmpty())
         file += box("xml ", metadata.xmp);
     return file + box("jxlc", codestream);
-}
-
-QByteArray iptcForJpeg(const QByteArray& iptc)
-{
-    if (iptc.isEmpty())
-        return {};
-    return orNothing([&] {
-        return QByteArray("Photoshop 3.0", 14)
-            + arrayOf(Exiv2::Photoshop::setIptcIrb(nullptr, 0, decodedIptc(iptc)));
-    });
 }
 
 QByteArray xmpOfCrop(const QByteArray& xmp)

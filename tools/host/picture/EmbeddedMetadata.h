@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QIODevice>
+#include <QSize>
 
 /// \file
 /// EXIF, XMP and IPTC as libvips hands them over: EXIF begins with "Exif", IPTC is that of a JPEG with its
@@ -9,11 +10,20 @@
 
 namespace host {
 
+/// In pixels per inch; 0 when there is none.
+struct Resolution {
+    int x = 0;
+    int y = 0;
+};
+
 /// Metadata of a picture file.
 struct EmbeddedMetadata {
     QByteArray exif;
     QByteArray xmp;
     QByteArray iptc;
+    QByteArray profile = {}; ///< of its colours
+    Resolution resolution = {};
+    QSize size = {}; ///< in pixels
 };
 
 /// EXIF and IPTC of a TIFF, of which libvips reads none or only a part.
@@ -25,14 +35,12 @@ EmbeddedMetadata unreadInJxl(QIODevice& jxl);
 /// \a tiff with EXIF and IPTC, which libvips does not write or only in part.
 QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& metadata);
 
+/// \a jpeg, a file without metadata, with metadata.
+QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& metadata);
+
 /// A JPEG XL with EXIF and XMP, which libvips does not write.
 /// \param codestream a bare one.
-/// \param resolution in pixels per inch; 0 when there is none.
-QByteArray jxlWithMetadata(
-    const QByteArray& codestream, const EmbeddedMetadata& metadata, int resolution);
-
-/// \a iptc for a JPEG.
-QByteArray iptcForJpeg(const QByteArray& iptc);
+QByteArray jxlWithMetadata(const QByteArray& codestream, const EmbeddedMetadata& metadata);
 
 /// \a xmp without what is not true of a crop: its orientation and its thumbnails.
 QByteArray xmpOfCrop(const QByteArray& xmp);

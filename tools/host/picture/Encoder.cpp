@@ -3,6 +3,7 @@
 #include "Bitmap.h"
 #include "Colours.h"
 #include "Engine.h"
+#include "JpegEncoder.h"
 #include "Metadata.h"
 #include "Pixels.h"
 #include "QtPixels.h"
@@ -19,7 +20,7 @@ using vips::VOption;
 namespace {
 
 // Whether the colours of the file that a picture has been read from had half the resolution of its brightness.
-bool hasHalfChroma(const VImage& picture)
+bool wasOfHalfChroma(const VImage& picture)
 {
     if (picture.get_typeof(VIPS_META_LOADER) == 0)
         return false;
@@ -30,20 +31,53 @@ bool hasHalfChroma(const VImage& picture)
     return loader.rfind("webp", 0) == 0 || loader.rfind("heif", 0) == 0;
 }
 
+bool hasHalfChroma(const VImage& picture, const WritingRules& rules)
+{
+    return rules.chroma == Chroma::OfSource ? wasOfHalfChroma(picture)
+                                            : rules.chroma == Chroma::Half;
+}
+
+int qualityOf(const Format& format, const WritingRules& rules)
+{
+    return rules.quality > 0 ? rules.quality : format.quality;
+}
+
+bool isJpeg(const Format& format) { return std::strcmp(format.name, "jpeg") == 0; }
+
 VOption* optionsFor(const VImage& picture, const Format& format, const WritingRules& rules)
 {
     VOption* const options = VImage::option();
     if (format.quality > 0)
-        options->set("Q", rules.quality > 0 ? rules.quality : format.quality);
-    if (format.abilities.testFlag(Ability::FullChroma)) {
-        const bool isHalved = rules.chroma == Chroma::OfSource ? hasHalfChroma(picture)
-                                                               : rules.chroma == Chroma::Half;
-        options->set(
-            "subsample_mode", isHalved ? VIPS_FOREIGN_SUBSAMPLE_ON : VIPS_FOREIGN_SUBSAMPLE_OFF);
-    }
+        options->set("Q", qualityOf(format, rules));
+    if (format.abilities.testFlag(Ability::FullChroma))
+        options->set("subsample_mode",
+            hasHalfChroma(picture, rules) ? VIPS_FOREIGN_SUBSAMPLE_ON : VIPS_FOREIGN_SUBSAMPLE_OFF);
     if (format.abilities.testFlag(Ability::Progression))
         options->set("interlace", rules.isProgressive);
+    if (isJpeg(format))
+        options->set("strip", true); // its metadata is added to the file
     return options;
+}
+
+QByteArray encodedByVips(
+    const VImage& image, const Format& format, const WritingRules& rules, const Deadline& deadline)
+{
+    endLate(image, deadline);
+    void* bytes = nullptr;
+    std::size_t count = 0;
+    vips_error_clear();
+    image.write_to_buffer(format.saver, &bytes, &count, optionsFor(image, format, rules));
+    const std::unique_ptr<void, decltype(&g_free)> released(bytes, g_free);
+    return QByteArray(static_cast<const char*>(bytes), static_cast<int>(count));
+}
+
+// JPEG knows no more than 8 bits.
+VImage withEightBits(const VImage& image)
+{
+    if (image.format() == VIPS_FORMAT_UCHAR)
+        return image;
+    return image.colourspace(
+        image.bands() < 3 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB);
 }
 
 // The first frame where a format holds no others.
@@ -79,16 +113,13 @@ try {
     const VImage colours = withColoursFor(withFramesFor(picture, format), format, rules);
     if (format.saver == nullptr)
         return encodedBitmap(toQImage(inSrgb(colours)));
-    const VImage kept = withMetadata(colours, rules.metadata);
-    const VImage image = withIptcFor(kept, format);
-    endLate(image, deadline);
-    void* bytes = nullptr;
-    std::size_t count = 0;
-    vips_error_clear();
-    image.write_to_buffer(format.saver, &bytes, &count, optionsFor(image, format, rules));
-    const std::unique_ptr<void, decltype(&g_free)> released(bytes, g_free);
-    const QByteArray file(static_cast<const char*>(bytes), static_cast<int>(count));
-    return withMissingMetadata(file, kept, format);
+    const VImage image = withMetadata(colours, rules.metadata);
+    const VImage shallow = isJpeg(format) ? withEightBits(image) : image;
+    const QByteArray file = isJpeg(format) && isForQt(shallow)
+        ? encodedJpeg(toQImage(shallow),
+            { qualityOf(format, rules), hasHalfChroma(image, rules), rules.isProgressive })
+        : encodedByVips(shallow, format, rules, deadline);
+    return withMissingMetadata(file, image, format);
 } catch (const vips::VError& error) {
     refuseLackOfMeans(error);
     throw;

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -62,11 +61,17 @@ bool isCopyrightText(const std::string& field)
     return begins(field, "png-comment-") && (ends("-Copyright") || ends("-Author"));
 }
 
-// In pixels per inch; 0 when a picture has none, which libvips takes for a pixel per millimetre.
-int resolutionOf(const vips::VImage& image)
+// libvips takes a pixel per millimetre for none.
+Resolution resolutionOf(const vips::VImage& image)
 {
+    if (image.xres() == 1 && image.yres() == 1)
+        return {};
     constexpr double millimetresPerInch = 25.4;
-    return image.xres() == 1 ? 0 : static_cast<int>(std::lround(image.xres() * millimetresPerInch));
+    const auto perInch = [](double perMillimetre) {
+        constexpr double most = 65535;
+        return static_cast<int>(std::lround(std::min(perMillimetre * millimetresPerInch, most)));
+    };
+    return { perInch(image.xres()), perInch(image.yres()) };
 }
 
 void keepCopyright(vips::VImage& image)
@@ -117,26 +122,19 @@ vips::VImage withMetadata(const vips::VImage& image, KeptMetadata kept)
     return result;
 }
 
-vips::VImage withIptcFor(const vips::VImage& image, const Format& format)
-{
-    vips::VImage result = image.copy();
-    const bool isForJpeg = std::strcmp(format.name, "jpeg") == 0;
-    setBlob(result, VIPS_META_IPTC_NAME,
-        isForJpeg ? iptcForJpeg(blobOf(image, VIPS_META_IPTC_NAME)) : QByteArray());
-    return result;
-}
-
 QByteArray withMissingMetadata(
     const QByteArray& file, const vips::VImage& image, const Format& format)
 {
     const EmbeddedMetadata metadata { blobOf(image, VIPS_META_EXIF_NAME),
-        blobOf(image, VIPS_META_XMP_NAME), blobOf(image, VIPS_META_IPTC_NAME) };
-    const bool isOfTiff = !metadata.exif.isEmpty() || !metadata.iptc.isEmpty();
-    if (std::strcmp(format.name, "tiff") == 0 && isOfTiff)
+        blobOf(image, VIPS_META_XMP_NAME), blobOf(image, VIPS_META_IPTC_NAME),
+        blobOf(image, VIPS_META_ICC_NAME), resolutionOf(image),
+        { image.width(), vips_image_get_page_height(image.get_image()) } };
+    const std::string name = format.name;
+    if (name == "jpeg")
+        return jpegWithMetadata(file, metadata);
+    if (name == "tiff" && (!metadata.exif.isEmpty() || !metadata.iptc.isEmpty()))
         return tiffWithMetadata(file, metadata);
-    if (std::strcmp(format.name, "jxl") == 0)
-        return jxlWithMetadata(file, metadata, resolutionOf(image));
-    return file;
+    return name == "jxl" ? jxlWithMetadata(file, metadata) : file;
 }
 
 } // namespace host

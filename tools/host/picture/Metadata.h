@@ -20,10 +20,8 @@ vips::VImage withUnread(const vips::VImage& image, const EmbeddedMetadata& unrea
 /// how long its frames last stay.
 vips::VImage withMetadata(const vips::VImage& image, KeptMetadata kept);
 
-/// \a image with IPTC as libvips writes it to \a format, or none where it cannot.
-vips::VImage withIptcFor(const vips::VImage& image, const Format& format);
-
-/// \a file, which libvips has made of \a image, with the metadata that it has not written.
+/// \a file, which has been made of \a image, with the metadata that it lacks because libvips cannot write it, and all
+/// that a JPEG can have.
 QByteArray withMissingMetadata(
     const QByteArray& file, const vips::VImage& image, const Format& format);
 
