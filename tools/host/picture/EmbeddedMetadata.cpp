@@ -247,8 +247,12 @@ QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& meta
 
 QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& metadata)
 {
+    const QByteArray plain = jfifWithResolution(jpeg, metadata.resolution);
+    const bool hasMore = !metadata.exif.isEmpty() || !metadata.xmp.isEmpty()
+        || !metadata.iptc.isEmpty() || !metadata.profile.isEmpty();
+    if (!hasMore)
+        return plain;
     const QByteArray whole = orNothing([&] {
-        const QByteArray plain = jfifWithResolution(jpeg, metadata.resolution);
         const auto image = Exiv2::ImageFactory::open(bytesOf(plain), plain.size());
         image->readMetadata();
         image->setExifData(exifOfCrop(metadata));
@@ -263,7 +267,7 @@ QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& meta
         image->io().open();
         return arrayOf(image->io().read(static_cast<long>(image->io().size())));
     });
-    return whole.isEmpty() ? jpeg : whole;
+    return whole.isEmpty() ? plain : whole;
 }
 
 QByteArray jxlWithMetadata(const QByteArray& codestream, const EmbeddedMetadata& metadata)

@@ -80,6 +80,13 @@ VImage withEightBits(const VImage& image)
         image.bands() < 3 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB);
 }
 
+// It wants all pixels at once, of which libvips needs a few rows only.
+bool isForTurboJpeg(const VImage& image)
+{
+    constexpr std::size_t mostBytes = std::size_t { 12 } << 20U;
+    return isForQt(image) && bytesOf(image) <= mostBytes;
+}
+
 // The first frame where a format holds no others.
 VImage withFramesFor(const VImage& picture, const Format& format)
 {
@@ -115,7 +122,7 @@ try {
         return encodedBitmap(toQImage(inSrgb(colours)));
     const VImage image = withMetadata(colours, rules.metadata);
     const VImage shallow = isJpeg(format) ? withEightBits(image) : image;
-    const QByteArray file = isJpeg(format) && isForQt(shallow)
+    const QByteArray file = isJpeg(format) && isForTurboJpeg(shallow)
         ? encodedJpeg(toQImage(shallow),
             { qualityOf(format, rules), hasHalfChroma(image, rules), rules.isProgressive })
         : encodedByVips(shallow, format, rules, deadline);
