@@ -248,9 +248,10 @@ public:
     void writeMeans(QRgb* words)
     {
         constexpr QRgb opaque = 0xff000000U;
+        const quint32 shift = rows == 1 ? 1 : 2;
         for (const Run& run : columns) {
             const Channels sum = channelsAt(run.first) + channelsAt(run.first + run.count - 1);
-            *words = Means::shifted(sum, rows) | opaque;
+            *words = Means::shifted(sum, shift) | opaque;
             ++words;
         }
         std::fill(sums.begin(), sums.end(), 0);

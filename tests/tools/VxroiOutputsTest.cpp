@@ -18,14 +18,14 @@ protected:
 
     void SetUp() override
     {
-        QDir(folder.path(QString())).mkpath(QStringLiteral("work/in"));
-        folder.save(samples::picture({ 120, 80 }), QStringLiteral("work/in/a.png"));
+        QDir(folder.path(QString())).mkpath(QStringLiteral("here/in"));
+        folder.save(samples::picture({ 120, 80 }), QStringLiteral("here/in/a.png"));
     }
 
-    // In the folder "work".
+    // In the folder "here".
     Outcome shell(const QString& command) const
     {
-        return runShell(QStringLiteral("cd '%1/work' && %2").arg(folder.path(QString()), command));
+        return runShell(QStringLiteral("cd '%1/here' && %2").arg(folder.path(QString()), command));
     }
 
     void expectRefused(const Outcome& outcome, const char* reason) const
@@ -33,7 +33,7 @@ protected:
         EXPECT_NE(outcome.exitCode, 0);
         EXPECT_TRUE((outcome.err + outcome.out).contains(reason))
             << outcome.err.toStdString() << outcome.out.toStdString();
-        EXPECT_TRUE(folder.names().isEmpty()) << "nothing beside the folder \"work\"";
+        EXPECT_TRUE(folder.names().isEmpty()) << "nothing beside the folder \"here\"";
     }
 };
 
@@ -49,7 +49,7 @@ TEST_F(VxroiOutputs, ofManyProcessesThatMustNotReplaceOneWins)
     const QList<QByteArray> won = shell(QStringLiteral("cat won")).out.trimmed().split('\n');
     ASSERT_EQ(won.size(), 1);
     EXPECT_EQ(shell(QStringLiteral("cat errors")).out.count("already exists"), 7);
-    const QSize size = QImage(folder.path(QStringLiteral("work/out.png"))).size();
+    const QSize size = QImage(folder.path(QStringLiteral("here/out.png"))).size();
     EXPECT_EQ(size.width(), qRound(80.0 * won.first().toInt() / 9))
         << "what the winner has written";
     EXPECT_EQ(shell(QStringLiteral("ls")).out, "errors\nin\nout.png\nwon\n");
@@ -73,7 +73,7 @@ TEST_F(VxroiOutputs, replacesWhatALinkLeadsToAndKeepsItsPermissions)
                        "test -L out.png && stat -c %a old.png"));
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.out.endsWith("640\n"));
-    EXPECT_EQ(QImage(folder.path(QStringLiteral("work/old.png"))).size(), QSize(80, 80));
+    EXPECT_EQ(QImage(folder.path(QStringLiteral("here/old.png"))).size(), QSize(80, 80));
     EXPECT_EQ(
         shell(
             QStringLiteral(
@@ -97,7 +97,7 @@ TEST_F(VxroiOutputs, placesNeverLeadOutOfTheFolderThatThePatternNames)
 {
     expectRefused(
         shell(QStringLiteral(
-            "cd in && \"$VXROI\" crop ../../work/in/a.png --ratio 1:1 -o 'out/{dir}/{stem}.png'")),
+            "cd in && \"$VXROI\" crop ../../here/in/a.png --ratio 1:1 -o 'out/{dir}/{stem}.png'")),
         "leads out of the folder out");
     shell(QStringLiteral("cp in/a.png ...png")); // whose stem is ".."
     expectRefused(shell(QStringLiteral(
@@ -114,7 +114,7 @@ TEST_F(VxroiOutputs, placesNeverLeadOutOfTheFolderThatThePatternNames)
                   "cd out && \"$VXROI\" crop ../in/a.png --ratio 1:1 -o '{dir}-crops/{stem}.png'"))
             .exitCode,
         0);
-    EXPECT_TRUE(QFileInfo::exists(folder.path(QStringLiteral("work/in-crops/a.png"))));
+    EXPECT_TRUE(QFileInfo::exists(folder.path(QStringLiteral("here/in-crops/a.png"))));
 }
 
 TEST_F(VxroiOutputs, listsNameOutputsInTheCurrentFolderOnlyUnlessAllowed)
@@ -123,7 +123,7 @@ TEST_F(VxroiOutputs, listsNameOutputsInTheCurrentFolderOnlyUnlessAllowed)
              QStringLiteral("none/../../x.png"), QStringLiteral("{dir}/../../{stem}.png") }) {
         folder.save(
             QStringLiteral("{\"path\": \"in/a.png\", \"out\": \"%1\"}\n").arg(output).toUtf8(),
-            QStringLiteral("work/list"));
+            QStringLiteral("here/list"));
         expectRefused(shell(QStringLiteral("\"$VXROI\" batch --from list --ratio 1:1")),
             "leads out of the folder");
     }

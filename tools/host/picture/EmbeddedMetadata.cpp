@@ -247,7 +247,7 @@ QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& meta
 
 QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& metadata)
 {
-    const QByteArray plain = jfifWithResolution(jpeg, metadata.resolution);
+    QByteArray plain = jfifWithResolution(jpeg, metadata.resolution);
     const bool hasMore = !metadata.exif.isEmpty() || !metadata.xmp.isEmpty()
         || !metadata.iptc.isEmpty() || !metadata.profile.isEmpty();
     if (!hasMore)
