@@ -240,6 +240,14 @@ TEST_F(VxroiBatch, cropsPicturesWhoseNamesAreNotUtf8AndShowsTheirBytes)
     shell(QStringLiteral("rm \"$(printf 'in/odd\\377.png')\" \"$(printf 'out/odd\\377.png')\""));
 }
 
+TEST_F(VxroiBatch, leavesItsOutputsOutWhateverTheirFormat)
+{
+    const QString options = QStringLiteral(
+        "in --ratio 1:1 -o '{dir}/{stem}-out.{ext}' --format webp --if-exists overwrite");
+    EXPECT_EQ(records(batch(options).out).size(), 10);
+    EXPECT_EQ(records(batch(options).out).size(), 10);
+}
+
 TEST_F(VxroiBatch, leavesHiddenFilesAndLinksToFoldersOut)
 {
     shell(QStringLiteral(

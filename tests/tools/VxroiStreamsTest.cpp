@@ -118,7 +118,7 @@ TEST_F(VxroiStreams, cropsEveryFrameByOneWindow)
     std::vector<VImage> frames;
     std::vector<int> delays;
     for (int i = 0; i < 12; ++i) {
-        VImage frame = VImage::black(240, 80, VImage::option()->set("bands", 3)) + 90;
+        VImage frame = VImage::black(240, 82, VImage::option()->set("bands", 3)) + 90;
         frame = frame.cast(VIPS_FORMAT_UCHAR).copy_memory();
         frame.draw_circle({ 255, 40, 20 }, 20 + 8 * i, 40, 12, VImage::option()->set("fill", true));
         frames.push_back(
@@ -126,7 +126,7 @@ TEST_F(VxroiStreams, cropsEveryFrameByOneWindow)
         delays.push_back(40 + 10 * i);
     }
     VImage strip = VImage::arrayjoin(frames, VImage::option()->set("across", 1)).copy();
-    strip.set("page-height", 80);
+    strip.set("page-height", 82);
     strip.set("delay", delays);
     strip.set("loop", 3);
     for (const char* const suffix : { "gif", "webp" }) {
@@ -170,6 +170,16 @@ TEST_F(VxroiStreams, cropsEveryFrameByOneWindow)
         EXPECT_NE(
             written.extract_area(0, 0, 40, 40).avg(), written.extract_area(0, 240, 40, 40).avg());
 
+        // What is cut out does not depend on whether the window had to be found.
+        const QString cropped
+            = QStringLiteral("\"$VXROI\" crop %1 --size 20x20 --focus 0.4,0.5 --frames all ")
+                  .arg(name);
+        for (const char* const how : { "-o found.%1", "--map in.png -o given.%1" })
+            EXPECT_EQ(
+                shell(cropped + QString::fromUtf8(how).arg(QLatin1String(suffix))).exitCode, 0);
+        EXPECT_EQ(
+            shell(QStringLiteral("cmp found.%1 given.%1").arg(QLatin1String(suffix))).exitCode, 0);
+
         const Outcome still
             = shell(QStringLiteral("\"$VXROI\" crop %1 --ratio 1:1 --frames all -o still-%2.jpg")
                         .arg(name, QLatin1String(suffix)));
@@ -177,6 +187,6 @@ TEST_F(VxroiStreams, cropsEveryFrameByOneWindow)
             << still.err.toStdString();
         EXPECT_EQ(
             QImage(folder.path(QStringLiteral("still-%1.jpg").arg(QLatin1String(suffix)))).size(),
-            QSize(80, 80));
+            QSize(82, 82));
     }
 }

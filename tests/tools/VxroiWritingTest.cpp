@@ -298,6 +298,11 @@ TEST_F(VxroiWriting, putsTheBackgroundBelowTransparentPixelsAndAroundSmallCrops)
     EXPECT_EQ(padded("white"), qRgb(255, 255, 255));
     EXPECT_EQ(padded("'#102030'"), qRgb(16, 32, 48));
     EXPECT_EQ(qAlpha(padded("transparent")), 0);
+    ASSERT_EQ(shell(QStringLiteral(
+                        "\"$VXROI\" crop clear.png --ratio 1:1 -o w.ppm --background transparent"))
+                  .exitCode,
+        0);
+    EXPECT_EQ(QImage(folder.path(QStringLiteral("w.ppm"))).pixel(7, 7), qRgb(255, 255, 255));
     EXPECT_EQ(
         shell(QStringLiteral("\"$VXROI\" crop red.png --ratio 1:1 -o x.png --background nocolour"))
             .exitCode,

@@ -55,9 +55,10 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
     if (options.output.empty())
         return outputs;
     const host::OutputName name(pathFrom(options.output));
+    const QString suffix = QString::fromStdString(options.writing.format);
     for (const QString& path : paths) {
         for (const host::CropShape& shape : options.shapes())
-            outputs.insert(QFileInfo(name.nameFor(path, shape)).absoluteFilePath());
+            outputs.insert(QFileInfo(name.nameFor(path, shape, suffix)).absoluteFilePath());
     }
     return outputs;
 }

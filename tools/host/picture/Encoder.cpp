@@ -105,8 +105,9 @@ VImage withFramesFor(const VImage& picture, const Format& format)
 
 VImage withColoursFor(const VImage& picture, const Format& format, const WritingRules& rules)
 {
+    const QColor background = rules.background.alpha() == 0 ? Qt::white : rules.background;
     const VImage opaque
-        = format.abilities.testFlag(Ability::Opacity) ? picture : on(rules.background, picture);
+        = format.abilities.testFlag(Ability::Opacity) ? picture : on(background, picture);
     const bool needsColours = opaque.interpretation() == VIPS_INTERPRETATION_CMYK
         && !format.abilities.testFlag(Ability::Inks);
     return rules.isInSrgb || needsColours ? inSrgbWithDepth(opaque) : opaque;

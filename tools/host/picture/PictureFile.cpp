@@ -89,8 +89,10 @@ try {
         area |= window;
         shrink = std::min(shrink, shrinkFor(window.size(), seen.inOtherFrame(cut.size)));
     }
-    for (int frame = 1; frame < frameCount(); ++frame)
-        area |= areaOfFrame(frame);
+    if (frameCount() > 1) { // which a reduced strip of all would mix where they meet
+        area = QRect(QPoint(), boundsOf(decoder.header()).size());
+        shrink = 1;
+    }
     const Decoded& source = decoded(shrink, area);
     QVector<VImage> pictures;
     for (const Cut& cut : cuts) {
