@@ -113,6 +113,13 @@ TEST_F(VxroiWriting, keepsTheMetadataOfTiffAndJpegXl)
         EXPECT_EQ(text(tags, "XMP-dc:Rights"), "(c) Ann") << suffix;
     }
     EXPECT_EQ(text(tagsOf(QStringLiteral("tif.jpg")), "IPTC:CopyrightNotice"), "(c) Ann");
+    ASSERT_EQ(crop(QStringLiteral("bare.tif"), QStringLiteral("--metadata strip")).exitCode, 0);
+    ASSERT_EQ(
+        shell(QStringLiteral("exiftool -q -overwrite_original -IPTC:CopyrightNotice='(c) Bob' "
+                             "bare.tif && \"$VXROI\" crop bare.tif --ratio 2:1 -o iptc.jpg"))
+            .exitCode,
+        0);
+    EXPECT_EQ(text(tagsOf(QStringLiteral("iptc.jpg")), "IPTC:CopyrightNotice"), "(c) Bob");
 }
 
 TEST_F(VxroiWriting, keepsNothingButTheCopyrightWhenAsked)

@@ -170,8 +170,7 @@ VImage Decoder::opened(int shrink)
     if (frames > 1)
         options->set("n", frames);
     VImage image = VImage::new_from_source(sourceOf(*device, timeLimit), "", options);
-    if (!unread.exif.isEmpty() || !unread.xmp.isEmpty())
-        image = withUnread(image, unread);
+    image = withUnread(image, unread);
     endLate(image, timeLimit);
     return image;
 }

@@ -100,6 +100,8 @@ void strip(vips::VImage& image)
 
 vips::VImage withUnread(const vips::VImage& image, const EmbeddedMetadata& unread)
 {
+    if (unread.exif.isEmpty() && unread.xmp.isEmpty() && unread.iptc.isEmpty())
+        return image;
     vips::VImage result = image.copy();
     if (!unread.exif.isEmpty())
         setBlob(result, VIPS_META_EXIF_NAME, unread.exif);
