@@ -1,9 +1,9 @@
 #include "ReportArticle.h"
 
 #include "host/CropWindow.h"
+#include "host/ImageMemory.h"
 #include "host/SalienceMap.h"
-
-#include <QBuffer>
+#include "host/picture/JpegEncoder.h"
 
 #include <algorithm>
 
@@ -24,9 +24,8 @@ QImage atMost(const QImage& image, int pixels)
 
 QString imageTag(const QImage& image, const QString& alternative)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.convertToFormat(QImage::Format_RGB32).save(&buffer, "jpg", jpegQuality);
+    const QByteArray bytes = host::encodedJpeg(
+        host::held(image.convertToFormat(QImage::Format_RGB888)), { jpegQuality, true, false });
     return QStringLiteral("<img alt=\"%1\" width=\"%2\" height=\"%3\" "
                           "src=\"data:image/jpeg;base64,%4\">")
         .arg(alternative)

@@ -3,7 +3,6 @@
 #include "host/HostError.h"
 #include "host/StandardError.h"
 
-#include <QImageReader>
 #include <QSemaphore>
 #include <QThreadPool>
 
@@ -50,8 +49,6 @@ int defaultWorkerCount()
 
 void startWorkerThreads(int most)
 {
-    // Qt leaves a mutex locked when it finds no memory while it loads its plugins: so let that be here.
-    QImageReader::supportedImageFormats();
     // Besides its own, a worker needs up to three of libvips while a picture is encoded, and the last ones may
     // not have ended yet.
     constexpr int threadsOfAWorker = 6;
