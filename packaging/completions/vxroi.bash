@@ -12,14 +12,14 @@ _vxroi()
     crop:--fit) words='crop pad' ;;
     crop:--frames) words='first all' ;;
     crop:--emit) words='geometry css focus' ;;
-    crop:--format) words='jpg png webp tif avif heic jxl gif ppm bmp' ;;
+    crop:--format) words='jpg png webp tif avif heic jxl gif ppm pgm bmp' ;;
     crop:--chroma) words='auto 444 420' ;;
     crop:--metadata) words='keep copyright strip' ;;
     crop:--on-broken) words='error warn' ;;
     batch:--if-exists) words='fail skip overwrite' ;;
     batch:--fit) words='crop pad' ;;
     batch:--frames) words='first all' ;;
-    batch:--format) words='jpg png webp tif avif heic jxl gif ppm bmp' ;;
+    batch:--format) words='jpg png webp tif avif heic jxl gif ppm pgm bmp' ;;
     batch:--chroma) words='auto 444 420' ;;
     batch:--metadata) words='keep copyright strip' ;;
     batch:--on-broken) words='error warn' ;;

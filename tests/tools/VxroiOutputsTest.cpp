@@ -132,3 +132,36 @@ TEST_F(VxroiOutputs, listsNameOutputsInTheCurrentFolderOnlyUnlessAllowed)
         0);
     EXPECT_TRUE(QFileInfo::exists(folder.path(QStringLiteral("a.png"))));
 }
+
+TEST_F(VxroiOutputs, refusesNamesThatCannotBe)
+{
+    const QString crop = QStringLiteral("\"$VXROI\" crop in/a.png --ratio 1:1 -o ");
+    EXPECT_EQ(shell(crop + QStringLiteral("''")).exitCode, 64) << "an unset variable";
+    const Outcome longName = shell(crop + QString(300, QLatin1Char('a')) + QStringLiteral(".png"));
+    EXPECT_EQ(longName.exitCode, 73);
+    EXPECT_TRUE(longName.err.contains("choose a shorter name")) << longName.err.toStdString();
+    const QString longest = QString(251, QLatin1Char('a')) + QStringLiteral(".png");
+    EXPECT_EQ(shell(crop + longest).exitCode, 0);
+    EXPECT_EQ(shell(crop + longest + QStringLiteral(" --if-exists overwrite")).exitCode, 0);
+}
+
+TEST_F(VxroiOutputs, keepsStandardInputForTheList)
+{
+    folder.save(QByteArray("{\"path\": \"in/a.png\", \"map\": \"-\"}\nin/a.png\nin/a.png\n"),
+        QStringLiteral("here/list"));
+    const Outcome outcome
+        = shell(QStringLiteral("\"$VXROI\" batch -q --from - --ratio 1:1 < list"));
+    EXPECT_EQ(outcome.out.count('\n'), 3) << "no map is read from the list";
+    EXPECT_EQ(
+        shell(QStringLiteral("\"$VXROI\" batch -q --from list --ratio 1:1 --map -")).exitCode, 64);
+}
+
+TEST_F(VxroiOutputs, namesThePictureOrTheLineThatIsWrong)
+{
+    folder.save(QByteArray("{\"path\": \"in/a.png\", \"ratios\": [\"x\"]}\n{\n"),
+        QStringLiteral("here/list"));
+    const Outcome outcome = shell(QStringLiteral("\"$VXROI\" batch --from list --ratio 1:1"));
+    EXPECT_TRUE(outcome.err.contains("vxroi: in/a.png: --ratio x: not a ratio"))
+        << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains("vxroi: (line 2): not JSON"));
+}

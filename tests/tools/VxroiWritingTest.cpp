@@ -329,3 +329,95 @@ TEST_F(VxroiWriting, saysThatACropIsSmallerThanItsSize)
     EXPECT_TRUE(warnings.first().toString().startsWith(QStringLiteral("the crop for 1200x630")));
     EXPECT_TRUE(shell(command + QStringLiteral("--upscale")).err.isEmpty());
 }
+
+TEST_F(VxroiWriting, keepsTheMetadataOfAPng)
+{
+    ASSERT_EQ(crop(QStringLiteral("middle.png")).exitCode, 0);
+    for (const char* const kept : { "keep", "copyright" }) {
+        for (const char* const suffix : formatsOfExif) {
+            const QString output = QStringLiteral("of-png.") + QLatin1String(suffix);
+            const QString command = QStringLiteral("\"$VXROI\" crop middle.png --ratio 2:1 "
+                                                   "--if-exists overwrite -o %1 --metadata %2");
+            ASSERT_EQ(shell(command.arg(output, QLatin1String(kept))).exitCode, 0);
+            const QJsonObject tags = tagsOf(output);
+            EXPECT_EQ(text(tags, "IFD0:Copyright"), "(c) Ann") << kept << suffix;
+            EXPECT_EQ(text(tags, "XMP-dc:Rights"), "(c) Ann") << kept << suffix;
+        }
+    }
+}
+
+TEST_F(VxroiWriting, keepsTheProfileBesideMetadataThatIsDamaged)
+{
+    ASSERT_EQ(shell(QStringLiteral("exiftool -q -overwrite_original '-XMP<=/dev/null' in.jpg; "
+                                   "printf 'no <xmp' > broken.xmp; "
+                                   "exiftool -q -overwrite_original '-XMP<=broken.xmp' in.jpg"))
+                  .exitCode,
+        0);
+    ASSERT_EQ(crop(QStringLiteral("out.jpg")).exitCode, 0);
+    const QJsonObject tags = tagsOf(QStringLiteral("out.jpg"));
+    EXPECT_FALSE(text(tags, "ICC_Profile:ProfileDescription").empty());
+    EXPECT_EQ(text(tags, "IFD0:Copyright"), "(c) Ann");
+}
+
+TEST_F(VxroiWriting, writesDeepAndTransparentPicturesAsJpegXl)
+{
+    QImage deep = samples::picture({ 60, 40 }).convertToFormat(QImage::Format_RGBA64);
+    deep.setPixelColor(3, 3, Qt::transparent);
+    deep.setDotsPerMeterX(11811);
+    deep.setDotsPerMeterY(11811);
+    folder.save(deep, QStringLiteral("deep.png"));
+    ASSERT_EQ(
+        shell(QStringLiteral("\"$VXROI\" crop deep.png --ratio 1:1 -o deep.jxl")).exitCode, 0);
+    const Outcome read = shell(QStringLiteral("\"$VXROI\" crop deep.jxl --ratio 2:1"));
+    EXPECT_EQ(read.exitCode, 0) << read.err.toStdString();
+    EXPECT_EQ(text(tagsOf(QStringLiteral("deep.jxl")), "IFD0:XResolution"), "300");
+}
+
+TEST_F(VxroiWriting, convertsToSrgbWhereTheFormatHoldsNoProfile)
+{
+    QImage green(64, 64, QImage::Format_RGB32);
+    green.fill(qRgb(80, 160, 80));
+    green.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+    folder.save(green, QStringLiteral("green.png"));
+    for (const char* const suffix : { "ppm", "gif", "bmp" }) {
+        ASSERT_EQ(
+            shell(QStringLiteral("\"$VXROI\" crop green.png --ratio 1:1 -o g.%1 && \"$VXROI\" "
+                                 "crop g.%1 --ratio 1:1 -o %1.png")
+                      .arg(QLatin1String(suffix)))
+                .exitCode,
+            0);
+        const QImage written(folder.path(QLatin1String(suffix) + QStringLiteral(".png")));
+        EXPECT_LT(qRed(written.pixel(9, 9)), 40) << suffix << ", where AdobeRGB has 80";
+    }
+}
+
+TEST_F(VxroiWriting, writesGreyMapsAsSuchAndTheSameBytesAgain)
+{
+    const auto bytesOf = [&](const char* name) {
+        EXPECT_EQ(crop(QLatin1String(name)).exitCode, 0) << name;
+        QFile file(folder.path(QLatin1String(name)));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    EXPECT_TRUE(bytesOf("a.pgm").startsWith("P5"));
+    EXPECT_EQ(bytesOf("a.ppm"), bytesOf("b.ppm")) << "without the time";
+    EXPECT_TRUE(bytesOf("a.ppm").startsWith("P6"));
+    EXPECT_EQ(crop(QStringLiteral("a.pbm")).exitCode, 73) << "a crop is no bitmap";
+}
+
+TEST_F(VxroiWriting, takesOpacityLastInABackground)
+{
+    folder.save(samples::picture({ 40, 40 }), QStringLiteral("small.png"));
+    ASSERT_EQ(shell(QStringLiteral("\"$VXROI\" crop small.png --size 80x40 --fit pad "
+                                   "--background '#ff800080' -o p.png"))
+                  .exitCode,
+        0);
+    EXPECT_EQ(QImage(folder.path(QStringLiteral("p.png"))).pixel(0, 0), qRgba(255, 128, 0, 128));
+    QImage grey = samples::picture({ 40, 40 }).convertToFormat(QImage::Format_Grayscale8);
+    folder.save(grey, QStringLiteral("grey.png"));
+    ASSERT_EQ(shell(QStringLiteral("\"$VXROI\" crop grey.png --size 80x40 --fit pad "
+                                   "--background '#ff8000' -o q.png"))
+                  .exitCode,
+        0);
+    EXPECT_EQ(QImage(folder.path(QStringLiteral("q.png"))).pixel(0, 0), qRgb(255, 128, 0));
+}

@@ -13,6 +13,7 @@ HostError::HostError(
         bytesOfName(onOneLine(QStringLiteral("%1: %2; %3").arg(subject, reason, remedy)))
             .toStdString())
     , exitCode(code)
+    , atFault(onOneLine(subject))
     , whatIsWrong(onOneLine(reason))
     , whatToDo(onOneLine(remedy))
 {

@@ -28,11 +28,13 @@ public:
     HostError(ExitCode code, const QString& subject, const QString& reason, const QString& remedy);
 
     ExitCode code() const { return exitCode; }
+    const QString& subject() const { return atFault; }
     const QString& reason() const { return whatIsWrong; }
     const QString& remedy() const { return whatToDo; }
 
 private:
     ExitCode exitCode;
+    QString atFault;
     QString whatIsWrong;
     QString whatToDo;
 };

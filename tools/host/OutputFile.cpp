@@ -20,8 +20,10 @@ namespace {
 
 [[noreturn]] void throwWriteFailed(const QString& path, const QString& reason)
 {
-    throw HostError(ExitCode::WriteFailed,
-        isStandardStream(path) ? QStringLiteral("standard output") : path, reason,
+    if (isStandardStream(path))
+        throw HostError(ExitCode::WriteFailed, QStringLiteral("standard output"), reason,
+            QStringLiteral("check where it leads"));
+    throw HostError(ExitCode::WriteFailed, path, reason,
         QStringLiteral("make room on the disk or choose another folder"));
 }
 
@@ -78,10 +80,14 @@ OutputFile::OutputFile(QString path)
         return;
     requireReplaceable(name);
     const QFileInfo existing(name);
+    if (existing.exists() && !existing.isWritable())
+        throw HostError(ExitCode::CannotCreate, name, QStringLiteral("is write-protected"),
+            QStringLiteral("change its permissions or choose another name"));
     target = existing.exists() ? existing.canonicalFilePath() : name;
     constexpr int hexadecimal = 16;
-    draft = QStringLiteral("%1.%2").arg(target).arg(
-        QRandomGenerator::global()->generate64(), 16, hexadecimal, QLatin1Char('0'));
+    draft = QStringLiteral("%1/.vxroi-%2")
+                .arg(QFileInfo(target).path())
+                .arg(QRandomGenerator::global()->generate64(), 16, hexadecimal, QLatin1Char('0'));
     const int unnamed = openUnnamed(QFileInfo(target).path());
     isNamed = unnamed == -1;
     if (isNamed) {
@@ -134,6 +140,9 @@ void OutputFile::commit(bool mayReplace)
     if (!takeName(mayReplace)) {
         if (errno == EEXIST)
             throwIsThere(name);
+        if (errno == ENAMETOOLONG)
+            throw HostError(ExitCode::CannotCreate, name, qt_error_string(errno),
+                QStringLiteral("choose a shorter name"));
         throwWriteFailed(name, qt_error_string(errno));
     }
     file.close();

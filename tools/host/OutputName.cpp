@@ -80,6 +80,8 @@ bool isWithin(const QString& folder, const QString& path)
 {
     const QString inner = canonicalPathOf(path);
     const QString outer = canonicalPathOf(folder);
+    if (inner.isEmpty() || outer.isEmpty())
+        return false;
     return inner.startsWith(outer.endsWith(QLatin1Char('/')) ? outer : outer + QLatin1Char('/'));
 }
 

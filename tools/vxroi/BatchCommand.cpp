@@ -31,6 +31,10 @@ std::unique_ptr<Inputs> inputsOf(const BatchArguments& arguments)
         throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
             QStringLiteral("standard output is for records"),
             QStringLiteral("name files, such as {stem}-{ratio}.jpg"));
+    if (arguments.crop.map == "-")
+        throw HostError(ExitCode::Usage, QStringLiteral("--map -"),
+            QStringLiteral("standard input is one map for many pictures"),
+            QStringLiteral("name files, such as masks/{stem}.png"));
     const Shard shard = parseShard(arguments.shard);
     if (arguments.folder.empty())
         return std::make_unique<ListedInputs>(

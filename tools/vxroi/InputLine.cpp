@@ -16,6 +16,7 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
+constexpr QLatin1String wholeLine("line", 4); // what is wrong with it is wrong with no option
 constexpr QLatin1String pathKey("path", 4);
 constexpr QLatin1String keepKey("keep", 4);
 constexpr QLatin1String avoidKey("avoid", 5);
@@ -27,7 +28,7 @@ constexpr QLatin1String outKey("out", 3);
 // What is wrong with a line, for the record of its input.
 [[noreturn]] void refuse(const QString& reason)
 {
-    throw HostError(ExitCode::Usage, QStringLiteral("line"), reason,
+    throw HostError(ExitCode::Usage, wholeLine, reason,
         QStringLiteral("write an object such as {\"path\": \"a.jpg\", \"ratios\": [\"1:1\"]}"));
 }
 
@@ -107,7 +108,7 @@ void fill(Input& input, const QJsonObject& object)
     if (object.contains(keepKey) || object.contains(avoidKey) || object.contains(focusKey))
         input.constraints = constraints;
     if (object.contains(mapKey))
-        input.map = stringOf(object.value(mapKey), mapKey);
+        input.map = fileCalled(stringOf(object.value(mapKey), mapKey));
     if (object.contains(ratiosKey)) {
         const QJsonArray ratios = arrayOf(object.value(ratiosKey), ratiosKey);
         for (const QJsonValue& ratio : ratios)
@@ -142,7 +143,12 @@ Input inputFromJson(const QByteArray& line, qint64 lineNumber)
         input.path = fileCalled(stringOf(document.object().value(pathKey), pathKey));
         fill(input, document.object());
     } catch (const HostError& error) {
-        input.failure = error;
+        // What is wrong with an option is as wrong in a line.
+        const bool isOfLine = error.subject() == wholeLine;
+        input.failure = HostError(error.code(), input.path,
+            isOfLine ? error.reason()
+                     : QStringLiteral("%1: %2").arg(error.subject(), error.reason()),
+            error.remedy());
     }
     return input;
 }

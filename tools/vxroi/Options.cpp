@@ -24,9 +24,19 @@ host::IfExists ifExistsCalled(const std::string& name)
 std::vector<std::string> formatNames()
 {
     std::vector<std::string> names;
-    for (const host::Format& format : host::formats())
-        names.push_back(format.suffixes.first().toStdString());
+    for (const host::Format& format : host::formats()) {
+        if (host::isWritten(format))
+            names.push_back(format.suffixes.first().toStdString());
+    }
     return names;
+}
+
+// Opacity comes last, as on the web; Qt has it first.
+QColor colourCalled(const QString& name)
+{
+    constexpr int withOpacity = 9; // "#rrggbbaa"
+    const bool isReordered = name.startsWith(QLatin1Char('#')) && name.size() == withOpacity;
+    return QColor(isReordered ? QLatin1Char('#') + name.right(2) + name.mid(1, 6) : name);
 }
 
 CLI::Range atLeastOne() { return { qint64 { 1 }, qint64 { 1'000'000'000'000 } }; }
@@ -107,7 +117,8 @@ void WritingOptions::addTo(CLI::App& command)
     group(command.add_flag("--to-srgb", toSrgb, "convert colours to sRGB, and write no profile"));
     group(command
               .add_option("--background", background,
-                  "a colour, such as white or #ff8000, for --fit pad and below transparent pixels")
+                  "a colour, such as white, #ff8000 or #ff800080, for --fit pad and below "
+                  "transparent pixels")
               ->type_name("COLOUR")
               ->capture_default_str());
 }
@@ -125,7 +136,7 @@ host::WritingRules WritingOptions::rules() const
     rules.metadata = metadata == "strip" ? host::KeptMetadata::None
         : metadata == "copyright"        ? host::KeptMetadata::Copyright
                                          : host::KeptMetadata::All;
-    rules.background = QColor(QString::fromStdString(background));
+    rules.background = colourCalled(QString::fromStdString(background));
     if (!rules.background.isValid())
         throw HostError(ExitCode::Usage,
             QStringLiteral("--background %1").arg(QString::fromStdString(background)),
@@ -151,6 +162,7 @@ void CropOptions::addTo(CLI::App& command)
     command
         .add_option("-o,--output", output,
             "write crops to this file; {dir} {stem} {ratio} {ext} stand for parts of its name")
+        ->check(namesFile())
         ->type_name("FILE");
     addAreaOptions(command, keep, avoid);
     command.add_option("--focus", focus, "centre the crop here, 0 to 1 across and down")

@@ -7,12 +7,11 @@ using host::HostError;
 
 namespace {
 
-void requireWithin(const QString& folder, const QString& output)
+void requireWithin(const QString& folder, const QString& output, const QString& remedy)
 {
     if (!host::isWithin(folder, output))
         throw HostError(ExitCode::CannotCreate, output,
-            QStringLiteral("leads out of the folder %1").arg(folder),
-            QStringLiteral("name a file within it, or allow lists more with --allow-outside"));
+            QStringLiteral("leads out of the folder %1").arg(folder), remedy);
 }
 
 } // namespace
@@ -59,11 +58,15 @@ void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
         return;
     const host::OutputName name = hasOwn ? host::OutputName(input.output) : *commonOutput;
     for (const host::CropShape& shape : task.shapes) {
-        const QString output = name.nameFor(input.path, shape, suffix);
+        QString output = name.nameFor(input.path, shape, suffix);
+        if (name.hasPlaces() && host::isStandardStream(output))
+            output.prepend(QStringLiteral("./"));
         if (name.hasPlaces())
-            requireWithin(name.folderFor(input.path), output);
+            requireWithin(name.folderFor(input.path), output,
+                QStringLiteral("choose another name for the picture or the output"));
         if (hasOwn && areListsConfined)
-            requireWithin(QStringLiteral("."), output);
+            requireWithin(QStringLiteral("."), output,
+                QStringLiteral("name a file within it, or allow more with --allow-outside"));
         const QString file = host::canonicalPathOf(output);
         if (usedOutputs.contains(file))
             throw HostError(ExitCode::Usage, output, QStringLiteral("named for two outputs"),

@@ -78,11 +78,21 @@ std::vector<double> pixelOf(const VImage& image, const QColor& colour)
     }
 }
 
+VImage withChannelsFor(const QColor& colour, const VImage& image)
+{
+    if (image.bands() > 2 || colour.saturation() <= 0)
+        return image;
+    const VImage srgb = inSrgbWithDepth(image); // a profile of greys is none of colours
+    return srgb.colourspace(image.format() == VIPS_FORMAT_USHORT ? VIPS_INTERPRETATION_RGB16
+                                                                 : VIPS_INTERPRETATION_sRGB);
+}
+
 VImage on(const QColor& background, const VImage& image)
 {
     if (!image.has_alpha())
         return image;
-    return image.flatten(VImage::option()->set("background", pixelOf(image, background)));
+    const VImage picture = withChannelsFor(background, image);
+    return picture.flatten(VImage::option()->set("background", pixelOf(picture, background)));
 }
 
 VImage inSrgb(const VImage& image)

@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <mutex>
+#include <new>
 #include <string>
 
 namespace host {
@@ -37,24 +39,47 @@ QByteArray arrayOf(const Exiv2::DataBuf& buffer)
     return QByteArray(reinterpret_cast<const char*>(buffer.pData_), static_cast<int>(buffer.size_));
 }
 
-// What \a work returns; nothing when Exiv2 cannot do it, which tells nobody.
-template <typename Work> QByteArray orNothing(const Work& work)
+// Exiv2's parser of XMP is one for all threads.
+void lockXmp(void* mutex, bool isLocked)
+{
+    if (isLocked)
+        static_cast<std::recursive_mutex*>(mutex)->lock();
+    else
+        static_cast<std::recursive_mutex*>(mutex)->unlock();
+}
+
+void startExiv2()
+{
+    static std::recursive_mutex mutex;
+    Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
+    Exiv2::XmpParser::initialize(lockXmp, &mutex);
+}
+
+// What \a work returns; nothing when Exiv2 cannot do it, which tells nobody. It throws exceptions of its own and those
+// of the standard library.
+template <typename Work> auto orNothing(const Work& work) -> decltype(work())
 try {
-    static std::once_flag silenced;
-    std::call_once(silenced, [] { Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute); });
+    static std::once_flag started;
+    std::call_once(started, startExiv2);
     return work();
-} catch (const Exiv2::AnyError&) {
+} catch (const std::bad_alloc&) {
+    throw;
+} catch (const std::exception&) {
     return {};
 }
 
 Exiv2::ExifData decodedExif(const QByteArray& exif)
 {
-    Exiv2::ExifData data;
     if (exif.isEmpty())
+        return {};
+    // That of a PNG lacks the beginning.
+    const bool hasBegin = exif.startsWith(QByteArray(exifBegin.data(), exifBeginBytes));
+    const QByteArray plain = hasBegin ? exif.mid(exifBeginBytes) : exif;
+    return orNothing([&] {
+        Exiv2::ExifData data;
+        Exiv2::ExifParser::decode(data, bytesOf(plain), countOf(plain));
         return data;
-    const QByteArray plain = exif.mid(exifBeginBytes);
-    Exiv2::ExifParser::decode(data, bytesOf(plain), countOf(plain));
-    return data;
+    });
 }
 
 QByteArray encodedExif(const Exiv2::ExifData& data)
@@ -87,6 +112,17 @@ Exiv2::ExifData exifOfCrop(const EmbeddedMetadata& metadata)
         data["Exif.Image.ResolutionUnit"] = inch;
     }
     return data;
+}
+
+// Nothing of what Exiv2 cannot read, or what one segment cannot hold.
+std::string xmpForJpeg(const QByteArray& xmp)
+{
+    constexpr int mostBytes = 65'000;
+    const bool isReadable = orNothing([&] {
+        Exiv2::XmpData data;
+        return Exiv2::XmpParser::decode(data, xmp.toStdString()) == 0;
+    });
+    return isReadable && xmp.size() <= mostBytes ? xmp.toStdString() : std::string();
 }
 
 // \param jpeg begins with the segment of JFIF.
@@ -128,20 +164,8 @@ bool isOfPicture(const Exiv2::Exifdatum& entry)
             && std::find(ofPicture.begin(), ofPicture.end(), entry.tagName()) != ofPicture.end());
 }
 
-// Exiv2's parser of XMP is one for all threads.
-void lockXmp(void* mutex, bool isLocked)
-{
-    if (isLocked)
-        static_cast<std::recursive_mutex*>(mutex)->lock();
-    else
-        static_cast<std::recursive_mutex*>(mutex)->unlock();
-}
-
 template <typename Predicate> QByteArray filteredXmp(const QByteArray& xmp, const Predicate& isKept)
 {
-    static std::recursive_mutex mutex;
-    static std::once_flag started;
-    std::call_once(started, [] { Exiv2::XmpParser::initialize(lockXmp, &mutex); });
     Exiv2::XmpData data;
     std::string packet;
     const bool isDone = Exiv2::XmpParser::decode(data, xmp.toStdString()) == 0
@@ -164,9 +188,11 @@ Exiv2::IptcData decodedIptc(const QByteArray& iptc)
                     static_cast<int>(dataBytes))
                             : QByteArray();
     }
-    Exiv2::IptcData data;
-    Exiv2::IptcParser::decode(data, bytesOf(plain), countOf(plain));
-    return data;
+    return orNothing([&] {
+        Exiv2::IptcData data;
+        Exiv2::IptcParser::decode(data, bytesOf(plain), countOf(plain));
+        return data;
+    });
 }
 
 QByteArray encodedIptc(const Exiv2::IptcData& data)
@@ -252,13 +278,15 @@ QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& meta
         || !metadata.iptc.isEmpty() || !metadata.profile.isEmpty();
     if (!hasMore)
         return plain;
-    const QByteArray whole = orNothing([&] {
+    const auto written = [&](bool isAll) {
         const auto image = Exiv2::ImageFactory::open(bytesOf(plain), plain.size());
         image->readMetadata();
-        image->setExifData(exifOfCrop(metadata));
-        image->setIptcData(decodedIptc(metadata.iptc));
-        image->setXmpPacket(metadata.xmp.toStdString());
-        image->writeXmpFromPacket(true);
+        if (isAll) {
+            image->setExifData(exifOfCrop(metadata));
+            image->setIptcData(decodedIptc(metadata.iptc));
+            image->setXmpPacket(xmpForJpeg(metadata.xmp));
+            image->writeXmpFromPacket(true);
+        }
         if (!metadata.profile.isEmpty()) {
             Exiv2::DataBuf profile(bytesOf(metadata.profile), metadata.profile.size());
             image->setIccProfile(profile, false);
@@ -266,22 +294,29 @@ QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& meta
         image->writeMetadata();
         image->io().open();
         return arrayOf(image->io().read(static_cast<long>(image->io().size())));
-    });
+    };
+    QByteArray whole = orNothing([&] { return written(true); });
+    if (whole.isEmpty()) // its colours matter more than what cannot be written
+        whole = orNothing([&] { return written(false); });
     return whole.isEmpty() ? plain : whole;
 }
 
-QByteArray jxlWithMetadata(const QByteArray& codestream, const EmbeddedMetadata& metadata)
+QByteArray jxlWithMetadata(const QByteArray& jxl, const EmbeddedMetadata& metadata)
 {
     const QByteArray exif = orNothing([&] { return encodedExif(exifOfCrop(metadata)); });
     if (exif.isEmpty() && metadata.xmp.isEmpty())
-        return codestream;
+        return jxl;
     const QByteArray offset(4, '\0'); // from which the EXIF begins
-    QByteArray file = box("JXL ", "\r\n\x87\n") + box("ftyp", QByteArray("jxl \0\0\0\0jxl ", 12));
+    const QByteArray begin
+        = box("JXL ", "\r\n\x87\n") + box("ftyp", QByteArray("jxl \0\0\0\0jxl ", 12));
+    QByteArray boxes;
     if (!exif.isEmpty())
-        file += box("Exif", offset + exif.mid(exifBeginBytes));
+        boxes += box("Exif", offset + exif.mid(exifBeginBytes));
     if (!metadata.xmp.isEmpty())
-        file += box("xml ", metadata.xmp);
-    return file + box("jxlc", codestream);
+        boxes += box("xml ", metadata.xmp);
+    // Deep and transparent pictures come in a container.
+    return jxl.startsWith(begin) ? QByteArray(jxl).insert(begin.size(), boxes)
+                                 : begin + boxes + box("jxlc", jxl);
 }
 
 QByteArray xmpOfCrop(const QByteArray& xmp)

@@ -5,8 +5,8 @@
 #include <QSize>
 
 /// \file
-/// EXIF, XMP and IPTC as libvips hands them over: EXIF begins with "Exif", IPTC is that of a JPEG with its
-/// "Photoshop 3.0" or a plain one. What cannot be understood gives nothing.
+/// EXIF, XMP and IPTC as libvips hands them over: EXIF with or without its beginning "Exif", IPTC as in a JPEG, with
+/// "Photoshop 3.0", or a plain one. What cannot be understood gives nothing.
 
 namespace host {
 
@@ -38,9 +38,8 @@ QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& meta
 /// \a jpeg, a file without metadata, with metadata.
 QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& metadata);
 
-/// A JPEG XL with EXIF and XMP, which libvips does not write.
-/// \param codestream a bare one.
-QByteArray jxlWithMetadata(const QByteArray& codestream, const EmbeddedMetadata& metadata);
+/// \a jxl, a bare codestream or a container, with EXIF and XMP, which libvips does not write.
+QByteArray jxlWithMetadata(const QByteArray& jxl, const EmbeddedMetadata& metadata);
 
 /// \a xmp without what is not true of a crop: its orientation and its thumbnails.
 QByteArray xmpOfCrop(const QByteArray& xmp);

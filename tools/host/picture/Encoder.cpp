@@ -9,6 +9,7 @@
 #include "QtPixels.h"
 
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -68,6 +69,8 @@ QByteArray encodedByVips(
     vips_error_clear();
     image.write_to_buffer(format.saver, &bytes, &count, optionsFor(image, format, rules));
     const std::unique_ptr<void, decltype(&g_free)> released(bytes, g_free);
+    if (count > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        throw vips::VError("the file is too large");
     return QByteArray(static_cast<const char*>(bytes), static_cast<int>(count));
 }
 
@@ -108,8 +111,9 @@ VImage withColoursFor(const VImage& picture, const Format& format, const Writing
     const QColor background = rules.background.alpha() == 0 ? Qt::white : rules.background;
     const VImage opaque
         = format.abilities.testFlag(Ability::Opacity) ? picture : on(background, picture);
-    const bool needsColours = opaque.interpretation() == VIPS_INTERPRETATION_CMYK
-        && !format.abilities.testFlag(Ability::Inks);
+    const bool isCmyk = opaque.interpretation() == VIPS_INTERPRETATION_CMYK;
+    const bool needsColours = (isCmyk && !format.abilities.testFlag(Ability::Inks))
+        || (hasOtherColours(opaque) && !format.abilities.testFlag(Ability::Profile));
     return rules.isInSrgb || needsColours ? inSrgbWithDepth(opaque) : opaque;
 }
 

@@ -9,29 +9,34 @@ const QVector<Format>& formats()
 {
     const auto list
         = [](const char* words) { return QString::fromLatin1(words).split(QLatin1Char(' ')); };
-    constexpr Abilities opaque;
+    const Abilities transparent = Ability::Opacity | Ability::Profile;
     static const QVector<Format> all {
         { "jpeg", list("jpg jpeg jpe"), "VipsForeignLoadJpeg", 8, ".jpg", 93,
-            Ability::Inks | Ability::FullChroma | Ability::Progression },
+            Ability::Inks | Ability::FullChroma | Ability::Progression | Ability::Profile },
         { "png", list("png"), "VipsForeignLoadPng", 1, ".png[filter=all]", 0,
-            Ability::Opacity | Ability::Progression },
+            transparent | Ability::Progression },
         { "webp", list("webp"), "VipsForeignLoadWebp", 1, ".webp", 93,
-            Ability::Opacity | Ability::Frames | Ability::WholeDecoding },
+            transparent | Ability::Frames | Ability::WholeDecoding },
         { "tiff", list("tif tiff"), "VipsForeignLoadTiff", 1,
-            ".tif[compression=deflate,predictor=horizontal]", 0, Ability::Inks | Ability::Opacity },
+            ".tif[compression=deflate,predictor=horizontal]", 0, transparent | Ability::Inks },
         { "avif", list("avif"), "VipsForeignLoadHeif", 1, ".avif[compression=av1,effort=2]", 75,
-            Ability::Opacity | Ability::FullChroma | Ability::WholeDecoding },
+            transparent | Ability::FullChroma | Ability::WholeDecoding },
         { "heic", list("heic heif"), "VipsForeignLoadHeif", 1, ".heic[compression=hevc]", 75,
-            Ability::Opacity | Ability::FullChroma | Ability::WholeDecoding },
+            transparent | Ability::FullChroma | Ability::WholeDecoding },
         { "jxl", list("jxl"), "VipsForeignLoadJxl", 1, ".jxl[effort=4]", 93,
-            Ability::Opacity | Ability::WholeDecoding },
+            transparent | Ability::WholeDecoding },
         { "gif", list("gif"), "VipsForeignLoadNsgif", 1, ".gif", 0,
             Ability::Opacity | Ability::Frames | Ability::Progression | Ability::WholeDecoding },
-        { "ppm", list("ppm pgm pbm pnm"), "VipsForeignLoadPpm", 1, ".ppm", 0, opaque },
-        { "bmp", list("bmp"), nullptr, 1, nullptr, 0, opaque },
+        // Which would have the time in it otherwise.
+        { "ppm", list("ppm pnm"), "VipsForeignLoadPpm", 1, ".ppm[strip]" },
+        { "pgm", list("pgm"), "VipsForeignLoadPpm", 1, ".pgm[strip]" },
+        { "pbm", list("pbm"), "VipsForeignLoadPpm", 1, "" },
+        { "bmp", list("bmp"), nullptr },
     };
     return all;
 }
+
+bool isWritten(const Format& format) { return format.saver == nullptr || *format.saver != '\0'; }
 
 const Format* formatCalled(const QString& suffix)
 {

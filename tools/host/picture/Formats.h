@@ -15,6 +15,7 @@ enum class Ability {
     FullChroma = 8, ///< colours of the resolution of the brightness, or half of it
     Progression = 16, ///< they appear coarse first
     WholeDecoding = 32, ///< the whole picture at once
+    Profile = 64, ///< of their colours
 };
 Q_DECLARE_FLAGS(Abilities, Ability)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Abilities)
@@ -26,7 +27,8 @@ struct Format {
     const char* loader
         = nullptr; ///< the class that reads it; null for BMP, which Qt reads and writes
     int mostShrink = 1; ///< up to which factor its decoder makes pictures smaller while it decodes
-    const char* saver = nullptr; ///< the suffix that it is written by, with options; null for BMP
+    const char* saver
+        = nullptr; ///< the suffix that it is written by, with options; null for BMP, empty for none
     int quality = 0; ///< that it is written with unless another is asked for; 0: it has none
     Abilities abilities = {};
 };
@@ -34,6 +36,9 @@ struct Format {
 /// The formats that pictures are read and written in. libvips knows many more; but their decoders take what
 /// they are told for granted, or hand it on to other programs.
 const QVector<Format>& formats();
+
+/// Whether pictures are written in a format.
+bool isWritten(const Format& format);
 
 /// The format of files that end in \a suffix, such as "jpg"; null when there is none.
 const Format* formatCalled(const QString& suffix);

@@ -66,9 +66,9 @@ void refuseMuchMetadata(const QString& path, const vips::VImage& header)
 
 void refuseManyScans(const QString& path, QIODevice& jpeg)
 {
-    // Within compressed data these bytes do not follow each other; a thumbnail may have some.
+    // Compressed data never has the first two of these bytes; a thumbnail may, and rarely what follows the picture.
     constexpr int mostScans = 100;
-    if (contentOf(jpeg).count("\xff\xda") > mostScans)
+    if (contentOf(jpeg).count(QByteArray("\xff\xda\0", 3)) > mostScans)
         throw HostError(ExitCode::UnreadableInput, path,
             QStringLiteral("the JPEG has more than %1 scans").arg(mostScans),
             QStringLiteral("save it again without progression"));

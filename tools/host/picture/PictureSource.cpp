@@ -53,7 +53,9 @@ std::unique_ptr<QIODevice> contentOfPipe(
     }
     if (content->size() > mostBytes)
         throwTooLarge(path, mostBytes);
-    content->seek(0);
+    // One that can be written to grows when a decoder seeks beyond its end.
+    content->close();
+    content->open(QIODevice::ReadOnly);
     return content;
 }
 

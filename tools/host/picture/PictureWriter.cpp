@@ -30,8 +30,9 @@ namespace {
 
 void requireKnownFormat(const QString& path, const WritingRules& rules)
 {
+    const Format* const format = formatCalled(QFileInfo(path).suffix());
     const bool isKnown = rules.format != nullptr || isStandardStream(path)
-        || formatCalled(QFileInfo(path).suffix()) != nullptr;
+        || (format != nullptr && isWritten(*format));
     if (!isKnown)
         throw HostError(ExitCode::CannotCreate, path,
             QStringLiteral("its suffix names no format that can be written"),

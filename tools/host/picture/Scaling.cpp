@@ -67,11 +67,7 @@ VImage padded(const VImage& image, const QSize& size, const QColor& background)
     const bool isDeep = image.format() == VIPS_FORMAT_USHORT;
     const double unit = isDeep ? 257 : 1;
     const bool isTransparent = image.has_alpha() || background.alpha() < 255;
-    VImage picture = image;
-    const bool becomesColoured = image.bands() < 3 && background.saturation() > 0;
-    if (becomesColoured)
-        picture
-            = picture.colourspace(isDeep ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB);
+    VImage picture = withChannelsFor(background, image);
     if (isTransparent && !picture.has_alpha())
         picture = picture.bandjoin_const({ 255 * unit });
     std::vector<double> pixel = pixelOf(picture, background);
