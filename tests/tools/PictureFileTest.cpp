@@ -410,3 +410,17 @@ TEST_F(PictureFile, refusesAJpegOfManyScansInItsOwnWords)
         }
     }
 }
+
+TEST_F(PictureFile, refusesAPngThatClaimsMuchMetadata)
+{
+    QByteArray bytes = samples::encoded(picture, "png");
+    constexpr int afterHeader = 33;
+    bytes.insert(afterHeader, QByteArray("\x20\0\0\0tEXtfew", 11));
+    const QString path = folder.save(bytes, QStringLiteral("claiming.png"));
+    try {
+        readAll(path);
+        ADD_FAILURE() << "read it";
+    } catch (const host::HostError& error) {
+        EXPECT_EQ(error.reason(), QStringLiteral("its metadata takes more than 8 megabytes"));
+    }
+}

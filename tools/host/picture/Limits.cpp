@@ -11,6 +11,8 @@ namespace host {
 
 namespace {
 
+constexpr std::size_t mostMetadataBytes = std::size_t { 8 } << 20U;
+
 [[noreturn]] void throwTooMuch(const QString& path)
 {
     throw HostError(ExitCode::UnreadableInput, path,
@@ -47,7 +49,7 @@ void refuseManyTexts(const QString& path, QIODevice& png)
             return;
         if (kind == "zTXt" || kind == "iTXt")
             ++texts;
-        if (texts > mostTexts)
+        if (texts > mostTexts || length > mostMetadataBytes) // which libpng would take at once
             throwTooMuch(path);
         constexpr int checksumBytes = 4;
         if (!png.seek(png.pos() + length + checksumBytes))
@@ -57,10 +59,9 @@ void refuseManyTexts(const QString& path, QIODevice& png)
 
 void refuseMuchMetadata(const QString& path, const vips::VImage& header)
 {
-    constexpr std::size_t mostBytes = std::size_t { 8 } << 20U;
     std::size_t bytes = 0;
     vips_image_map(header.get_image(), addBytes, &bytes);
-    if (bytes > mostBytes)
+    if (bytes > mostMetadataBytes)
         throwTooMuch(path);
 }
 

@@ -10,7 +10,8 @@
 
 namespace host {
 
-/// Refuses a PNG with more than 20 compressed texts, each of which may take 8 megabytes while it is read.
+/// Refuses a PNG with more than 20 compressed texts, each of which may take 8 megabytes while it is read, and one
+/// that claims more than 8 megabytes of anything before its pixels.
 /// \param path what the file is called in the error.
 /// \throws HostError
 void refuseManyTexts(const QString& path, QIODevice& png);
