@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <array>
 #include <cmath>
 
 namespace host {
@@ -15,7 +16,7 @@ QVector<QRect> within(const QSize& picture, const QVector<Area>& areas, const QS
 {
     QVector<QRect> parts;
     for (const Area& area : areas) {
-        const QRect part = area.in(picture)&QRect(QPoint(), picture);
+        const QRect part = QRect(QPoint(), picture) & area.in(picture);
         if (part.isEmpty())
             throw HostError(ExitCode::Usage, path,
                 QStringLiteral("%1 lies outside the picture of %2 x %3 pixels")

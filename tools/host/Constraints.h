@@ -8,7 +8,6 @@
 #include <QString>
 #include <QVector>
 
-#include <array>
 #include <optional>
 
 namespace host {

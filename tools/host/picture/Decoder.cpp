@@ -96,17 +96,16 @@ void Decoder::readHeader()
     headerImage = tolerating([this] { return opened(1); });
     if (formatName == QLatin1String("avif") && !isAvif(headerImage))
         formatName = QStringLiteral("heic");
-    const bool isAnimation
-        = formatName == QLatin1String("gif") || formatName == QLatin1String("webp");
-    if (isAnimation && rules.areAllFramesRead) {
+    if (format->abilities.testFlag(Ability::Frames) && rules.areAllFramesRead) {
         frames = vips_image_get_n_pages(headerImage.get_image());
         headerImage = tolerating([this] { return opened(1); });
     }
     const QSize size = boundsOf(headerImage).size();
     pixelWeight = bytesPerLevel(headerImage);
-    if (isDecodedWhole(headerImage, *format))
+    const bool isWhole = isDecodedWhole(headerImage, *format);
+    if (isWhole)
         pixelWeight *= 2;
-    refuseTooMany(size, isDecodedWhole(headerImage, *format) ? pixelWeight : 1);
+    refuseTooMany(size, isWhole ? pixelWeight : 1);
     refuseMuchMetadata(name, headerImage);
     if (isSet(headerImage, "jpeg-multiscan"))
         refuseManyScans(name, *device);

@@ -200,6 +200,22 @@ QByteArray encodedIptc(const Exiv2::IptcData& data)
     return data.empty() ? QByteArray() : arrayOf(Exiv2::IptcParser::encode(data));
 }
 
+// \param file outlives the result.
+auto openedFile(const QByteArray& file)
+{
+    auto image = Exiv2::ImageFactory::open(bytesOf(file), file.size());
+    image->readMetadata();
+    return image;
+}
+
+// The file with the metadata that the image has now.
+QByteArray writtenFile(Exiv2::Image& image)
+{
+    image.writeMetadata();
+    image.io().open();
+    return arrayOf(image.io().read(static_cast<long>(image.io().size())));
+}
+
 constexpr quint32 boxHeaderBytes = 8;
 
 // A box of the container that JPEG XL shares with other formats.
@@ -218,8 +234,7 @@ EmbeddedMetadata unreadInTiff(QIODevice& tiff)
     const QByteArray bytes = contentOf(tiff);
     EmbeddedMetadata metadata;
     metadata.exif = orNothing([&] {
-        const auto image = Exiv2::ImageFactory::open(bytesOf(bytes), bytes.size());
-        image->readMetadata();
+        const auto image = openedFile(bytes);
         metadata.iptc = encodedIptc(image->iptcData());
         return encodedExif(filtered(image->exifData(), isOfPicture));
     });
@@ -256,17 +271,14 @@ EmbeddedMetadata unreadInJxl(QIODevice& jxl)
 QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& metadata)
 {
     const QByteArray whole = orNothing([&] {
-        const auto image = Exiv2::ImageFactory::open(bytesOf(tiff), tiff.size());
-        image->readMetadata();
+        const auto image = openedFile(tiff);
         Exiv2::ExifData& all = image->exifData();
         for (const Exiv2::Exifdatum& entry : filtered(decodedExif(metadata.exif), isOfPicture)) {
             if (all.findKey(Exiv2::ExifKey(entry.key())) == all.end())
                 all.add(entry);
         }
         image->setIptcData(decodedIptc(metadata.iptc));
-        image->writeMetadata();
-        image->io().open();
-        return arrayOf(image->io().read(static_cast<long>(image->io().size())));
+        return writtenFile(*image);
     });
     return whole.isEmpty() ? tiff : whole;
 }
@@ -279,8 +291,7 @@ QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& meta
     if (!hasMore)
         return plain;
     const auto written = [&](bool isAll) {
-        const auto image = Exiv2::ImageFactory::open(bytesOf(plain), plain.size());
-        image->readMetadata();
+        const auto image = openedFile(plain);
         if (isAll) {
             image->setExifData(exifOfCrop(metadata));
             image->setIptcData(decodedIptc(metadata.iptc));
@@ -291,9 +302,7 @@ QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& meta
             Exiv2::DataBuf profile(bytesOf(metadata.profile), metadata.profile.size());
             image->setIccProfile(profile, false);
         }
-        image->writeMetadata();
-        image->io().open();
-        return arrayOf(image->io().read(static_cast<long>(image->io().size())));
+        return writtenFile(*image);
     };
     QByteArray whole = orNothing([&] { return written(true); });
     if (whole.isEmpty()) // its colours matter more than what cannot be written

@@ -74,26 +74,24 @@ Resolution resolutionOf(const vips::VImage& image)
     return { perInch(image.xres()), perInch(image.yres()) };
 }
 
+template <typename Predicate> void removeFields(vips::VImage& image, const Predicate& isRemoved)
+{
+    for (const std::string& field : fieldsOf(image)) {
+        if (isRemoved(field))
+            image.remove(field.c_str());
+    }
+}
+
 void keepCopyright(vips::VImage& image)
 {
     const QByteArray exif = copyrightInExif(blobOf(image, VIPS_META_EXIF_NAME));
     const QByteArray xmp = copyrightInXmp(blobOf(image, VIPS_META_XMP_NAME));
     const QByteArray iptc = copyrightInIptc(blobOf(image, VIPS_META_IPTC_NAME));
-    for (const std::string& field : fieldsOf(image)) {
-        if (isSaying(field) && !isCopyrightText(field))
-            image.remove(field.c_str());
-    }
+    removeFields(
+        image, [](const std::string& field) { return isSaying(field) && !isCopyrightText(field); });
     setBlob(image, VIPS_META_EXIF_NAME, exif);
     setBlob(image, VIPS_META_XMP_NAME, xmp);
     setBlob(image, VIPS_META_IPTC_NAME, iptc);
-}
-
-void strip(vips::VImage& image)
-{
-    for (const std::string& field : fieldsOf(image)) {
-        if (isSaying(field))
-            image.remove(field.c_str());
-    }
 }
 
 } // namespace
@@ -116,7 +114,7 @@ vips::VImage withMetadata(const vips::VImage& image, KeptMetadata kept)
 {
     vips::VImage result = image.copy();
     if (kept == KeptMetadata::None)
-        strip(result);
+        removeFields(result, isSaying);
     if (kept == KeptMetadata::Copyright)
         keepCopyright(result);
     result.remove("jpeg-thumbnail-data");
