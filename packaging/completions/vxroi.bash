@@ -19,6 +19,7 @@ _vxroi()
     batch:--if-exists) words='fail skip overwrite' ;;
     batch:--fit) words='crop pad' ;;
     batch:--frames) words='first all' ;;
+    batch:--retry) words='outside all none' ;;
     batch:--format) words='jpg png webp tif avif heic jxl gif ppm pgm bmp' ;;
     batch:--chroma) words='auto 444 420' ;;
     batch:--metadata) words='keep copyright strip' ;;
@@ -33,7 +34,7 @@ _vxroi()
     if [ -z "$words" ] && [ "${word#-}" != "$word" ]; then
         case ${COMP_WORDS[1]} in
         crop) words='-h --help --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --fit --frames --dry-run --json --emit --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
-        batch) words='-h --help -r --recursive --from -0 --null --allow-outside --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --fit --frames --dry-run --resume --shard -j --jobs -q --quiet --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        batch) words='-h --help -r --recursive --from -0 --null --allow-outside --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --fit --frames --dry-run --resume --retry --checksum --timings --shard -j --jobs -q --quiet --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         cluster) words='-h --help --grid -o --output --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         report) words='-h --help -r --recursive -o --output --ratio --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;

@@ -33,10 +33,12 @@ with tempfile.TemporaryDirectory() as name:
     found = (whole
              + records(folder, "crop", "balloon.png", "--size", "50x50", "--focus", "0,0", "--json",
                        "-o", "{stem}-{ratio}.jpg")
-             + records(folder, "crop", "balloon.png", "--size", "50x50", "--keep", "0,0,9,9",
-                       "--json", "-o", "{stem}-{ratio}.jpg", "--if-exists", "skip")
+             + records(folder, "crop", "balloon.png", "--size", "50x50", "--json",
+                       "-o", "{stem}-{ratio}.jpg", "--if-exists", "skip")
+             + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--keep", "0,0,9,9", "--json")
              + records(folder, "crop", "balloon.png", "none.png", "--ratio", "2:1", "--json",
                        "--dry-run", "-o", "other/{stem}.jpg")
+             + records(folder, "batch", ".", "--ratio", "1:1", "--checksum")
              + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--avoid", "100,0,20,900",
                        "--weight", "gauss=3", "--json")
              + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--map", "poppy.png", "--json")
@@ -44,7 +46,7 @@ with tempfile.TemporaryDirectory() as name:
              + records(folder, "batch", ".", "--ratio", "1:1"))
 
 statuses = {record["status"] for record in found}
-deciders = {crop["decidedBy"] for record in found for crop in record.get("crops", [])}
+deciders = {crop.get("decidedBy") for record in found for crop in record.get("crops", [])}
 outputs = {crop["output"].get("status") for record in found for crop in record.get("crops", [])}
 assert statuses == {"ok", "failed"}, statuses
 assert {"whole", "focus", "keep", "avoid", "salience"} <= deciders, deciders
@@ -65,4 +67,6 @@ assert breaks(lambda record: record.update(status="failed"))
 assert breaks(lambda record: record.update(took=3))
 assert breaks(lambda record: record["crops"][0].pop("source"))
 assert breaks(lambda record: record["crops"][0].update(decidedBy="chance"))
+assert breaks(lambda record: record["crops"][0]["output"].update(status="skipped", path="a.png"))
+assert breaks(lambda record: record["file"].pop("modified"))
 print(f"{len(found)} records follow the schema")

@@ -161,7 +161,7 @@ TEST_F(VxroiOutputs, namesThePictureOrTheLineThatIsWrong)
     folder.save(QByteArray("{\"path\": \"in/a.png\", \"ratios\": [\"x\"]}\n{\n"),
         QStringLiteral("here/list"));
     const Outcome outcome = shell(QStringLiteral("\"$VXROI\" batch --from list --ratio 1:1"));
-    EXPECT_TRUE(outcome.err.contains("vxroi: in/a.png: --ratio x: not a ratio"))
+    EXPECT_TRUE(outcome.err.contains("vxroi: list, line 1: in/a.png: --ratio x: not a ratio"))
         << outcome.err.toStdString();
-    EXPECT_TRUE(outcome.err.contains("vxroi: (line 2): not JSON"));
+    EXPECT_TRUE(outcome.err.contains("vxroi: list, line 2: (line 2): not JSON"));
 }

@@ -47,10 +47,9 @@ QJsonObject relativeJson(const QRect& window, const QSize& picture)
         { QStringLiteral("height"), share(window.height(), picture.height()) } };
 }
 
-QJsonObject cropJson(const CropResult& crop, const QSize& picture)
+QJsonObject windowJson(const CropResult& crop, const QSize& picture)
 {
-    QJsonObject object {
-        { QStringLiteral("shape"), crop.shape },
+    return {
         { QStringLiteral("decidedBy"), host::nameOf(crop.chosen.reason) },
         { QStringLiteral("oriented"), jsonOf(crop.chosen.window) },
         { QStringLiteral("relative"), relativeJson(crop.chosen.window, picture) },
@@ -58,32 +57,58 @@ QJsonObject cropJson(const CropResult& crop, const QSize& picture)
         { QStringLiteral("focus"), pointJson(crop.chosen.focus) },
         { QStringLiteral("salience"), rounded(crop.chosen.salience) },
         { QStringLiteral("centreSalience"), rounded(crop.chosen.centreSalience) },
-        { QStringLiteral("output"), jsonOf(crop.outputSize) },
     };
+}
+
+// Of an output that was there before, nobody knows the window and the size.
+QJsonObject cropJson(const CropResult& crop, const QSize& picture)
+{
+    const bool isSkipped = crop.written == Written::Skipped;
+    QJsonObject object = isSkipped ? QJsonObject() : windowJson(crop, picture);
+    QJsonObject output = isSkipped ? QJsonObject() : jsonOf(crop.outputSize);
     if (crop.written != Written::Nothing) {
-        QJsonObject output = jsonOf(crop.outputSize);
         output.insert(QStringLiteral("path"), crop.outputPath);
         output.insert(QStringLiteral("status"), nameOf(crop.written));
-        object.insert(QStringLiteral("output"), output);
     }
+    object.insert(QStringLiteral("shape"), crop.shape);
+    object.insert(QStringLiteral("output"), output);
     return object;
 }
 
 QJsonObject failureJson(const HostError& failure)
 {
-    return { { QStringLiteral("code"), static_cast<int>(failure.code()) },
+    QJsonObject object { { QStringLiteral("code"), static_cast<int>(failure.code()) },
         { QStringLiteral("reason"), failure.reason() },
         { QStringLiteral("remedy"), failure.remedy() } };
+    if (failure.isFromOutside())
+        object.insert(QStringLiteral("fromOutside"), true);
+    return object;
 }
 
 } // namespace
+
+QStringList CropRecord::writtenOutputs() const
+{
+    QStringList outputs;
+    for (const CropResult& crop : crops) {
+        if (crop.written == Written::File)
+            outputs.append(crop.outputPath);
+    }
+    return outputs;
+}
 
 QByteArray CropRecord::toJson() const
 {
     QJsonObject object { { QStringLiteral("path"), path },
         { QStringLiteral("version"), QStringLiteral(VXROI_VERSION) },
-        { QStringLiteral("settings"), settings },
+        { QStringLiteral("settings"), settings }, { QStringLiteral("request"), request.ofRun },
         { QStringLiteral("status"), failure ? QStringLiteral("failed") : QStringLiteral("ok") } };
+    if (!request.ofLine.isEmpty())
+        object.insert(QStringLiteral("line"), request.ofLine);
+    if (file)
+        object.insert(QStringLiteral("file"), *file);
+    if (mapFile)
+        object.insert(QStringLiteral("mapFile"), *mapFile);
     if (failure) {
         object.insert(QStringLiteral("error"), failureJson(*failure));
     } else {

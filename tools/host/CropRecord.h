@@ -4,6 +4,7 @@
 #include "HostError.h"
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -31,10 +32,19 @@ struct CropResult {
     Written written = Written::Nothing;
 };
 
+/// What was asked for, as hashes of 16 hexadecimal digits: the same hashes ask for the same.
+struct CropRequest {
+    QString ofRun; ///< the options that decide what becomes of every picture
+    QString ofLine; ///< what the picture's line in a list says; empty: nothing but its path
+};
+
 /// What the program has to say of one picture: its crops, or why there are none.
 struct CropRecord {
     QString path; ///< as given
     QString settings; ///< how it was analysed
+    CropRequest request;
+    std::optional<QJsonObject> file; ///< the state of the picture's file; see stateOf()
+    std::optional<QJsonObject> mapFile; ///< that of the file that its map came from
     QString format;
     QSize stored;
     QSize oriented;
@@ -43,6 +53,9 @@ struct CropRecord {
     QStringList warnings;
     QVector<CropResult> crops;
     std::optional<HostError> failure;
+
+    /// The outputs that were written.
+    QStringList writtenOutputs() const;
 
     /// The record as one line of JSON, without the line's end. The same record gives the same bytes.
     QByteArray toJson() const;

@@ -17,6 +17,13 @@ namespace {
 
 constexpr qint64 thousand = 1000;
 
+// Whether all outputs were there before.
+bool isNothingToDo(const CropRecord& record)
+{
+    return std::all_of(record.crops.begin(), record.crops.end(),
+        [](const CropResult& crop) { return crop.written == Written::Skipped; });
+}
+
 void warnOfLostFrames(CropRecord& record, const CropResult& crop, const WritingRules& rules)
 {
     const Format& format = formatOf(crop.outputPath, rules);
@@ -40,17 +47,16 @@ CropRecord Cropper::crop(const CropTask& task)
     record.path = task.path;
     record.settings
         = task.map.isEmpty() ? textOf(rules.analysis.salience) : QStringLiteral("map=") + task.map;
+    record.request = task.request;
     record.failure = task.failure;
     if (record.failure)
         return record;
+    record.file = stateOf(task.path, rules.knownBy);
+    if (!task.map.isEmpty())
+        record.mapFile = stateOf(task.map, rules.knownBy);
     try {
         plan(record, task);
-        try {
-            fill(record, task);
-        } catch (const HostError&) {
-            refuseForeignOutputs(task);
-            throw;
-        }
+        fill(record, task);
     } catch (const HostError& error) {
         record.failure = error;
     } catch (const std::bad_alloc&) {
@@ -76,18 +82,8 @@ void Cropper::plan(CropRecord& record, const CropTask& task) const
             requireReplaceable(crop.outputPath);
             requireKnownFormat(crop.outputPath, rules.writing);
         }
-        crop.written = planFor(crop.outputPath);
+        crop.written = planFor(crop.outputPath, task);
         record.crops.append(crop);
-    }
-}
-
-// An earlier run wrote no output of a picture that fails: what is there was there before, and would
-// have been refused first.
-void Cropper::refuseForeignOutputs(const CropTask& task) const
-{
-    for (const QString& output : task.outputs) {
-        if (rules.isResumed && rules.ifExists == IfExists::Fail && QFileInfo::exists(output))
-            throwIsThere(output);
     }
 }
 
@@ -100,6 +96,8 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     record.orientation = picture.orientation();
 
     record.frames = picture.frameCount();
+    if (isNothingToDo(record))
+        return;
     const std::unique_ptr<PictureFile> map
         = task.map.isEmpty() ? nullptr : openMap(task.map, rules.analysis.reading);
     const qint64 pixelCount = std::max(picture.countedPixels(), map ? map->countedPixels() : 0);
@@ -110,7 +108,7 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     const VXCrop analysis = map ? analysisFromMap(*map, record.oriented, record.warnings)
                                 : analysisOf(picture, rules.analysis.salience);
     choose(record, task, analysis, picture);
-    write(record, picture);
+    write(record, task, picture);
     record.warnings += picture.warnings();
 }
 
@@ -150,26 +148,31 @@ void Cropper::setOutputSize(
             QStringLiteral("allow them with --max-pixels %1").arg(pixels));
 }
 
-Written Cropper::planFor(const QString& output) const
+bool Cropper::mayReplace(const QString& output, const CropTask& task) const
+{
+    return rules.ifExists == IfExists::Overwrite || task.ownOutputs.contains(output);
+}
+
+Written Cropper::planFor(const QString& output, const CropTask& task) const
 {
     if (output.isEmpty())
         return Written::Nothing;
     const bool exists = !isStandardStream(output) && QFileInfo::exists(output);
     if (exists && !rules.isResumed)
-        return planForOtherContent(output);
+        return planForOtherContent(output, task);
     return rules.isDryRun ? Written::Planned : Written::File;
 }
 
-Written Cropper::planForOtherContent(const QString& output) const
+Written Cropper::planForOtherContent(const QString& output, const CropTask& task) const
 {
-    if (rules.ifExists == IfExists::Fail)
+    if (!mayReplace(output, task) && rules.ifExists == IfExists::Fail)
         throwIsThere(output);
-    if (rules.ifExists == IfExists::Skip)
+    if (!mayReplace(output, task))
         return Written::Skipped;
     return rules.isDryRun ? Written::Planned : Written::File;
 }
 
-void Cropper::write(CropRecord& record, PictureFile& picture) const
+void Cropper::write(CropRecord& record, const CropTask& task, PictureFile& picture) const
 {
     QVector<CropResult*> crops;
     QVector<Cut> cuts;
@@ -183,7 +186,6 @@ void Cropper::write(CropRecord& record, PictureFile& picture) const
     if (crops.isEmpty())
         return;
     const QVector<vips::VImage> pictures = picture.readCuts(cuts);
-    const bool mayReplace = rules.ifExists == IfExists::Overwrite;
     std::deque<PictureWriter> files;
     WritingRules writing = rules.writing;
     for (int i = 0; i < crops.size(); ++i) {
@@ -196,13 +198,34 @@ void Cropper::write(CropRecord& record, PictureFile& picture) const
         files.emplace_back(pictures.at(i), crop.outputPath, writing, picture.deadline());
         const PictureWriter::Existing existing = files.back().existing();
         if (existing == PictureWriter::Existing::Other)
-            crop.written = planForOtherContent(crop.outputPath);
-        const bool isThere = existing == PictureWriter::Existing::Same && !mayReplace;
+            crop.written = planForOtherContent(crop.outputPath, task);
+        const bool isThere
+            = existing == PictureWriter::Existing::Same && rules.ifExists != IfExists::Overwrite;
         if (crop.written != Written::File || isThere)
             files.pop_back();
     }
-    for (PictureWriter& file : files)
-        file.commit(mayReplace);
+    commit(files, task);
+}
+
+void Cropper::commit(std::deque<PictureWriter>& files, const CropTask& task) const
+{
+    QStringList created;
+    for (const PictureWriter& file : files) {
+        if (!isStandardStream(file.path()) && !QFileInfo::exists(file.path()))
+            created.append(file.path());
+    }
+    if (rules.journal != nullptr)
+        rules.journal->willCreate(created);
+    try {
+        for (PictureWriter& file : files) {
+            file.commit(mayReplace(file.path(), task));
+            created.removeAll(file.path());
+        }
+    } catch (const HostError&) {
+        if (rules.journal != nullptr)
+            rules.journal->haveNotCreated(created);
+        throw;
+    }
 }
 
 } // namespace host

@@ -4,10 +4,13 @@
 #include "Constraints.h"
 #include "CropRecord.h"
 #include "CropShape.h"
+#include "FileState.h"
 #include "picture/PictureWriter.h"
 
 #include <QSemaphore>
 #include <QStringList>
+
+#include <deque>
 
 namespace host {
 
@@ -25,12 +28,30 @@ enum class Fit {
     Padded, ///< there is background around it
 };
 
+/// Hears of output files before they get their names, so that a later run knows them as this program's even when this one
+/// ends there. Its functions are called by any thread.
+class OutputJournal {
+public:
+    OutputJournal() = default;
+    OutputJournal(const OutputJournal&) = delete;
+    OutputJournal& operator=(const OutputJournal&) = delete;
+    virtual ~OutputJournal() = default;
+
+    /// There are no files at \a paths, and there are about to be some.
+    virtual void willCreate(const QStringList& paths) = 0;
+
+    /// Those at \a paths could not be made after all.
+    virtual void haveNotCreated(const QStringList& paths) = 0;
+};
+
 /// What holds for every picture of a run.
 struct CropRules {
     AnalysisRules analysis;
     IfExists ifExists = IfExists::Fail;
     bool isResumed
         = false; ///< a file that is what would be written is from an earlier run: it counts
+    KnownBy knownBy = KnownBy::Time; ///< how records tell files
+    OutputJournal* journal = nullptr; ///< none: nobody wants to know
     Fit fit = Fit::Smaller;
     WritingRules writing = {};
     bool isDryRun = false; ///< write no file
@@ -44,6 +65,8 @@ struct CropTask {
     QStringList outputs; ///< one for each shape, or none at all
     Constraints constraints;
     QString map = {}; ///< a file to take the salience map from; empty: it is computed
+    CropRequest request = {};
+    QStringList ownOutputs = {}; ///< those that an earlier run has written, which may be replaced
     std::optional<HostError> failure = std::nullopt; ///< why there is nothing to crop
 };
 
@@ -60,15 +83,16 @@ public:
 
 private:
     void plan(CropRecord& record, const CropTask& task) const;
-    void refuseForeignOutputs(const CropTask& task) const;
     void fill(CropRecord& record, const CropTask& task);
     void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
-    void write(CropRecord& record, PictureFile& picture) const;
+    void write(CropRecord& record, const CropTask& task, PictureFile& picture) const;
+    void commit(std::deque<PictureWriter>& files, const CropTask& task) const;
     void setOutputSize(
         CropRecord& record, CropResult& crop, const CropShape& shape, int frameCount) const;
-    Written planFor(const QString& output) const;
-    Written planForOtherContent(const QString& output) const;
+    bool mayReplace(const QString& output, const CropTask& task) const;
+    Written planFor(const QString& output, const CropTask& task) const;
+    Written planForOtherContent(const QString& output, const CropTask& task) const;
 
     CropRules rules;
     int budget; ///< in thousands of pixels

@@ -16,7 +16,15 @@ HostError::HostError(
     , atFault(onOneLine(subject))
     , whatIsWrong(onOneLine(reason))
     , whatToDo(onOneLine(remedy))
+    , isOutside(code != ExitCode::Usage && code != ExitCode::UnreadableInput)
 {
+}
+
+HostError unreadableForNow(const QString& path, const QString& reason, const QString& remedy)
+{
+    HostError error(ExitCode::UnreadableInput, path, reason, remedy);
+    error.isOutside = true;
+    return error;
 }
 
 HostError threadsRefused()
@@ -28,8 +36,7 @@ HostError threadsRefused()
 
 HostError tooSlow(const QString& path, int mostSeconds)
 {
-    return HostError(ExitCode::UnreadableInput, path,
-        QStringLiteral("takes more than %1 seconds").arg(mostSeconds),
+    return unreadableForNow(path, QStringLiteral("takes more than %1 seconds").arg(mostSeconds),
         QStringLiteral("allow more with --max-seconds"));
 }
 

@@ -32,12 +32,23 @@ public:
     const QString& reason() const { return whatIsWrong; }
     const QString& remedy() const { return whatToDo; }
 
+    /// Whether the same input may do another time: what is in its way lies outside of it, such as a missing file, a
+    /// full disk, or a limit that the user may raise.
+    bool isFromOutside() const { return isOutside; }
+
 private:
+    friend HostError unreadableForNow(
+        const QString& path, const QString& reason, const QString& remedy);
+
     ExitCode exitCode;
     QString atFault;
     QString whatIsWrong;
     QString whatToDo;
+    bool isOutside;
 };
+
+/// What a program says of a picture that it may read another time: a limit stood in the way, or a pipe that was silent.
+HostError unreadableForNow(const QString& path, const QString& reason, const QString& remedy);
 
 /// What a program says when the system refuses it a thread that it needs.
 HostError threadsRefused();

@@ -1,6 +1,84 @@
 #include "Json.h"
 
+#include <QJsonDocument>
+#include <QRegularExpression>
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
 namespace host {
+
+namespace {
+
+// Half of a surrogate pair, which stands for a byte of a name, is an error to this parser: it sees a space instead.
+std::string withoutSurrogates(const QByteArray& text)
+{
+    static const QRegularExpression surrogate(QStringLiteral(R"(\\u[dD][89a-fA-F][0-9a-fA-F]{2})"));
+    return QString::fromLatin1(text)
+        .replace(surrogate, QStringLiteral("\\u0020"))
+        .toLatin1()
+        .toStdString();
+}
+
+// Tells whether any object of a text has a key twice.
+class RepeatedKeys {
+public:
+    using Event = nlohmann::json::parse_event_t;
+
+    void see(Event event, const nlohmann::json& parsed)
+    {
+        if (event == Event::object_start)
+            keysOfOpenObjects.emplace_back();
+        else if (event == Event::object_end)
+            keysOfOpenObjects.pop_back();
+        else if (event == Event::key
+            && !keysOfOpenObjects.back().insert(parsed.get<std::string>()).second)
+            repeated = QString::fromStdString(parsed.get<std::string>());
+    }
+
+    std::optional<QString> found() const { return repeated; }
+
+private:
+    std::vector<std::set<std::string>> keysOfOpenObjects;
+    std::optional<QString> repeated;
+};
+
+QString faultOf(const QByteArray& text)
+try {
+    RepeatedKeys keys;
+    const auto see
+        = [&keys](int /*depth*/, RepeatedKeys::Event event, const nlohmann::json& parsed) {
+              keys.see(event, parsed);
+              return true;
+          };
+    const nlohmann::json parsed = nlohmann::json::parse(withoutSurrogates(text), see);
+    if (!parsed.is_object())
+        return QStringLiteral("not a JSON object");
+    return keys.found() ? QStringLiteral("names \"%1\" twice").arg(*keys.found()) : QString();
+} catch (const nlohmann::json::exception& error) {
+    // What stands before it is the number of the exception and that of the only line.
+    return QStringLiteral("not JSON: %1")
+        .arg(QString::fromUtf8(error.what()).section(QStringLiteral("line 1, "), 1));
+}
+
+} // namespace
+
+JsonObject parseObject(const QByteArray& text)
+{
+    // First, because Qt keeps the values of repeated keys for ever.
+    const QString fault = faultOf(text);
+    if (!fault.isEmpty())
+        return { {}, fault };
+    QJsonParseError error {};
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (!document.isObject())
+        return { {}, QStringLiteral("not JSON: %1").arg(error.errorString()) };
+    return { document.object(), {} };
+}
 
 QJsonObject jsonOf(const QSize& size)
 {

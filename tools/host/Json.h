@@ -1,10 +1,21 @@
 #pragma once
 
+#include <QByteArray>
 #include <QJsonObject>
 #include <QRect>
 #include <QSize>
+#include <QString>
 
 namespace host {
+
+/// What parseObject() makes of a text.
+struct JsonObject {
+    QJsonObject object;
+    QString fault; ///< what is wrong with the text; empty: nothing
+};
+
+/// Reads a text that is one JSON object. An object that has a key twice is refused: readers differ in which value they take.
+JsonObject parseObject(const QByteArray& text);
 
 /// {"width", "height"}
 QJsonObject jsonOf(const QSize& size);

@@ -15,6 +15,9 @@ struct BatchArguments {
     bool mayLeave = false; ///< outputs that the list names may lie outside the current folder
     std::string shard; ///< empty: all of the list
     std::string resume; ///< empty: records go to standard output
+    std::string retry = "outside";
+    bool checksum = false; ///< know files by their content, not by their time
+    std::string timings; ///< empty: nobody wants to know
     int jobs = 0; ///< 0: one for each core
     bool quiet = false;
     CropOptions crop;
@@ -26,8 +29,7 @@ void addBatchCommand(CLI::App& app, BatchArguments& arguments, host::ExitCode& e
 
 /// Crops the pictures of a folder or a list on all cores, and writes one record of JSON for each, in
 /// the order of the list. Failures of single pictures are in their records.
-/// \throws host::HostError when the command line is wrong, there is no picture, or the records cannot
-/// be written.
+/// \throws host::HostError when the command line is wrong, the list cannot be read, or the records cannot be written.
 host::ExitCode runBatch(const BatchArguments& arguments);
 
 } // namespace vxroi

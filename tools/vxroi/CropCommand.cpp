@@ -69,14 +69,18 @@ host::ExitCode runCrop(const CropArguments& arguments)
         throw host::HostError(ExitCode::Usage, QStringLiteral("--output -"),
             QStringLiteral("standard output is for the record"),
             QStringLiteral("name a file, or leave --json out"));
-    TaskPlan plan(arguments.crop);
+    const TaskPlan plan(arguments.crop, arguments.analysis);
+    plan.requireShapes();
+    OutputClaims claims;
     host::Cropper cropper(arguments.crop.rules(arguments.analysis), arguments.analysis.maxPixels);
     const bool isOnlyPicture = arguments.pictures.size() == 1;
     const bool isOnlyLine = isOnlyPicture && plan.shapes().size() == 1;
     startWorkerThreads();
     bool hasFailed = false;
     for (const std::string& picture : arguments.pictures) {
-        const CropRecord record = plan.crop(cropper, { pathFrom(picture) });
+        PlannedTask planned = plan.plan({ pathFrom(picture) });
+        claims.claim(planned);
+        const CropRecord record = cropper.crop(planned.task);
         if (arguments.json || !(record.failure || isStreamTaken))
             print(record, arguments, isOnlyLine);
         if (record.failure && isOnlyPicture)

@@ -2,10 +2,10 @@
 
 #include "Options.h"
 #include "host/FileName.h"
+#include "host/Json.h"
 #include "host/OutputFile.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
 
@@ -118,30 +118,39 @@ void fill(Input& input, const QJsonObject& object)
         input.output = fileCalled(stringOf(object.value(outKey), outKey));
 }
 
-} // namespace
-
-Input inputFromPath(const QByteArray& line, qint64 lineNumber)
+Input inputFromPath(const QByteArray& path)
 {
-    Input input { fileCalled(host::textOfName(line)) };
-    if (line.contains('\0')) {
-        input.path = QStringLiteral("(line %1)").arg(lineNumber);
-        input.failure = HostError(ExitCode::Usage, input.path,
+    if (path.contains('\0'))
+        throw HostError(ExitCode::Usage, wholeLine,
             QStringLiteral("holds characters that no name has"),
             QStringLiteral("end paths in a newline, or in NUL with -0"));
-    }
-    return input;
+    return { fileCalled(host::textOfName(path)) };
 }
 
-Input inputFromJson(const QByteArray& line, qint64 lineNumber)
+void fillFromJson(Input& input, const QByteArray& line)
 {
-    Input input { QStringLiteral("(line %1)").arg(lineNumber) };
+    const host::JsonObject parsed = host::parseObject(line);
+    if (!parsed.fault.isEmpty())
+        refuse(parsed.fault);
+    input.path = fileCalled(stringOf(parsed.object.value(pathKey), pathKey));
+    fill(input, parsed.object);
+    QJsonObject own = parsed.object;
+    own.remove(pathKey);
+    if (!own.isEmpty())
+        input.request = hashOf(own);
+}
+
+} // namespace
+
+Input inputFrom(const ListEntry& entry, bool isJsonAllowed)
+{
+    Input input { QStringLiteral("(line %1)").arg(entry.number) };
     try {
-        QJsonParseError error {};
-        const QJsonDocument document = QJsonDocument::fromJson(line, &error);
-        if (!document.isObject())
-            refuse(QStringLiteral("not JSON: %1").arg(error.errorString()));
-        input.path = fileCalled(stringOf(document.object().value(pathKey), pathKey));
-        fill(input, document.object());
+        if (entry.isTooLong)
+            refuse(QStringLiteral("has more than %1 bytes").arg(ListReader::mostBytes));
+        if (!isJsonAllowed || !entry.bytes.startsWith('{'))
+            return inputFromPath(entry.bytes);
+        fillFromJson(input, entry.bytes);
     } catch (const HostError& error) {
         // What is wrong with an option is as wrong in a line.
         const bool isOfLine = error.subject() == wholeLine;

@@ -12,7 +12,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 
 namespace vxroi {
@@ -63,17 +62,6 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
     return outputs;
 }
 
-std::FILE* openList(const QString& path)
-{
-    if (path == QLatin1String("-"))
-        return stdin;
-    std::FILE* const file = std::fopen(QFile::encodeName(path).constData(), "re");
-    if (file == nullptr)
-        throw HostError(ExitCode::MissingInput, path, QStringLiteral("cannot be opened"),
-            QStringLiteral("name a list of pictures, or - for standard input"));
-    return file;
-}
-
 } // namespace
 
 QStringList picturesIn(const QString& folder, bool isRecursive)
@@ -86,6 +74,7 @@ QStringList picturesIn(const QString& folder, bool isRecursive)
 
 FolderInputs::FolderInputs(
     const QString& folder, bool isRecursive, const Shard& shard, const CropOptions& options)
+    : root(folder)
 {
     if (!QFileInfo(folder).isDir())
         throw HostError(ExitCode::MissingInput, folder, QStringLiteral("is no folder"),
@@ -106,61 +95,24 @@ std::optional<Input> FolderInputs::next()
     return Input { paths.at(nextIndex++) };
 }
 
-void ListedInputs::Closer::operator()(std::FILE* file) const
-{
-    if (file != stdin)
-        static_cast<void>(std::fclose(file)); // it was only read
-}
-
 ListedInputs::ListedInputs(const QString& path, bool isNulSeparated, const Shard& part)
-    : name(path)
-    , list(openList(path))
-    , separator(isNulSeparated ? '\0' : '\n')
+    : isJsonAllowed(!isNulSeparated)
+    , list(path, isNulSeparated ? '\0' : '\n')
     , shard(part)
 {
 }
 
 std::optional<Input> ListedInputs::next()
 {
-    while (const std::optional<QByteArray> entry = nextEntry()) {
-        if (entry->isEmpty())
+    while (const std::optional<ListEntry> entry = list.next()) {
+        if (entry->bytes.isEmpty() && !entry->isTooLong)
             continue;
-        const bool isJson = separator == '\n' && entry->startsWith('{');
-        const Input input
-            = isJson ? inputFromJson(*entry, entryNumber) : inputFromPath(*entry, entryNumber);
+        Input input = inputFrom(*entry, isJsonAllowed);
+        input.place = list.placeOf(*entry);
         if (shard.contains(input.path))
             return input;
     }
     return std::nullopt;
-}
-
-std::optional<QByteArray> ListedInputs::nextEntry()
-{
-    constexpr int mostBytes = 1 << 20;
-    QByteArray entry;
-    int byte = std::fgetc(list.get());
-    if (byte != EOF)
-        ++entryNumber;
-    const bool hasBegun = byte != EOF;
-    for (; byte != EOF && byte != separator; byte = std::fgetc(list.get())) {
-        entry.append(static_cast<char>(byte));
-        if (entry.size() > mostBytes)
-            throwBadList(QStringLiteral("entry %1 does not end").arg(entryNumber));
-    }
-    // A signal that asks for the end interrupts reading, which is no fault of the list.
-    if (std::ferror(list.get()) != 0 && errno != EINTR)
-        throwBadList(qt_error_string(errno));
-    if (!hasBegun || std::ferror(list.get()) != 0)
-        return std::nullopt;
-    if (separator == '\n' && entry.endsWith('\r'))
-        entry.chop(1);
-    return entry;
-}
-
-void ListedInputs::throwBadList(const QString& reason) const
-{
-    throw HostError(ExitCode::UnreadableInput, name, reason,
-        QStringLiteral("give a list of pictures, one on each line, or NUL-terminated with -0"));
 }
 
 } // namespace vxroi

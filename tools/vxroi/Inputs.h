@@ -1,13 +1,12 @@
 #pragma once
 
+#include "ListReader.h"
 #include "Shard.h"
 #include "Tasks.h"
 
 #include <QStringList>
 
-#include <cstdio>
-#include <memory>
-#include <string>
+#include <optional>
 
 namespace vxroi {
 
@@ -19,11 +18,19 @@ public:
     Inputs& operator=(const Inputs&) = delete;
     virtual ~Inputs() = default;
 
-    /// The next input, or none at the end.
+    /// The next input; none when there is none yet, or at the end.
     virtual std::optional<Input> next() = 0;
+
+    virtual bool isAtEnd() const = 0;
+
+    /// The descriptor to wait for when there is no next input yet.
+    virtual int descriptor() const = 0;
 
     /// How many there are in all; -1 when that is not known beforehand.
     virtual qint64 count() const = 0;
+
+    /// Where they come from.
+    virtual QString name() const = 0;
 };
 
 /// The pictures in a folder, in the order of their names' code points; hidden files are left out, and
@@ -41,9 +48,13 @@ public:
         const QString& folder, bool isRecursive, const Shard& shard, const CropOptions& options);
 
     std::optional<Input> next() override;
+    bool isAtEnd() const override { return nextIndex == paths.size(); }
+    int descriptor() const override { return -1; }
     qint64 count() const override { return paths.size(); }
+    QString name() const override { return root; }
 
 private:
+    QString root;
     QStringList paths;
     int nextIndex = 0;
 };
@@ -57,20 +68,15 @@ public:
     ListedInputs(const QString& path, bool isNulSeparated, const Shard& part);
 
     std::optional<Input> next() override;
+    bool isAtEnd() const override { return list.isAtEnd(); }
+    int descriptor() const override { return list.descriptor(); }
     qint64 count() const override { return -1; }
+    QString name() const override { return list.name(); }
 
 private:
-    std::optional<QByteArray> nextEntry();
-    [[noreturn]] void throwBadList(const QString& reason) const;
-
-    struct Closer {
-        void operator()(std::FILE* file) const;
-    };
-    QString name;
-    std::unique_ptr<std::FILE, Closer> list;
-    char separator;
+    bool isJsonAllowed;
+    ListReader list;
     Shard shard;
-    qint64 entryNumber = 0;
 };
 
 } // namespace vxroi

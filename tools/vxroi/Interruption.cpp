@@ -1,5 +1,6 @@
 #include "Interruption.h"
 
+#include "Wakeup.h"
 #include "host/HostError.h"
 #include "host/StandardError.h"
 
@@ -15,10 +16,14 @@ namespace {
 
 constexpr std::array<int, 3> signals { SIGINT, SIGTERM, SIGHUP };
 
-// A signal handler is a plain function, so what it sets lies beside the object.
-// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+// A signal handler is a plain function, so what it uses lies beside the object.
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
 std::atomic<bool> hasArrived { false };
-static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not wait");
+std::atomic<const Wakeup*> waiting { nullptr };
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
+static_assert(
+    std::atomic<bool>::is_always_lock_free && std::atomic<const Wakeup*>::is_always_lock_free,
+    "a signal handler must not wait");
 
 void endAtOnce(int /*signal*/)
 {
@@ -33,12 +38,12 @@ void request(int signal)
 {
     if (hasArrived.exchange(true))
         endAtOnce(signal);
+    waiting.load()->notify();
 }
 
 void handleBy(void (*handler)(int))
 {
     struct sigaction action = {};
-    // No SA_RESTART: the main thread may be waiting for a list that never ends.
     action.sa_handler = handler; // NOLINT(cppcoreguidelines-pro-type-union-access): the system's
     for (const int signal : signals)
         sigaction(signal, &action, nullptr);
@@ -53,9 +58,10 @@ void endAtOnceOnSignals()
         static_cast<void>(std::signal(signal, SIG_IGN));
 }
 
-Interruption::Interruption()
+Interruption::Interruption(const Wakeup& wakeup)
 {
     hasArrived = false;
+    waiting = &wakeup;
     handleBy(request);
 }
 

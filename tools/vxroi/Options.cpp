@@ -7,6 +7,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QCryptographicHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+
 namespace vxroi {
 
 namespace {
@@ -37,6 +41,14 @@ QColor colourCalled(const QString& name)
     constexpr int withOpacity = 9; // "#rrggbbaa"
     const bool isReordered = name.startsWith(QLatin1Char('#')) && name.size() == withOpacity;
     return QColor(isReordered ? QLatin1Char('#') + name.right(2) + name.mid(1, 6) : name);
+}
+
+QJsonArray jsonOf(const std::vector<std::string>& texts)
+{
+    QJsonArray array;
+    for (const std::string& text : texts)
+        array.append(QString::fromStdString(text));
+    return array;
 }
 
 CLI::Range atLeastOne() { return { qint64 { 1 }, qint64 { 1'000'000'000'000 } }; }
@@ -145,6 +157,17 @@ host::WritingRules WritingOptions::rules() const
     return rules;
 }
 
+QJsonObject WritingOptions::toJson() const
+{
+    return { { QStringLiteral("format"), QString::fromStdString(format) },
+        { QStringLiteral("quality"), quality },
+        { QStringLiteral("chroma"), QString::fromStdString(chroma) },
+        { QStringLiteral("progressive"), progressive },
+        { QStringLiteral("metadata"), QString::fromStdString(metadata) },
+        { QStringLiteral("toSrgb"), toSrgb },
+        { QStringLiteral("background"), QString::fromStdString(background) } };
+}
+
 void CropOptions::addTo(CLI::App& command)
 {
     command.add_option("--ratio", ratios, "shapes of the crop, such as 16:9, 1.91 or 1:1,4:5")
@@ -232,6 +255,36 @@ host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
     rules.isDryRun = dryRun;
     rules.makesFolders = host::OutputName(pathFrom(output)).hasPlaces();
     return rules;
+}
+
+QString CropOptions::request(const AnalysisOptions& analysis) const
+{
+    QJsonObject wanted = writing.toJson();
+    QJsonArray shapeNames;
+    const QVector<host::CropShape> wantedShapes = shapes();
+    for (const host::CropShape& shape : wantedShapes)
+        shapeNames.append(shape.name);
+    wanted.insert(QStringLiteral("shapes"), shapeNames);
+    wanted.insert(QStringLiteral("sizes"), jsonOf(sizes));
+    wanted.insert(QStringLiteral("output"), pathFrom(output));
+    wanted.insert(QStringLiteral("keep"), jsonOf(keep));
+    wanted.insert(QStringLiteral("avoid"), jsonOf(avoid));
+    wanted.insert(QStringLiteral("focus"), QString::fromStdString(focus));
+    wanted.insert(QStringLiteral("map"), pathFrom(map));
+    wanted.insert(QStringLiteral("fit"), QString::fromStdString(upscale ? "upscale" : fit));
+    wanted.insert(QStringLiteral("frames"), QString::fromStdString(frames));
+    wanted.insert(QStringLiteral("dryRun"), dryRun);
+    wanted.insert(QStringLiteral("salience"), host::textOf(analysis.rules().salience));
+    wanted.insert(QStringLiteral("onBroken"), QString::fromStdString(analysis.onBroken));
+    return hashOf(wanted);
+}
+
+QString hashOf(const QJsonObject& object)
+{
+    constexpr int digits = 16;
+    const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    return QString::fromLatin1(
+        QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(digits));
 }
 
 QString pathFrom(const std::string& argument)

@@ -3,6 +3,8 @@
 #include "host/CropShape.h"
 #include "host/Cropper.h"
 
+#include <QJsonObject>
+
 #include <string>
 #include <vector>
 
@@ -43,6 +45,9 @@ struct WritingOptions {
 
     /// \throws host::HostError when one of them is wrong.
     host::WritingRules rules() const;
+
+    /// All of them.
+    QJsonObject toJson() const;
 };
 
 /// The options of what is cropped and where it goes, as given.
@@ -67,7 +72,14 @@ struct CropOptions {
     QVector<host::CropShape> shapes() const;
     host::Constraints constraints() const;
     host::CropRules rules(const AnalysisOptions& analysis) const;
+
+    /// A hash of what decides which crops a picture gets: all options but limits and those of single runs, such as
+    /// --if-exists.
+    QString request(const AnalysisOptions& analysis) const;
 };
+
+/// A hash of what \a object holds, 16 hexadecimal digits.
+QString hashOf(const QJsonObject& object);
 
 /// A path as it is given on a command line.
 QString pathFrom(const std::string& argument);

@@ -2,8 +2,10 @@
 
 #include "WorkerThreads.h"
 
+#include <QSemaphore>
 #include <QThreadPool>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <future>
@@ -20,18 +22,17 @@ namespace vxroi {
 template <typename Result> class OrderedWork {
 public:
     /// \param workers how many run at a time, at least 1.
-    explicit OrderedWork(int workers)
+    /// \param onDone called when a task has ended, by its thread.
+    explicit OrderedWork(
+        int workers, std::function<void()> onDone = [] {})
         : mostBegun(static_cast<std::size_t>(workers) * begunPerWorker)
+        , announce(std::move(onDone))
     {
         startWorkerThreads(workers);
     }
 
     /// Waits for what has begun. (The pool's own waiting would end its threads.)
-    ~OrderedWork()
-    {
-        for (const std::future<Result>& result : results)
-            result.wait();
-    }
+    ~OrderedWork() { ended->acquire(begunCount); }
     OrderedWork(const OrderedWork&) = delete;
     OrderedWork& operator=(const OrderedWork&) = delete;
 
@@ -40,11 +41,22 @@ public:
     /// Whether a result should be taken before more is begun.
     bool isFull() const { return results.size() >= mostBegun; }
 
+    /// Whether the result of the task that was begun first can be taken without waiting. \pre !isEmpty()
+    bool isFirstDone() const
+    {
+        return results.front().wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    }
+
     void begin(std::function<Result()> task)
     {
         const auto packaged = std::make_shared<std::packaged_task<Result()>>(std::move(task));
         results.push_back(packaged->get_future());
-        QThreadPool::globalInstance()->start([packaged] { (*packaged)(); });
+        ++begunCount;
+        QThreadPool::globalInstance()->start([packaged, announce = announce, ended = ended] {
+            (*packaged)();
+            announce();
+            ended->release();
+        });
     }
 
     /// Waits for the result of the task that was begun first, and takes it. \pre !isEmpty()
@@ -60,6 +72,9 @@ private:
     static constexpr std::size_t begunPerWorker = 4;
 
     std::size_t mostBegun;
+    std::function<void()> announce;
+    int begunCount = 0;
+    std::shared_ptr<QSemaphore> ended = std::make_shared<QSemaphore>();
     std::deque<std::future<Result>> results;
 };
 

@@ -2,8 +2,11 @@
 
 #include "host/StandardError.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <unistd.h>
 
 namespace vxroi {
@@ -32,35 +35,45 @@ Progress::Progress(qint64 pictureTotal, bool quiet)
     sinceShown.start();
 }
 
-void Progress::addKept(bool hasFailed)
+void Progress::add(Outcome outcome, const std::string& problem)
 {
-    ++keptCount;
-    ++doneCount;
-    failedCount += hasFailed ? 1 : 0;
-}
-
-void Progress::addDone(const std::string& problem)
-{
-    ++doneCount;
-    failedCount += problem.empty() ? 0 : 1;
-    if (isQuiet)
-        return;
+    ++counts[static_cast<std::size_t>(outcome)];
     if (!problem.empty())
-        host::writeError((isTerminal ? clearLine : "") + problem);
-    if (sinceShown.elapsed() >= (isTerminal ? barMilliseconds : lineMilliseconds))
+        say(problem);
+    if (!isQuiet && sinceShown.elapsed() >= (isTerminal ? barMilliseconds : lineMilliseconds))
         show();
 }
 
-void Progress::finish()
+void Progress::say(const std::string& line) const
 {
-    if (isQuiet)
-        return;
-    const QString summary
-        = QStringLiteral("vxroi: %1 done, %2 failed, in %3\n")
-              .arg(doneCount)
-              .arg(failedCount)
-              .arg(minutesAndSeconds(static_cast<double>(sinceStart.elapsed()) / 1000));
-    host::writeError((isTerminal ? clearLine : "") + summary.toStdString());
+    if (!isQuiet)
+        host::writeError((isTerminal ? clearLine : "") + line);
+}
+
+qint64 Progress::count() const
+{
+    return std::accumulate(counts.begin(), counts.end(), qint64 { 0 });
+}
+
+void Progress::finish(qint64 dropped)
+{
+    const bool isResumed = dropped >= 0;
+    QStringList parts;
+    const auto add = [&parts](qint64 number, const char* what) {
+        parts.append(QStringLiteral("%1 %2").arg(number).arg(QLatin1String(what)));
+    };
+    if (isResumed)
+        add(count(Outcome::Kept), "kept");
+    add(count(Outcome::Done), "done");
+    if (isResumed)
+        add(count(Outcome::Retried), "retried");
+    add(count(Outcome::Failed), "failed");
+    if (isResumed)
+        add(dropped, "dropped");
+    const QString time = minutesAndSeconds(static_cast<double>(sinceStart.elapsed()) / 1000);
+    say(QStringLiteral("vxroi: %1, in %2\n")
+            .arg(parts.join(QStringLiteral(", ")), time)
+            .toStdString());
 }
 
 void Progress::show()
@@ -73,21 +86,21 @@ void Progress::show()
 QString Progress::state() const
 {
     const double seconds = static_cast<double>(std::max<qint64>(sinceStart.elapsed(), 1)) / 1000;
-    const double rate = static_cast<double>(doneCount - keptCount) / seconds;
-    QString text = total < 0 ? QString::number(doneCount)
-                             : QStringLiteral("%1 of %2").arg(doneCount).arg(total);
+    const double rate = static_cast<double>(count() - count(Outcome::Kept)) / seconds;
+    QString text
+        = total < 0 ? QString::number(count()) : QStringLiteral("%1 of %2").arg(count()).arg(total);
     text += QStringLiteral(", %1 a second").arg(rate, 0, 'f', 1);
     if (total >= 0 && rate > 0)
         text += QStringLiteral(", %1 left")
-                    .arg(minutesAndSeconds(static_cast<double>(total - doneCount) / rate));
-    return text + QStringLiteral(", %1 failed").arg(failedCount);
+                    .arg(minutesAndSeconds(static_cast<double>(total - count()) / rate));
+    return text + QStringLiteral(", %1 failed").arg(count(Outcome::Failed));
 }
 
 QString Progress::bar() const
 {
     if (total <= 0)
         return QString();
-    const auto filled = static_cast<int>(doneCount * barCells / total);
+    const auto filled = static_cast<int>(count() * barCells / total);
     return QStringLiteral("[%1%2] ").arg(
         QString(filled, QLatin1Char('#')), QString(barCells - filled, QLatin1Char('-')));
 }

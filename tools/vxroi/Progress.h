@@ -3,9 +3,18 @@
 #include <QElapsedTimer>
 #include <QString>
 
+#include <array>
 #include <string>
 
 namespace vxroi {
+
+/// What became of an input.
+enum class Outcome {
+    Kept, ///< the record of an earlier run stands
+    Done,
+    Retried, ///< it had failed, and has not now
+    Failed, ///< now, or in an earlier run whose record stands
+};
 
 /// Says on stderr how far a batch has come: a bar on a terminal, a line now and then elsewhere.
 class Progress {
@@ -14,18 +23,19 @@ public:
     /// \param isQuiet say nothing at all.
     Progress(qint64 total, bool isQuiet);
 
-    /// A picture that an earlier run is done with.
-    void addKept(bool hasFailed);
-
-    /// A picture that is done now.
-    /// \param problem what went wrong; empty when nothing did.
-    void addDone(const std::string& problem);
+    /// A picture that is done.
+    /// \param problem what went wrong now; empty when nothing did.
+    void add(Outcome outcome, const std::string& problem = {});
 
     /// Takes the bar away and sums up.
-    void finish();
+    /// \param dropped how many records of inputs are gone that are no longer on the list; -1 where none is resumed.
+    void finish(qint64 dropped);
 
-    qint64 done() const { return doneCount; }
-    qint64 failed() const { return failedCount; }
+    /// Says one line, unless it is to be quiet.
+    void say(const std::string& line) const;
+
+    qint64 count() const;
+    qint64 count(Outcome outcome) const { return counts[static_cast<std::size_t>(outcome)]; }
 
 private:
     QString state() const;
@@ -35,9 +45,7 @@ private:
     qint64 total;
     bool isQuiet;
     bool isTerminal;
-    qint64 keptCount = 0;
-    qint64 doneCount = 0;
-    qint64 failedCount = 0;
+    std::array<qint64, 4> counts {}; ///< of each Outcome
     QElapsedTimer sinceStart;
     QElapsedTimer sinceShown;
 };

@@ -1,11 +1,15 @@
 #include "RecordFile.h"
 
 #include "host/HostError.h"
+#include "host/OutputFile.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <QFileInfo>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace vxroi {
 
@@ -14,22 +18,19 @@ using host::HostError;
 
 namespace {
 
-constexpr QLatin1String pathKey("path", 4);
-constexpr QLatin1String statusKey("status", 6);
-
-bool isRecord(const QByteArray& line)
+void open(QFile& file)
 {
-    const QJsonObject object = QJsonDocument::fromJson(line).object();
-    return object.contains(pathKey) && object.contains(statusKey);
-}
-
-// Whether \a line may be what was written of a record before the program was killed.
-bool mayBeginRecord(const QByteArray& line)
-{
-    const auto fits = [&line](const QByteArray& begin) {
-        return line.startsWith(begin) || begin.startsWith(line);
-    };
-    return fits(R"({"crops":[{"centreSalience":)") || fits(R"({"error":{"code":)");
+    const QString path = file.fileName();
+    const QFileInfo info(path);
+    if ((info.exists() && !info.isFile()) || !file.open(QIODevice::ReadWrite))
+        throw HostError(ExitCode::CannotCreate, path,
+            file.error() == QFileDevice::NoError ? QStringLiteral("is not a file")
+                                                 : file.errorString(),
+            QStringLiteral("choose a folder that exists and can be written to"));
+    // Where the file system has no locks, there is nothing to go by.
+    if (flock(file.handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("is in use by another run"),
+            QStringLiteral("wait until that has ended, or name another file"));
 }
 
 } // namespace
@@ -41,45 +42,61 @@ RecordFile::RecordFile(const QString& path)
         file.open(stdout, QIODevice::WriteOnly | QIODevice::Unbuffered);
         return;
     }
-    if (!file.open(QIODevice::ReadWrite))
-        throw HostError(ExitCode::CannotCreate, path, file.errorString(),
-            QStringLiteral("choose a folder that exists and can be written to"));
-    while (!file.atEnd()) {
-        const QByteArray line = file.readLine();
-        const bool isWhole = line.endsWith('\n');
-        if (isWhole ? !isRecord(line) : !mayBeginRecord(line))
-            throw HostError(ExitCode::Usage, path,
-                QStringLiteral("holds something else than records"),
-                QStringLiteral("name a file of records, or one that is not there yet"));
-        if (isWhole)
-            keptEnd = file.pos();
-    }
-    if (!file.resize(keptEnd) || !file.seek(0))
-        throw HostError(ExitCode::WriteFailed, path, file.errorString(),
-            QStringLiteral("check its permissions"));
-}
-
-bool RecordFile::takeKept(const QString& path, bool& hasFailed)
-{
-    if (file.pos() >= keptEnd)
-        return false;
-    const QJsonObject record = QJsonDocument::fromJson(file.readLine()).object();
-    if (record.value(pathKey).toString() != path)
-        throw HostError(ExitCode::Usage, file.fileName(),
-            QStringLiteral("holds records of other pictures, before that of %1").arg(path),
-            QStringLiteral("resume with the list it was begun with, or name a new file"));
-    hasFailed = record.value(statusKey).toString() != QLatin1String("ok");
-    return true;
+    open(file);
+    earlierRecords.emplace(file);
+    file.seek(file.size());
 }
 
 void RecordFile::write(const QByteArray& record)
 {
     const QByteArray line = record + '\n';
-    if (file.write(line) != line.size() || !file.flush())
+    const qint64 offset = earlierRecords ? file.size() : 0;
+    requireWritten(file.write(line) == line.size() && file.flush());
+    if (earlierRecords)
+        keep({ offset, line.size() });
+}
+
+void RecordFile::requireWritten(bool isWritten) const
+{
+    if (!isWritten)
         throw HostError(ExitCode::WriteFailed,
             file.fileName().isEmpty() ? QStringLiteral("standard output") : file.fileName(),
             QStringLiteral("cannot be written"),
             QStringLiteral("make room, and go on with --resume"));
+}
+
+void RecordFile::keep(const RecordPlace& record)
+{
+    const bool isNext = !parts.empty() && parts.back().offset + parts.back().size == record.offset;
+    if (isNext)
+        parts.back().size += record.size;
+    else
+        parts.push_back(record);
+}
+
+bool RecordFile::isInOrder() const
+{
+    if (parts.empty())
+        return file.size() == 0;
+    return parts.size() == 1 && parts.front().offset == 0 && parts.front().size == file.size();
+}
+
+void RecordFile::finish()
+{
+    constexpr qint64 mostAtOnce = 1 << 20;
+    if (!earlierRecords)
+        return;
+    if (isInOrder()) {
+        requireWritten(fsync(file.handle()) == 0);
+        return;
+    }
+    host::OutputFile ordered(file.fileName());
+    for (const RecordPlace& part : parts) {
+        file.seek(part.offset);
+        for (qint64 left = part.size; left > 0; left -= mostAtOnce)
+            ordered.write(file.read(std::min(left, mostAtOnce)));
+    }
+    ordered.commit(true);
 }
 
 } // namespace vxroi

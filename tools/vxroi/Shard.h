@@ -17,7 +17,8 @@ struct Shard {
 };
 
 /// Reads a part such as "2/8"; "auto" takes it from the variables of the array job that this process
-/// belongs to: SLURM, Grid Engine, AWS Batch or GitLab CI. No text is the whole list.
+/// belongs to: Slurm, Grid Engine, AWS Batch, GitLab CI, Cloud Run or LSF. "auto/8" takes only which part it is from there, as
+/// indexed jobs of Kubernetes and arrays of PBS do not tell how many they are. No text is the whole list.
 /// \throws host::HostError when \a text is anything else, or there are no such variables.
 Shard parseShard(const std::string& text);
 

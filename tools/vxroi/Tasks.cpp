@@ -1,5 +1,7 @@
 #include "Tasks.h"
 
+#include <algorithm>
+
 namespace vxroi {
 
 using host::ExitCode;
@@ -14,50 +16,64 @@ void requireWithin(const QString& folder, const QString& output, const QString& 
             QStringLiteral("leads out of the folder %1").arg(folder), remedy);
 }
 
+HostError namedTwice(const QString& output)
+{
+    return HostError(ExitCode::Usage, output, QStringLiteral("named for two outputs"),
+        QStringLiteral("tell them apart with {dir}, {stem} and {ratio}"));
+}
+
 } // namespace
 
-TaskPlan::TaskPlan(const CropOptions& options, bool needsShapes, bool mayListsLeave)
+TaskPlan::TaskPlan(const CropOptions& options, const AnalysisOptions& analysis, bool mayListsLeave)
     : commonShapes(options.shapes())
     , commonConstraints(options.constraints())
     , suffix(QString::fromStdString(options.writing.format))
+    , request(options.request(analysis))
     , areListsConfined(!mayListsLeave)
 {
     if (!options.output.empty())
         commonOutput = host::OutputName(pathFrom(options.output));
     if (!options.map.empty())
         commonMap = host::OutputName(pathFrom(options.map), host::OutputName::Of::Picture);
-    if (needsShapes && commonShapes.isEmpty())
+}
+
+void TaskPlan::requireShapes() const
+{
+    if (commonShapes.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
             QStringLiteral("no shape is named"),
             QStringLiteral("add --ratio 16:9 or --size 1200x630; see vxroi --help"));
 }
 
-host::CropTask TaskPlan::plan(const Input& input)
+PlannedTask TaskPlan::plan(const Input& input) const
 {
-    host::CropTask task;
+    PlannedTask planned;
+    planned.place = input.place;
+    host::CropTask& task = planned.task;
     task.path = input.path;
     task.shapes = input.shapes.isEmpty() ? commonShapes : input.shapes;
     task.constraints = input.constraints.value_or(commonConstraints);
     task.map = commonMap && input.map.isEmpty() ? commonMap->nameFor(input.path, {}) : input.map;
+    task.request = { request, input.request };
     task.failure = input.failure;
     try {
         if (!input.failure && task.shapes.isEmpty())
             throw HostError(ExitCode::Usage, input.path, QStringLiteral("no shape is named"),
                 QStringLiteral("add --ratio or --size, or \"ratios\" to its line"));
-        addOutputs(input, task);
+        addOutputs(input, planned);
     } catch (const HostError& error) {
         task.failure = error;
     }
-    return task;
+    return planned;
 }
 
-void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
+void TaskPlan::addOutputs(const Input& input, PlannedTask& planned) const
 {
     const bool hasOwn = !input.output.isEmpty();
     if (!hasOwn && !commonOutput)
         return;
     const host::OutputName name = hasOwn ? host::OutputName(input.output) : *commonOutput;
-    for (const host::CropShape& shape : task.shapes) {
+    for (const host::CropShape& shape : planned.task.shapes) {
         QString output = name.nameFor(input.path, shape, suffix);
         if (name.hasPlaces() && host::isStandardStream(output))
             output.prepend(QStringLiteral("./"));
@@ -68,17 +84,33 @@ void TaskPlan::addOutputs(const Input& input, host::CropTask& task)
             requireWithin(QStringLiteral("."), output,
                 QStringLiteral("name a file within it, or allow more with --allow-outside"));
         const QString file = host::canonicalPathOf(output);
-        if (usedOutputs.contains(file))
-            throw HostError(ExitCode::Usage, output, QStringLiteral("named for two outputs"),
-                QStringLiteral("tell them apart with {dir}, {stem} and {ratio}"));
-        task.outputs.append(output);
-        usedOutputs.insert(file);
+        if (planned.files.contains(file))
+            throw namedTwice(output);
+        planned.task.outputs.append(output);
+        planned.files.append(file);
     }
 }
 
-host::CropRecord TaskPlan::crop(host::Cropper& cropper, const Input& input)
+void OutputClaims::claim(PlannedTask& planned)
 {
-    return cropper.crop(plan(input));
+    for (int i = 0; i < planned.files.size(); ++i) {
+        if (claimed.contains(planned.files.at(i)))
+            planned.task.failure = namedTwice(planned.task.outputs.at(i));
+    }
+    for (const QString& file : planned.files)
+        claimed.insert(file);
+}
+
+bool OutputClaims::areFree(const PlannedTask& planned) const
+{
+    return std::none_of(planned.files.begin(), planned.files.end(),
+        [this](const QString& file) { return claimed.contains(file); });
+}
+
+void OutputClaims::release(const QStringList& files)
+{
+    for (const QString& file : files)
+        claimed.remove(file);
 }
 
 } // namespace vxroi

@@ -20,8 +20,7 @@ namespace {
 
 [[noreturn]] void throwTooLarge(const QString& path, qint64 mostBytes)
 {
-    throw HostError(ExitCode::UnreadableInput, path,
-        QStringLiteral("the file has more than %1 bytes").arg(mostBytes),
+    throw unreadableForNow(path, QStringLiteral("the file has more than %1 bytes").arg(mostBytes),
         QStringLiteral("allow more with --max-bytes"));
 }
 
@@ -43,7 +42,7 @@ std::unique_ptr<QIODevice> contentOfPipe(
     while (content->size() <= mostBytes) {
         pollfd waiting { descriptor, POLLIN, 0 };
         if (poll(&waiting, 1, mostSeconds * 1000) <= 0)
-            throw HostError(ExitCode::UnreadableInput, path,
+            throw unreadableForNow(path,
                 QStringLiteral("nothing was written to the pipe for %1 seconds").arg(mostSeconds),
                 QStringLiteral("check the program that writes to it"));
         const QByteArray part = pipe.read(1 << 20);

@@ -31,6 +31,8 @@ public:
         const WritingRules& rules = {}, const Deadline& deadline = Deadline::never());
     PictureWriter(const QImage& picture, const QString& path);
 
+    const QString& path() const { return file.path(); }
+
     /// The file of that name that is there already.
     enum class Existing { None, Same, Other };
 

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "BatchCommand.h"
+#include "Inputs.h"
+#include "OrderedWork.h"
+#include "OwnOutputs.h"
+#include "Progress.h"
+#include "RecordFile.h"
+#include "Resumption.h"
+#include "Tasks.h"
+#include "TimingsFile.h"
+#include "Wakeup.h"
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace vxroi {
+
+/// One run of `vxroi batch` over all its inputs. Pictures are cropped by the workers; all else is done by the thread that calls run(), in
+/// the order of the inputs.
+class Batch {
+public:
+    /// \throws host::HostError when the command line is wrong, or a file cannot be opened.
+    explicit Batch(const BatchArguments& arguments);
+
+    /// \throws host::HostError when the list cannot be read, the records cannot be written, or a signal asks for the end.
+    host::ExitCode run();
+
+private:
+    // What becomes of one input.
+    struct Answer {
+        QString path;
+        std::string problem = {}; ///< empty: none
+        Outcome outcome = Outcome::Done;
+        QByteArray record = {}; ///< empty: that of an earlier run stands
+        RecordPlace kept = {};
+        QStringList outputs = {}; ///< that its record names
+        double seconds = 0;
+    };
+
+    bool isResumed() const { return resumption.has_value(); }
+    host::CropRules rulesOf(const BatchArguments& arguments);
+    void step();
+    void begin(const Input& input);
+    Answer answer(const PlannedTask& planned);
+    void finishOne();
+    void finishRecords();
+    void sayWhatIsDamaged();
+    void sayHowItWent();
+
+    const Wakeup wakeup;
+    const std::unique_ptr<Inputs> inputs;
+    const TaskPlan plan;
+    OutputClaims claims;
+    RecordFile records;
+    OwnOutputs ownOutputs;
+    const host::CropRules rules;
+    host::Cropper cropper;
+    std::optional<Resumption> resumption;
+    std::optional<TimingsFile> timings;
+    Progress progress;
+    const bool
+        isEndless; ///< inputs come one after the other: outputs of the past are not remembered
+    bool wasCutShort = false; ///< an input was not begun: no record may follow
+    QSet<QString> namedOutputs; ///< by records that a later run may resume
+    std::deque<QStringList> filesInWork; ///< the outputs of what was begun and is not finished
+    OrderedWork<std::optional<Answer>> work;
+};
+
+} // namespace vxroi

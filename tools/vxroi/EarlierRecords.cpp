@@ -1,0 +1,167 @@
+#include "EarlierRecords.h"
+
+#include "host/FileName.h"
+#include "host/HostError.h"
+#include "host/Json.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <unistd.h>
+
+namespace vxroi {
+
+namespace {
+
+using host::ExitCode;
+using host::HostError;
+
+constexpr QLatin1String pathKey("path", 4);
+constexpr QLatin1String statusKey("status", 6);
+
+// Whether \a line may be what is left of a record: its first part, and zeros where the rest did not reach the disk.
+bool isDamagedRecord(const QByteArray& line)
+{
+    const int zeros = line.indexOf('\0');
+    const bool isCutShort = zeros != -1 || !line.endsWith('\n');
+    const QByteArray begin = zeros == -1 ? line : line.left(zeros);
+    const auto fits = [&begin](const QByteArray& ofRecord) {
+        return begin.startsWith(ofRecord) || ofRecord.startsWith(begin);
+    };
+    return isCutShort && (fits(R"({"crops":[)") || fits(R"({"error":{"code":)"));
+}
+
+} // namespace
+
+bool isRecord(const QJsonObject& object)
+{
+    return object.value(pathKey).isString() && object.value(statusKey).isString();
+}
+
+QStringList writtenOutputsOf(const QJsonObject& record)
+{
+    QStringList outputs;
+    const QJsonArray crops = record.value(QLatin1String("crops")).toArray();
+    for (const QJsonValue& crop : crops) {
+        const QJsonObject output = crop.toObject().value(QLatin1String("output")).toObject();
+        if (output.value(statusKey).toString() == QLatin1String("written"))
+            outputs.append(output.value(pathKey).toString());
+    }
+    return outputs;
+}
+
+std::size_t EarlierRecords::hashOf(const QString& text)
+{
+    return std::hash<std::string>()(host::bytesOfName(text).toStdString());
+}
+
+EarlierRecords::EarlierRecords(QFile& openFile)
+    : file(openFile)
+{
+    constexpr qint64 mostBytes = 1 << 24; // of a line; zeros may have no end
+    file.seek(0);
+    for (qint64 lineNumber = 1; !file.atEnd(); ++lineNumber) {
+        const qint64 offset = file.pos();
+        add(file.readLine(mostBytes), offset, lineNumber);
+    }
+    cutDamagedEnd();
+    const auto isBefore = [](const Entry& one, const Entry& other) {
+        return one.pathHash != other.pathHash ? one.pathHash < other.pathHash
+                                              : one.place.offset < other.place.offset;
+    };
+    std::sort(entries.begin(), entries.end(), isBefore);
+}
+
+void EarlierRecords::add(const QByteArray& line, qint64 offset, qint64 lineNumber)
+{
+    const QJsonObject object = host::parseObject(line).object;
+    if (line.endsWith('\n') && isRecord(object)) {
+        entries.push_back(
+            { hashOf(object.value(pathKey).toString()), { offset, line.size() }, false });
+        for (const QString& output : writtenOutputsOf(object))
+            outputHashes.insert(hashOf(output));
+    } else if (isDamagedRecord(line)) {
+        damaged += line.size();
+    } else {
+        throw HostError(ExitCode::Usage,
+            QStringLiteral("%1, line %2").arg(file.fileName()).arg(lineNumber),
+            QStringLiteral("is not a record"),
+            QStringLiteral("name a file of records, or one that does not exist yet"));
+    }
+}
+
+void EarlierRecords::cutDamagedEnd()
+{
+    const qint64 end
+        = entries.empty() ? 0 : entries.back().place.offset + entries.back().place.size;
+    if (file.error() != QFileDevice::NoError || (file.size() > end && !file.resize(end)))
+        throw HostError(ExitCode::WriteFailed, file.fileName(), file.errorString(),
+            QStringLiteral("check its permissions"));
+}
+
+QVector<EarlierRecord> EarlierRecords::of(const QString& path) const
+{
+    QVector<EarlierRecord> records;
+    const std::size_t hash = hashOf(path);
+    const auto isBelow
+        = [](const Entry& entry, std::size_t value) { return entry.pathHash < value; };
+    auto entry = std::lower_bound(entries.begin(), entries.end(), hash, isBelow);
+    for (; entry != entries.end() && entry->pathHash == hash; ++entry) {
+        const QJsonObject object = host::parseObject(lineAt(entry->place)).object;
+        if (object.value(pathKey).toString() == path)
+            records.prepend({ object, entry->place });
+    }
+    return records;
+}
+
+// Reads without a position in the file, which threads would share.
+QByteArray EarlierRecords::lineAt(const RecordPlace& place) const
+{
+    QByteArray line(static_cast<int>(place.size), '\0');
+    const ssize_t count
+        = pread(file.handle(), line.data(), static_cast<std::size_t>(line.size()), place.offset);
+    return count == line.size() ? line : QByteArray();
+}
+
+void EarlierRecords::see(const QString& path)
+{
+    const std::size_t hash = hashOf(path);
+    const auto isBelow
+        = [](const Entry& entry, std::size_t value) { return entry.pathHash < value; };
+    const auto entry = std::lower_bound(entries.begin(), entries.end(), hash, isBelow);
+    if (entry != entries.end() && entry->pathHash == hash)
+        entry->isSeen = true; // the first of its path stands for all
+}
+
+QStringList EarlierRecords::outputsOutside(std::vector<RecordPlace> parts) const
+{
+    const auto isBefore = [](const RecordPlace& one, const RecordPlace& other) {
+        return one.offset < other.offset;
+    };
+    std::sort(parts.begin(), parts.end(), isBefore);
+    QStringList outputs;
+    for (const Entry& entry : entries) {
+        const auto after = std::upper_bound(parts.begin(), parts.end(), entry.place, isBefore);
+        const bool isInside = after != parts.begin()
+            && entry.place.offset < std::prev(after)->offset + std::prev(after)->size;
+        if (!isInside)
+            outputs += writtenOutputsOf(host::parseObject(lineAt(entry.place)).object);
+    }
+    return outputs;
+}
+
+qint64 EarlierRecords::unseenCount() const
+{
+    qint64 count = 0;
+    for (auto entry = entries.begin(); entry != entries.end();) {
+        count += entry->isSeen ? 0 : 1;
+        const std::size_t hash = entry->pathHash;
+        entry = std::find_if(
+            entry, entries.end(), [hash](const Entry& other) { return other.pathHash != hash; });
+    }
+    return count;
+}
+
+} // namespace vxroi

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QFile>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <unordered_set>
+#include <vector>
+
+namespace vxroi {
+
+/// Where a record stands in its file, in bytes; its line has an end.
+struct RecordPlace {
+    qint64 offset = 0;
+    qint64 size = 0;
+};
+
+struct EarlierRecord {
+    QJsonObject object;
+    RecordPlace place;
+};
+
+/// The records that earlier runs have left in a file, by their inputs.
+class EarlierRecords {
+public:
+    /// Reads the file. Half a record and zeros, which a crash leaves, are passed over; at the end of the file they are cut
+    /// off.
+    /// \param openFile open for reading and writing; it must live longer.
+    /// \throws host::HostError when it holds anything else, or cannot be read or shortened.
+    explicit EarlierRecords(QFile& openFile);
+
+    /// Those of the input at \a path, the newest first. May be called in any thread.
+    QVector<EarlierRecord> of(const QString& path) const;
+
+    /// Notes that the input at \a path is still on the list.
+    void see(const QString& path);
+
+    /// Whether one of them names \a output as written. May be called in any thread.
+    bool nameOutput(const QString& output) const { return outputHashes.count(hashOf(output)) > 0; }
+
+    /// The outputs that those name which stand in none of \a parts.
+    QStringList outputsOutside(std::vector<RecordPlace> parts) const;
+
+    /// How many inputs that have records were not seen.
+    qint64 unseenCount() const;
+
+    qint64 count() const { return static_cast<qint64>(entries.size()); }
+    qint64 damagedBytes() const { return damaged; }
+
+private:
+    struct Entry {
+        std::size_t pathHash;
+        RecordPlace place;
+        bool isSeen;
+    };
+
+    static std::size_t hashOf(const QString& text);
+    void add(const QByteArray& line, qint64 offset, qint64 lineNumber);
+    void cutDamagedEnd();
+    QByteArray lineAt(const RecordPlace& place) const;
+
+    QFile& file;
+    std::vector<Entry> entries; ///< by hash, then by place
+    std::unordered_set<std::size_t> outputHashes;
+    qint64 damaged = 0;
+};
+
+/// Whether a line of a file is a record: an object with a path and a status.
+bool isRecord(const QJsonObject& object);
+
+/// The outputs that a record names as written.
+QStringList writtenOutputsOf(const QJsonObject& record);
+
+} // namespace vxroi

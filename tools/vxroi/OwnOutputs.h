@@ -1,0 +1,46 @@
+#pragma once
+
+#include "EarlierRecords.h"
+
+#include "host/Cropper.h"
+
+#include <QFile>
+#include <QMutex>
+#include <QSet>
+#include <QString>
+
+namespace vxroi {
+
+/// Knows which output files are those of a batch that is resumed, so that only these are replaced.
+///
+/// Records name most of them. The others are in a file beside the records: what a run was about to make when it was killed, and
+/// what was made of pictures that have other outputs or none by now.
+class OwnOutputs final : public host::OutputJournal {
+public:
+    /// \param recordPath the file of records; the file beside it is called the same with ".outputs" added.
+    /// \param records what that file holds; nullptr: nothing. It must live longer.
+    OwnOutputs(const QString& recordPath, const EarlierRecords* records);
+
+    /// Whether the file at \a path was made by this batch before. May be called in any thread.
+    bool contains(const QString& path) const;
+
+    /// \throws host::HostError when that cannot be written.
+    void willCreate(const QStringList& paths) override;
+    void haveNotCreated(const QStringList& paths) override;
+
+    /// Leaves in the file what no record names.
+    /// \param former the outputs that records named which are not kept.
+    /// \param named the outputs that the records name which are.
+    /// \throws host::HostError when that cannot be written.
+    void finish(const QStringList& former, const QSet<QString>& named);
+
+private:
+    void append(char mark, const QStringList& paths);
+
+    QMutex mutex;
+    QFile file;
+    const EarlierRecords* records;
+    QSet<QString> unnamed; ///< what the file had at the beginning
+};
+
+} // namespace vxroi

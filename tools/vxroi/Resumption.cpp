@@ -1,0 +1,101 @@
+#include "Resumption.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+
+#include <algorithm>
+
+namespace vxroi {
+
+namespace {
+
+using host::CropTask;
+
+QString textIn(const QJsonObject& object, const char* key)
+{
+    return object.value(QLatin1String(key)).toString();
+}
+
+bool asksForTheSame(const QJsonObject& record, const CropTask& task)
+{
+    return textIn(record, "version") == QLatin1String(VXROI_VERSION)
+        && textIn(record, "request") == task.request.ofRun
+        && textIn(record, "line") == task.request.ofLine;
+}
+
+bool hasFailed(const QJsonObject& record)
+{
+    return textIn(record, "status") != QLatin1String("ok");
+}
+
+QVector<QJsonObject> outputsOf(const QJsonObject& record)
+{
+    QVector<QJsonObject> outputs;
+    const QJsonArray crops = record.value(QLatin1String("crops")).toArray();
+    for (const QJsonValue& crop : crops)
+        outputs.append(crop.toObject().value(QLatin1String("output")).toObject());
+    return outputs;
+}
+
+// The state of a file as records have it: an empty object where there is none.
+QJsonObject fileObject(const QString& path, host::KnownBy knownBy)
+{
+    return path.isEmpty() ? QJsonObject() : host::stateOf(path, knownBy).value_or(QJsonObject());
+}
+
+} // namespace
+
+Resumption::Resumption(EarlierRecords& earlier, const OwnOutputs& ownOutputs, Retry retryFailures,
+    const host::CropRules& rules)
+    : records(earlier)
+    , outputs(ownOutputs)
+    , retry(retryFailures)
+    , knownBy(rules.knownBy)
+    , ifExists(rules.ifExists)
+{
+}
+
+Earlier Resumption::judge(const CropTask& task) const
+{
+    Earlier earlier;
+    std::copy_if(task.outputs.begin(), task.outputs.end(), std::back_inserter(earlier.ownOutputs),
+        [this](const QString& output) { return outputs.contains(output); });
+    const QVector<EarlierRecord> all = records.of(task.path);
+    const auto same = std::find_if(all.begin(), all.end(),
+        [&task](const EarlierRecord& record) { return asksForTheSame(record.object, task); });
+    if (same == all.end())
+        return earlier;
+    earlier.hasFailed = hasFailed(same->object);
+    if (stands(same->object, task)) {
+        earlier.record = same->place;
+        earlier.namedOutputs = writtenOutputsOf(same->object);
+    }
+    return earlier;
+}
+
+bool Resumption::stands(const QJsonObject& record, const CropTask& task) const
+{
+    const QJsonObject error = record.value(QLatin1String("error")).toObject();
+    const bool isFromOutside = error.value(QLatin1String("fromOutside")).toBool();
+    if (hasFailed(record)
+        && (retry == Retry::All || (retry == Retry::FromOutside && isFromOutside)))
+        return false;
+    if (isFromOutside)
+        return true;
+    const QVector<QJsonObject> named = outputsOf(record);
+    return record.value(QLatin1String("file")).toObject() == fileObject(task.path, knownBy)
+        && record.value(QLatin1String("mapFile")).toObject() == fileObject(task.map, knownBy)
+        && std::all_of(named.begin(), named.end(),
+            [this](const QJsonObject& output) { return isOutputLeft(output); });
+}
+
+bool Resumption::isOutputLeft(const QJsonObject& output) const
+{
+    const QString status = textIn(output, "status");
+    if (status == QLatin1String("written"))
+        return QFileInfo::exists(textIn(output, "path"));
+    return status != QLatin1String("skipped")
+        || (ifExists == host::IfExists::Skip && QFileInfo::exists(textIn(output, "path")));
+}
+
+} // namespace vxroi

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "EarlierRecords.h"
+#include "OwnOutputs.h"
+
+#include "host/Cropper.h"
+
+#include <optional>
+
+namespace vxroi {
+
+/// Which failures of an earlier run are tried again.
+enum class Retry {
+    FromOutside, ///< those whose cause may have gone, such as a full disk
+    All,
+    None,
+};
+
+/// What an earlier run has to say of a task.
+struct Earlier {
+    std::optional<RecordPlace> record; ///< stands, and need not be made again
+    bool hasFailed = false; ///< the same task has failed
+    QStringList ownOutputs; ///< its outputs that may be replaced, for this batch has made them
+    QStringList namedOutputs; ///< the outputs that the record names
+};
+
+/// Decides what is left to do of a run that goes on with another one's records.
+class Resumption {
+public:
+    Resumption(EarlierRecords& records, const OwnOutputs& outputs, Retry retry,
+        const host::CropRules& rules);
+
+    /// May be called in any thread.
+    Earlier judge(const host::CropTask& task) const;
+
+private:
+    bool stands(const QJsonObject& record, const host::CropTask& task) const;
+    bool isOutputLeft(const QJsonObject& output) const;
+
+    const EarlierRecords& records;
+    const OwnOutputs& outputs;
+    Retry retry;
+    host::KnownBy knownBy;
+    host::IfExists ifExists;
+};
+
+} // namespace vxroi
