@@ -4,7 +4,7 @@ _vxroi()
     COMPREPLY=()
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} words=
     if [ "$COMP_CWORD" -eq 1 ]; then
-        COMPREPLY=($(compgen -W 'crop batch map cluster report --help --version' -- "$word"))
+        COMPREPLY=($(compgen -W 'crop batch map merge cluster report --help --version' -- "$word"))
         return
     fi
     case ${COMP_WORDS[1]}:$previous in
@@ -26,6 +26,7 @@ _vxroi()
     batch:--on-broken) words='error warn' ;;
     map:--if-exists) words='fail overwrite' ;;
     map:--on-broken) words='error warn' ;;
+    merge:--if-exists) words='fail overwrite' ;;
     cluster:--if-exists) words='fail overwrite' ;;
     cluster:--on-broken) words='error warn' ;;
     report:--if-exists) words='fail overwrite' ;;
@@ -36,6 +37,7 @@ _vxroi()
         crop) words='-h --help --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --fit --frames --dry-run --json --emit --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         batch) words='-h --help -r --recursive --from -0 --null --allow-outside --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --fit --frames --dry-run --resume --retry --checksum --timings --shard -j --jobs -q --quiet --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        merge) words='-h --help --from -0 --null --folder -r --recursive -o --output --again --if-exists -q --quiet' ;;
         cluster) words='-h --help --grid -o --output --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         report) words='-h --help -r --recursive -o --output --ratio --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         esac

@@ -4,6 +4,7 @@
 #include "ClusterCommand.h"
 #include "CropCommand.h"
 #include "MapCommand.h"
+#include "MergeCommand.h"
 #include "ReportCommand.h"
 #include "host/FileName.h"
 #include "host/StandardError.h"
@@ -74,6 +75,8 @@ try {
     addBatchCommand(app, batch, exitCode);
     MapArguments map;
     addMapCommand(app, map);
+    MergeArguments merge;
+    addMergeCommand(app, merge, exitCode);
     ClusterArguments cluster;
     addClusterCommand(app, cluster);
     ReportArguments report;

@@ -108,6 +108,7 @@ std::optional<Input> ListedInputs::next()
         if (entry->bytes.isEmpty() && !entry->isTooLong)
             continue;
         Input input = inputFrom(*entry, isJsonAllowed);
+        input.entry = entry->bytes;
         input.place = list.placeOf(*entry);
         if (shard.contains(input.path))
             return input;

@@ -25,7 +25,7 @@ QByteArray entriesOf(char mark, const QStringList& paths)
 
 } // namespace
 
-OwnOutputs::OwnOutputs(const QString& recordPath, const EarlierRecords* earlierRecords)
+OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex* earlierRecords)
     : file(recordPath + QStringLiteral(".outputs"))
     , records(earlierRecords)
 {

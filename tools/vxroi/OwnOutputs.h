@@ -1,6 +1,6 @@
 #pragma once
 
-#include "EarlierRecords.h"
+#include "RecordIndex.h"
 
 #include "host/Cropper.h"
 
@@ -19,7 +19,7 @@ class OwnOutputs final : public host::OutputJournal {
 public:
     /// \param recordPath the file of records; the file beside it is called the same with ".outputs" added.
     /// \param records what that file holds; nullptr: nothing. It must live longer.
-    OwnOutputs(const QString& recordPath, const EarlierRecords* records);
+    OwnOutputs(const QString& recordPath, const RecordIndex* records);
 
     /// Whether the file at \a path was made by this batch before. May be called in any thread.
     bool contains(const QString& path) const;
@@ -39,7 +39,7 @@ private:
 
     QMutex mutex;
     QFile file;
-    const EarlierRecords* records;
+    const RecordIndex* records;
     QSet<QString> unnamed; ///< what the file had at the beginning
 };
 

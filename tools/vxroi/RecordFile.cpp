@@ -44,6 +44,7 @@ RecordFile::RecordFile(const QString& path)
     }
     open(file);
     earlierRecords.emplace(file);
+    earlierRecords->cutDamagedEnd();
     file.seek(file.size());
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "EarlierRecords.h"
+#include "RecordIndex.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -24,7 +24,7 @@ public:
     explicit RecordFile(const QString& path);
 
     /// What earlier runs have left; nullptr on standard output.
-    EarlierRecords* earlier() { return earlierRecords ? &*earlierRecords : nullptr; }
+    RecordIndex* earlier() { return earlierRecords ? &*earlierRecords : nullptr; }
 
     /// Writes the record of the next input.
     /// \throws HostError when that fails.
@@ -45,7 +45,7 @@ private:
     bool isInOrder() const;
 
     QFile file;
-    std::optional<EarlierRecords> earlierRecords;
+    std::optional<RecordIndex> earlierRecords;
     std::vector<RecordPlace> parts; ///< the records of this run in their order; neighbours are one
 };
 

@@ -45,7 +45,7 @@ QJsonObject fileObject(const QString& path, host::KnownBy knownBy)
 
 } // namespace
 
-Resumption::Resumption(EarlierRecords& earlier, const OwnOutputs& ownOutputs, Retry retryFailures,
+Resumption::Resumption(RecordIndex& earlier, const OwnOutputs& ownOutputs, Retry retryFailures,
     const host::CropRules& rules)
     : records(earlier)
     , outputs(ownOutputs)
@@ -60,9 +60,9 @@ Earlier Resumption::judge(const CropTask& task) const
     Earlier earlier;
     std::copy_if(task.outputs.begin(), task.outputs.end(), std::back_inserter(earlier.ownOutputs),
         [this](const QString& output) { return outputs.contains(output); });
-    const QVector<EarlierRecord> all = records.of(task.path);
+    const QVector<IndexedRecord> all = records.of(task.path);
     const auto same = std::find_if(all.begin(), all.end(),
-        [&task](const EarlierRecord& record) { return asksForTheSame(record.object, task); });
+        [&task](const IndexedRecord& record) { return asksForTheSame(record.object, task); });
     if (same == all.end())
         return earlier;
     earlier.hasFailed = hasFailed(same->object);

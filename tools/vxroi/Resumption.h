@@ -1,7 +1,7 @@
 #pragma once
 
-#include "EarlierRecords.h"
 #include "OwnOutputs.h"
+#include "RecordIndex.h"
 
 #include "host/Cropper.h"
 
@@ -27,8 +27,8 @@ struct Earlier {
 /// Decides what is left to do of a run that goes on with another one's records.
 class Resumption {
 public:
-    Resumption(EarlierRecords& records, const OwnOutputs& outputs, Retry retry,
-        const host::CropRules& rules);
+    Resumption(
+        RecordIndex& records, const OwnOutputs& outputs, Retry retry, const host::CropRules& rules);
 
     /// May be called in any thread.
     Earlier judge(const host::CropTask& task) const;
@@ -37,7 +37,7 @@ private:
     bool stands(const QJsonObject& record, const host::CropTask& task) const;
     bool isOutputLeft(const QJsonObject& output) const;
 
-    const EarlierRecords& records;
+    const RecordIndex& records;
     const OwnOutputs& outputs;
     Retry retry;
     host::KnownBy knownBy;

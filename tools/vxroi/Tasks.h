@@ -18,6 +18,7 @@ struct Input {
     QString output = {}; ///< empty: that of the run
     std::optional<host::HostError> failure = std::nullopt; ///< why there is nothing to crop
     QString request = {}; ///< a hash of what its line says besides the path; empty: nothing
+    QByteArray entry = {}; ///< as its list has it; empty: it is from no list
     QString place = {}; ///< where it stands in a list, for people; empty: in none
 };
 

@@ -1,4 +1,4 @@
-#include "EarlierRecords.h"
+#include "RecordIndex.h"
 
 #include "host/FileName.h"
 #include "host/HostError.h"
@@ -52,12 +52,12 @@ QStringList writtenOutputsOf(const QJsonObject& record)
     return outputs;
 }
 
-std::size_t EarlierRecords::hashOf(const QString& text)
+std::size_t RecordIndex::hashOf(const QString& text)
 {
     return std::hash<std::string>()(host::bytesOfName(text).toStdString());
 }
 
-EarlierRecords::EarlierRecords(QFile& openFile)
+RecordIndex::RecordIndex(QFile& openFile)
     : file(openFile)
 {
     constexpr qint64 mostBytes = 1 << 24; // of a line; zeros may have no end
@@ -66,7 +66,9 @@ EarlierRecords::EarlierRecords(QFile& openFile)
         const qint64 offset = file.pos();
         add(file.readLine(mostBytes), offset, lineNumber);
     }
-    cutDamagedEnd();
+    if (file.error() != QFileDevice::NoError)
+        throw HostError(ExitCode::UnreadableInput, file.fileName(), file.errorString(),
+            QStringLiteral("name a file of records"));
     const auto isBefore = [](const Entry& one, const Entry& other) {
         return one.pathHash != other.pathHash ? one.pathHash < other.pathHash
                                               : one.place.offset < other.place.offset;
@@ -74,7 +76,7 @@ EarlierRecords::EarlierRecords(QFile& openFile)
     std::sort(entries.begin(), entries.end(), isBefore);
 }
 
-void EarlierRecords::add(const QByteArray& line, qint64 offset, qint64 lineNumber)
+void RecordIndex::add(const QByteArray& line, qint64 offset, qint64 lineNumber)
 {
     const QJsonObject object = host::parseObject(line).object;
     if (line.endsWith('\n') && isRecord(object)) {
@@ -82,6 +84,7 @@ void EarlierRecords::add(const QByteArray& line, qint64 offset, qint64 lineNumbe
             { hashOf(object.value(pathKey).toString()), { offset, line.size() }, false });
         for (const QString& output : writtenOutputsOf(object))
             outputHashes.insert(hashOf(output));
+        end = offset + line.size();
     } else if (isDamagedRecord(line)) {
         damaged += line.size();
     } else {
@@ -92,18 +95,26 @@ void EarlierRecords::add(const QByteArray& line, qint64 offset, qint64 lineNumbe
     }
 }
 
-void EarlierRecords::cutDamagedEnd()
+void RecordIndex::cutDamagedEnd()
 {
-    const qint64 end
-        = entries.empty() ? 0 : entries.back().place.offset + entries.back().place.size;
-    if (file.error() != QFileDevice::NoError || (file.size() > end && !file.resize(end)))
+    if (file.size() > end && !file.resize(end))
         throw HostError(ExitCode::WriteFailed, file.fileName(), file.errorString(),
             QStringLiteral("check its permissions"));
 }
 
-QVector<EarlierRecord> EarlierRecords::of(const QString& path) const
+QVector<RecordPlace> RecordIndex::places() const
 {
-    QVector<EarlierRecord> records;
+    QVector<RecordPlace> places;
+    for (const Entry& entry : entries)
+        places.append(entry.place);
+    std::sort(places.begin(), places.end(),
+        [](const RecordPlace& one, const RecordPlace& other) { return one.offset < other.offset; });
+    return places;
+}
+
+QVector<IndexedRecord> RecordIndex::of(const QString& path) const
+{
+    QVector<IndexedRecord> records;
     const std::size_t hash = hashOf(path);
     const auto isBelow
         = [](const Entry& entry, std::size_t value) { return entry.pathHash < value; };
@@ -117,7 +128,7 @@ QVector<EarlierRecord> EarlierRecords::of(const QString& path) const
 }
 
 // Reads without a position in the file, which threads would share.
-QByteArray EarlierRecords::lineAt(const RecordPlace& place) const
+QByteArray RecordIndex::lineAt(const RecordPlace& place) const
 {
     QByteArray line(static_cast<int>(place.size), '\0');
     const ssize_t count
@@ -125,7 +136,7 @@ QByteArray EarlierRecords::lineAt(const RecordPlace& place) const
     return count == line.size() ? line : QByteArray();
 }
 
-void EarlierRecords::see(const QString& path)
+void RecordIndex::see(const QString& path)
 {
     const std::size_t hash = hashOf(path);
     const auto isBelow
@@ -135,7 +146,7 @@ void EarlierRecords::see(const QString& path)
         entry->isSeen = true; // the first of its path stands for all
 }
 
-QStringList EarlierRecords::outputsOutside(std::vector<RecordPlace> parts) const
+QStringList RecordIndex::outputsOutside(std::vector<RecordPlace> parts) const
 {
     const auto isBefore = [](const RecordPlace& one, const RecordPlace& other) {
         return one.offset < other.offset;
@@ -152,7 +163,7 @@ QStringList EarlierRecords::outputsOutside(std::vector<RecordPlace> parts) const
     return outputs;
 }
 
-qint64 EarlierRecords::unseenCount() const
+qint64 RecordIndex::unseenCount() const
 {
     qint64 count = 0;
     for (auto entry = entries.begin(); entry != entries.end();) {

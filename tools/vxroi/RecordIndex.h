@@ -17,22 +17,25 @@ struct RecordPlace {
     qint64 size = 0;
 };
 
-struct EarlierRecord {
+struct IndexedRecord {
     QJsonObject object;
     RecordPlace place;
 };
 
-/// The records that earlier runs have left in a file, by their inputs.
-class EarlierRecords {
+/// The records in a file, by their inputs.
+class RecordIndex {
 public:
-    /// Reads the file. Half a record and zeros, which a crash leaves, are passed over; at the end of the file they are cut
-    /// off.
-    /// \param openFile open for reading and writing; it must live longer.
-    /// \throws host::HostError when it holds anything else, or cannot be read or shortened.
-    explicit EarlierRecords(QFile& openFile);
+    /// Reads the file. Half a record and zeros, which a crash leaves, are passed over.
+    /// \param openFile open for reading; it must live longer.
+    /// \throws host::HostError when it holds anything else, or cannot be read.
+    explicit RecordIndex(QFile& openFile);
+
+    /// Cuts off what is damaged at the end of the file, which is open for writing.
+    /// \throws host::HostError when that fails.
+    void cutDamagedEnd();
 
     /// Those of the input at \a path, the newest first. May be called in any thread.
-    QVector<EarlierRecord> of(const QString& path) const;
+    QVector<IndexedRecord> of(const QString& path) const;
 
     /// Notes that the input at \a path is still on the list.
     void see(const QString& path);
@@ -46,7 +49,12 @@ public:
     /// How many inputs that have records were not seen.
     qint64 unseenCount() const;
 
-    qint64 count() const { return static_cast<qint64>(entries.size()); }
+    /// All records, in the order of the file.
+    QVector<RecordPlace> places() const;
+
+    /// The line of a record, with its end. May be called in any thread.
+    QByteArray lineAt(const RecordPlace& place) const;
+
     qint64 damagedBytes() const { return damaged; }
 
 private:
@@ -58,10 +66,9 @@ private:
 
     static std::size_t hashOf(const QString& text);
     void add(const QByteArray& line, qint64 offset, qint64 lineNumber);
-    void cutDamagedEnd();
-    QByteArray lineAt(const RecordPlace& place) const;
 
     QFile& file;
+    qint64 end = 0; ///< of the last record
     std::vector<Entry> entries; ///< by hash, then by place
     std::unordered_set<std::size_t> outputHashes;
     qint64 damaged = 0;
