@@ -6,6 +6,7 @@
 #include "host/Analysis.h"
 #include "host/CellGrid.h"
 #include "host/Json.h"
+#include "host/StandardOutput.h"
 #include "host/picture/PictureFile.h"
 
 #include <CLI/CLI.hpp>
@@ -13,8 +14,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-#include <iostream>
 
 namespace vxroi {
 
@@ -55,7 +54,7 @@ void runCluster(const ClusterArguments& arguments)
         { QStringLiteral("oriented"), host::jsonOf(picture.orientedSize()) },
         { QStringLiteral("columns"), grid.width() }, { QStringLiteral("rows"), grid.height() },
         { QStringLiteral("cells"), cells } };
-    std::cout << QJsonDocument(table).toJson(QJsonDocument::Compact).constData() << '\n';
+    host::writeOutput(QJsonDocument(table).toJson(QJsonDocument::Compact) + '\n');
 }
 
 void addClusterCommand(CLI::App& app, ClusterArguments& arguments)

@@ -7,12 +7,13 @@
 #include "ReportCommand.h"
 #include "host/FileName.h"
 #include "host/StandardError.h"
+#include "host/StandardOutput.h"
 
 #include <CLI/CLI.hpp>
 
 #include <exception>
-#include <iostream>
 #include <new>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ const char* const exitCodes
     = R"(Exit codes: 0 done, 1 some of several pictures failed, 64 wrong command line,
 65 the file is no picture or a damaged one, 66 no such file,
 70 no memory, no threads or an internal error, 73 the output cannot be created,
-74 writing failed, 130 interrupted.)";
+74 writing failed, 130 interrupted, 141 nobody reads standard output any more.)";
 
 ExitCode fail(ExitCode code, const std::string& line)
 {
@@ -35,12 +36,16 @@ ExitCode fail(ExitCode code, const std::string& line)
     return code;
 }
 
-ExitCode reportParseError(const CLI::App& app, const CLI::ParseError& error)
+// --help and --version arrive as errors, too.
+void printAnswer(const CLI::App& app, const CLI::Success& wish)
 {
-    if (error.get_exit_code() == 0) { // --help and --version arrive as errors of code 0
-        app.exit(error);
-        return ExitCode::Success;
-    }
+    std::ostringstream answer;
+    app.exit(wish, answer);
+    host::writeOutput(QByteArray::fromStdString(answer.str()));
+}
+
+ExitCode reportParseError(const CLI::ParseError& error)
+{
     const QString line = host::onOneLine(host::textOfName(error.what()));
     return fail(ExitCode::Usage, host::bytesOfName(line).toStdString() + "; see vxroi --help");
 }
@@ -81,15 +86,15 @@ try {
 
     try {
         app.parse(reversedArguments(argc, argv));
+    } catch (const CLI::Success& wish) {
+        printAnswer(app, wish);
     } catch (const CLI::ParseError& error) {
-        exitCode = reportParseError(app, error);
+        return reportParseError(error);
     }
-    if (!std::cout.flush())
-        throw HostError(ExitCode::WriteFailed, QStringLiteral("standard output"),
-            QStringLiteral("cannot be written"), QStringLiteral("check where it leads"));
     return exitCode;
 } catch (const HostError& error) {
-    return fail(error.code(), error.what());
+    // As a program that a signal ended: who closed the pipe has what it wanted.
+    return error.code() == ExitCode::ClosedPipe ? error.code() : fail(error.code(), error.what());
 } catch (const std::bad_alloc&) {
     host::writeError(host::noMemoryLine);
     return ExitCode::Internal;

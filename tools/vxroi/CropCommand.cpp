@@ -2,70 +2,20 @@
 
 #include "Tasks.h"
 #include "WorkerThreads.h"
-#include "host/CropWindow.h"
-#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardError.h"
 
 #include <CLI/CLI.hpp>
 
-#include <iostream>
-
 namespace vxroi {
 
-namespace {
-
 using host::CropRecord;
-using host::CropResult;
 using host::ExitCode;
-
-// Where a picture that fills a box of the window's shape must lie in it to show the window.
-QString objectPositionOf(const QRect& window, const QSize& picture)
-{
-    const auto percent = [](int start, int room) {
-        return QString::number(room == 0 ? 50.0 : 100.0 * start / room, 'f', 2);
-    };
-    return QStringLiteral("object-position: %1% %2%")
-        .arg(percent(window.x(), picture.width() - window.width()),
-            percent(window.y(), picture.height() - window.height()));
-}
-
-// Both shares of the picture, as --focus takes them.
-QString focusOf(const VXCropWindow& chosen)
-{
-    return QStringLiteral("%1,%2")
-        .arg(chosen.focus.x(), 0, 'f', 4)
-        .arg(chosen.focus.y(), 0, 'f', 4);
-}
-
-QString lineOf(const VXCropWindow& chosen, const QSize& picture, const std::string& emitted)
-{
-    if (emitted == "css")
-        return objectPositionOf(chosen.window, picture);
-    return emitted == "focus" ? focusOf(chosen) : host::geometryOf(chosen.window);
-}
-
-void print(const CropRecord& record, const CropArguments& arguments, bool isOnlyLine)
-{
-    if (arguments.json) {
-        std::cout << record.toJson().constData() << '\n';
-        return;
-    }
-    for (const CropResult& crop : record.crops) {
-        const QString line = lineOf(crop.chosen, record.oriented, arguments.emit);
-        if (!isOnlyLine)
-            std::cout << host::bytesOfName(host::onOneLine(record.path)).toStdString() << '\t'
-                      << crop.shape.toStdString() << '\t';
-        std::cout << line.toStdString() << '\n';
-    }
-}
-
-} // namespace
 
 host::ExitCode runCrop(const CropArguments& arguments)
 {
     const bool isStreamTaken = arguments.crop.output == "-";
-    if (isStreamTaken && arguments.json)
+    if (isStreamTaken && arguments.printer.isJsonWanted())
         throw host::HostError(ExitCode::Usage, QStringLiteral("--output -"),
             QStringLiteral("standard output is for the record"),
             QStringLiteral("name a file, or leave --json out"));
@@ -77,9 +27,9 @@ host::ExitCode runCrop(const CropArguments& arguments)
     bool hasFailed = false;
     for (const std::string& picture : arguments.pictures) {
         const CropRecord record = plan.crop(cropper, { pathFrom(picture) });
-        if (arguments.json || !(record.failure || isStreamTaken))
-            print(record, arguments, isOnlyLine);
-        if (record.failure && isOnlyPicture)
+        if (arguments.printer.isJsonWanted() || !(record.failure || isStreamTaken))
+            arguments.printer.print(record, isOnlyLine);
+        if (record.failure && (isOnlyPicture || record.failure->code() == ExitCode::ClosedPipe))
             throw host::HostError(*record.failure);
         if (record.failure)
             host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
@@ -99,14 +49,7 @@ void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exi
             "PICTURE", arguments.pictures, "the picture files to read; - is standard input")
         ->required();
     arguments.crop.addTo(*crop);
-    crop->add_flag("--json", arguments.json, "print one record for each picture, as JSON");
-    crop->add_option("--emit", arguments.emit,
-            "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or their "
-            "focus, "
-            "FX,FY")
-        ->type_name("WHAT")
-        ->check(CLI::IsMember({ "geometry", "css", "focus" }))
-        ->capture_default_str();
+    arguments.printer.addTo(*crop);
     arguments.analysis.addTo(*crop);
     crop->callback([&] { exitCode = runCrop(arguments); });
 }
