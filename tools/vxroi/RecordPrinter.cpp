@@ -40,14 +40,16 @@ QString textOf(const VXCropWindow& chosen, const QSize& picture, const std::stri
 
 void RecordPrinter::addTo(CLI::App& command)
 {
-    command.add_flag("--json", json, "print one record for each picture, as JSON");
+    CLI::Option* const record
+        = command.add_flag("--json", json, "print one record for each picture, as JSON");
     command
         .add_option("--emit", emitted,
             "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or their "
             "focus, FX,FY")
         ->type_name("WHAT")
         ->check(CLI::IsMember({ "geometry", "css", "focus" }))
-        ->capture_default_str();
+        ->capture_default_str()
+        ->excludes(record);
 }
 
 void RecordPrinter::print(const host::CropRecord& record, bool isOnlyLine) const

@@ -13,7 +13,7 @@ namespace vxroi {
 /// Says on standard output what became of pictures, in the words that --json and --emit ask for.
 class RecordPrinter {
 public:
-    /// Adds both options.
+    /// Adds both options, of which a command line has one.
     void addTo(CLI::App& command);
 
     /// Whether a record is printed for each picture, also for one that failed.
