@@ -11,12 +11,27 @@ namespace vxroi {
 
 using host::CropRecord;
 using host::ExitCode;
+using host::HostError;
+
+namespace {
+
+// What there is to say of one picture among several.
+void complainOf(const CropRecord& record)
+{
+    if (record.failure)
+        host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
+    else
+        for (const QString& warning : record.warnings)
+            host::writeWarning(record.path, warning);
+}
+
+} // namespace
 
 host::ExitCode runCrop(const CropArguments& arguments)
 {
     const bool isStreamTaken = arguments.crop.output == "-";
     if (isStreamTaken && arguments.printer.isJsonWanted())
-        throw host::HostError(ExitCode::Usage, QStringLiteral("--output -"),
+        throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
             QStringLiteral("standard output is for the record"),
             QStringLiteral("name a file, or leave --json out"));
     TaskPlan plan(arguments.crop);
@@ -30,12 +45,9 @@ host::ExitCode runCrop(const CropArguments& arguments)
         if (arguments.printer.isJsonWanted() || !(record.failure || isStreamTaken))
             arguments.printer.print(record, isOnlyLine);
         if (record.failure && (isOnlyPicture || record.failure->code() == ExitCode::ClosedPipe))
-            throw host::HostError(*record.failure);
-        if (record.failure)
-            host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
-        else
-            for (const QString& warning : record.warnings)
-                host::writeWarning(record.path, warning);
+            throw HostError(*record.failure);
+        if (!arguments.quiet)
+            complainOf(record);
         hasFailed = hasFailed || record.failure;
     }
     return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
@@ -50,6 +62,7 @@ void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exi
         ->required();
     arguments.crop.addTo(*crop);
     arguments.printer.addTo(*crop);
+    addQuietOption(*crop, arguments.quiet);
     arguments.analysis.addTo(*crop);
     crop->callback([&] { exitCode = runCrop(arguments); });
 }

@@ -14,6 +14,7 @@ struct CropArguments {
     CropOptions crop;
     AnalysisOptions analysis;
     RecordPrinter printer;
+    bool quiet = false;
 };
 
 /// Adds the command to the program's; its callback runs it and sets \a exitCode.

@@ -234,6 +234,11 @@ host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
     return rules;
 }
 
+void addQuietOption(CLI::App& command, bool& quiet)
+{
+    command.add_flag("-q,--quiet", quiet, "say nothing but why the command as a whole failed");
+}
+
 QString pathFrom(const std::string& argument)
 {
     return host::textOfName(QByteArray::fromStdString(argument));

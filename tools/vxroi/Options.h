@@ -69,6 +69,9 @@ struct CropOptions {
     host::CropRules rules(const AnalysisOptions& analysis) const;
 };
 
+/// Adds -q: nothing goes to stderr but the line that says why the command as a whole failed.
+void addQuietOption(CLI::App& command, bool& quiet);
+
 /// A path as it is given on a command line.
 QString pathFrom(const std::string& argument);
 
