@@ -31,7 +31,8 @@ TEST_F(VxroiQuiet, dropsWarnings)
 {
     for (const char* const command : { "crop whole.png --size 999x999 -o large.png",
              "crop damaged.jpg --ratio 1:1 --on-broken warn",
-             "map damaged.jpg -o map.png --on-broken warn" }) {
+             "map damaged.jpg -o map.png --on-broken warn",
+             "cluster damaged.jpg --json --on-broken warn" }) {
         const QByteArray loud = QByteArray(command) + " --if-exists overwrite";
         const Outcome warned = vxroi(loud.constData());
         EXPECT_EQ(warned.exitCode, 0) << command;
@@ -66,6 +67,7 @@ TEST_F(VxroiQuiet, saysWhyACommandAsAWholeFailed)
     };
     for (const Case& one : { Case { "crop -q none.png --ratio 1:1", 66, "none.png" },
              Case { "map -q damaged.jpg -o map.png", 65, "damaged.jpg" },
+             Case { "cluster -q whole.png", 64, "cluster" },
              Case { "crop -q whole.png --ratio wide", 64, "--ratio wide" } }) {
         const Outcome outcome = vxroi(one.command);
         EXPECT_EQ(outcome.exitCode, one.exitCode) << one.command;

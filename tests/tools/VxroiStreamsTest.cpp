@@ -97,7 +97,7 @@ TEST_F(VxroiStreams, endsQuietlyWhenNobodyReadsItsOutput)
     for (const char* const command :
         { "--help", "crop --help", "--version", "crop in.png --ratio 1:1",
             "crop in.png --ratio 1:1 --json", "crop in.png --ratio 1:1 -o -",
-            "crop in.png none.png --ratio 1:1 -o -", "map in.png -o -", "cluster in.png" }) {
+            "crop in.png none.png --ratio 1:1 -o -", "map in.png -o -", "cluster in.png --json" }) {
         // The reader is gone before the program starts.
         const Outcome outcome
             = shell(QStringLiteral("{ sleep 0.1; \"$VXROI\" %1; echo $? >&2; } | true")
@@ -119,7 +119,7 @@ TEST_F(VxroiStreams, cropsNoFurtherPictureWhenNobodyReads)
 TEST_F(VxroiStreams, aFullDeviceIsAFailedWrite)
 {
     for (const char* const command : { "--help", "crop in.png --ratio 1:1", "map in.png -o -",
-             "cluster in.png", "crop in.png --ratio 1:1 -o -" }) {
+             "cluster in.png --json", "crop in.png --ratio 1:1 -o -" }) {
         const Outcome outcome
             = shell(QStringLiteral("\"$VXROI\" %1 > /dev/full").arg(QLatin1String(command)));
         EXPECT_EQ(outcome.exitCode, 74) << command;
