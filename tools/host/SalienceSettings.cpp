@@ -1,6 +1,7 @@
 #include "SalienceSettings.h"
 
 #include "HostError.h"
+#include "Suggestion.h"
 
 #include <algorithm>
 #include <array>
@@ -60,13 +61,20 @@ double numberIn(const QString& text, bool& isNumber, double /*kind*/)
     return text.toDouble(&isNumber);
 }
 
+// The entry of that name; none when the table has none.
+template <typename Table> auto find(const Table& table, const QString& name)
+{
+    const auto found = std::find_if(table.begin(), table.end(),
+        [&](const auto& entry) { return name == QLatin1String(entry.name); });
+    return found == table.end() ? nullptr : &*found;
+}
+
 // Nothing when the name is not in the table.
 template <typename Table>
 bool assign(const Table& table, const Assignment& assignment, HistogramTuning& tuning)
 {
-    const auto found = std::find_if(table.begin(), table.end(),
-        [&](const auto& setting) { return assignment.name == QLatin1String(setting.name); });
-    if (found == table.end())
+    const auto* const found = find(table, assignment.name);
+    if (found == nullptr)
         return false;
     bool isNumber = false;
     const auto value = numberIn(assignment.value, isNumber, found->least);
@@ -131,13 +139,10 @@ template <typename Table> QStringList changesOf(const Table& table, const Histog
 
 VXCropSettings presetCalled(const QString& name)
 {
-    for (const Preset& preset : presets) {
-        if (name == QLatin1String(preset.name))
-            return preset.settings();
-    }
+    if (const Preset* const preset = find(presets, name))
+        return preset->settings();
     throw HostError(ExitCode::Usage, QStringLiteral("--preset %1").arg(name),
-        QStringLiteral("no such preset"),
-        QStringLiteral("choose %1").arg(presetNames().join(QStringLiteral(" or "))));
+        QStringLiteral("no such preset"), suggestion(name, presetNames()));
 }
 
 QStringList presetNames() { return namesIn(presets); }
@@ -152,21 +157,20 @@ VXCropSettings withoutMethods()
 
 void setWeight(VXCropSettings& settings, const QString& text)
 {
-    constexpr int mostWeight = 1000;
     const Assignment assignment(text);
+    const VXCropSettings::Method* const method = find(VXCropSettings::methods(), assignment.name);
+    const QString subject = QStringLiteral("--weight %1").arg(text);
+    if (method == nullptr)
+        throw HostError(ExitCode::Usage, subject, QStringLiteral("no such method"),
+            suggestion(assignment.name, namesIn(VXCropSettings::methods())));
+    constexpr int mostWeight = 1000;
     bool isNumber = false;
     const int weight = assignment.value.toInt(&isNumber);
-    for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
-        const bool isMeant = assignment.name == QLatin1String(method.name);
-        if (isMeant && isNumber && weight >= -mostWeight && weight <= mostWeight) {
-            settings.*method.weight = weight;
-            return;
-        }
-    }
-    throw HostError(ExitCode::Usage, QStringLiteral("--weight %1").arg(text),
-        QStringLiteral("not a method and a weight from -1000 to 1000"),
-        QStringLiteral("write one such as gauss=20, of %1")
-            .arg(namesIn(VXCropSettings::methods()).join(QStringLiteral(", "))));
+    if (!isNumber || weight < -mostWeight || weight > mostWeight)
+        throw HostError(ExitCode::Usage, subject,
+            QStringLiteral("not a weight from %1 to %2").arg(-mostWeight).arg(mostWeight),
+            QStringLiteral("write one, such as %1=20").arg(assignment.name));
+    settings.*method->weight = weight;
 }
 
 void tune(VXCropSettings& settings, const QString& text)
@@ -177,8 +181,7 @@ void tune(VXCropSettings& settings, const QString& text)
     if (!isKnown)
         throw HostError(ExitCode::Usage, QStringLiteral("--tune %1").arg(text),
             QStringLiteral("the histogram method has no such setting"),
-            QStringLiteral("write one such as bins1=32, of %1")
-                .arg((namesIn(wholeSettings) + namesIn(realSettings)).join(QStringLiteral(", "))));
+            suggestion(assignment.name, namesIn(wholeSettings) + namesIn(realSettings)));
 }
 
 QString textOf(const VXCropSettings& settings)

@@ -5,6 +5,7 @@
 #include "CropCommand.h"
 #include "MapCommand.h"
 #include "ReportCommand.h"
+#include "WrongCommandLine.h"
 #include "host/FileName.h"
 #include "host/StandardError.h"
 #include "host/StandardOutput.h"
@@ -30,10 +31,15 @@ const char* const exitCodes
 70 no memory, no threads or an internal error, 73 the output cannot be created,
 74 writing failed, 130 interrupted, 141 nobody reads standard output any more.)";
 
-ExitCode fail(ExitCode code, const std::string& line)
+ExitCode fail(ExitCode code, const QString& line)
 {
-    host::writeError("vxroi: " + line + '\n');
+    host::writeError("vxroi: " + host::bytesOfName(host::onOneLine(line)).toStdString() + '\n');
     return code;
+}
+
+ExitCode failAsWrong(const CLI::App& app, const QString& complaint)
+{
+    return fail(ExitCode::Usage, withHelp(complaint, app));
 }
 
 // --help and --version arrive as errors, too.
@@ -42,12 +48,6 @@ void printAnswer(const CLI::App& app, const CLI::Success& wish)
     std::ostringstream answer;
     app.exit(wish, answer);
     host::writeOutput(QByteArray::fromStdString(answer.str()));
-}
-
-ExitCode reportParseError(const CLI::ParseError& error)
-{
-    const QString line = host::onOneLine(host::textOfName(error.what()));
-    return fail(ExitCode::Usage, host::bytesOfName(line).toStdString() + "; see vxroi --help");
 }
 
 // The arguments, last first, as the parser takes them. It would take "[a,b]" apart as a list;
@@ -89,17 +89,23 @@ try {
     } catch (const CLI::Success& wish) {
         printAnswer(app, wish);
     } catch (const CLI::ParseError& error) {
-        return reportParseError(error);
+        return failAsWrong(app, complaintOf(app, error));
+    } catch (const HostError& error) {
+        if (error.code() == ExitCode::Usage)
+            return failAsWrong(app, pathFrom(error.what()));
+        throw;
     }
     return exitCode;
 } catch (const HostError& error) {
     // As a program that a signal ended: who closed the pipe has what it wanted.
-    return error.code() == ExitCode::ClosedPipe ? error.code() : fail(error.code(), error.what());
+    return error.code() == ExitCode::ClosedPipe ? error.code()
+                                                : fail(error.code(), pathFrom(error.what()));
 } catch (const std::bad_alloc&) {
     host::writeError(host::noMemoryLine);
     return ExitCode::Internal;
 } catch (const std::exception& error) {
-    return fail(ExitCode::Internal, error.what() + std::string("; please report this"));
+    return fail(
+        ExitCode::Internal, pathFrom(error.what()) + QStringLiteral("; please report this"));
 }
 
 } // namespace vxroi

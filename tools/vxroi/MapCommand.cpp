@@ -48,7 +48,7 @@ struct MapOutputs {
         if (map.isEmpty() && overlay.isEmpty() && folder.isEmpty())
             throw HostError(ExitCode::Usage, QStringLiteral("map"),
                 QStringLiteral("no output is named"),
-                QStringLiteral("add --output, --overlay or --per-method; see vxroi map --help"));
+                QStringLiteral("add --output, --overlay or --per-method"));
         if (!map.isEmpty() && !host::isStandardStream(map))
             requirePng(map);
     }

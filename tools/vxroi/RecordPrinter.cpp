@@ -1,5 +1,6 @@
 #include "RecordPrinter.h"
 
+#include "Checks.h"
 #include "host/CropWindow.h"
 #include "host/FileName.h"
 #include "host/StandardOutput.h"
@@ -47,7 +48,7 @@ void RecordPrinter::addTo(CLI::App& command)
             "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or their "
             "focus, FX,FY")
         ->type_name("WHAT")
-        ->check(CLI::IsMember({ "geometry", "css", "focus" }))
+        ->check(oneOf({ "geometry", "css", "focus" }))
         ->capture_default_str()
         ->excludes(record);
 }
