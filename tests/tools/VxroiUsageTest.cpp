@@ -38,6 +38,29 @@ TEST(VxroiUsage, helpOfACommandNamesItsOptions)
     EXPECT_TRUE(runVxroi(words("map --help")).out.contains("--overlay FILE"));
 }
 
+TEST(VxroiUsage, helpOfEveryCommandExplainsWhatPresetsMethodsAndSettingsThereAre)
+{
+    for (const char* const command : { "crop", "batch", "map", "cluster", "report" }) {
+        const QByteArray help = runVxroi({ QLatin1String(command), QStringLiteral("--help") }).out;
+        const QByteArray names = help.mid(help.indexOf("\nPresets:\n"));
+        for (const char* const name :
+            { "photo", "library", "sobel", "gauss", "histogram", "achanta", "background", "bins1",
+                "bins2", "threshold", "columns", "rows", "min-width", "min-height" }) {
+            const int start = names.indexOf(QByteArray("\n  ") + name + "  ");
+            ASSERT_GE(start, 0) << command << ' ' << name;
+            const QByteArray line
+                = names.mid(start + 1, names.indexOf('\n', start + 1) - start - 1);
+            EXPECT_GT(line.simplified().count(' '), 2) << line.toStdString();
+        }
+        EXPECT_TRUE(help.endsWith("more.\n")) << command << ": the exit codes come last";
+    }
+    for (const char* const command : { "crop", "batch" }) {
+        const QByteArray help = runVxroi({ QLatin1String(command), QStringLiteral("--help") }).out;
+        for (const char* const place : { "{dir}", "{stem}", "{ratio}", "{ext}" })
+            EXPECT_TRUE(help.contains(QByteArray("\n  ") + place + "  ")) << command << place;
+    }
+}
+
 TEST(VxroiUsage, versionIsOneLine)
 {
     const Outcome outcome = runVxroi(words("--version"));

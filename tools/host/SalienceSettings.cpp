@@ -14,32 +14,38 @@ using HistogramTuning = VXCropSettings::HistogramTuning;
 
 struct Preset {
     const char* name;
+    const char* text;
     VXCropSettings (*settings)();
 };
 
 constexpr std::array<Preset, 2> presets { {
-    { "photo", VXCropSettings::photo },
-    { "library", VXCropSettings::library },
+    { "photo", "for photographs: what differs from what the border shows", VXCropSettings::photo },
+    { "library", "the weights that the library's own blend of four methods comes with",
+        VXCropSettings::library },
 } };
 
 template <typename Value> struct Setting {
     const char* name;
+    const char* text;
     Value HistogramTuning::*value;
     Value least;
     Value most;
 };
 
 constexpr std::array<Setting<int>, 4> wholeSettings { {
-    { "bins1", &HistogramTuning::bins1, 1, 256 },
-    { "bins2", &HistogramTuning::bins2, 1, 256 },
-    { "columns", &HistogramTuning::columns, 1, 100 },
-    { "rows", &HistogramTuning::rows, 1, 100 },
+    { "bins1", "bins of the blue difference, the first channel", &HistogramTuning::bins1, 1, 256 },
+    { "bins2", "bins of the red difference, the second channel", &HistogramTuning::bins2, 1, 256 },
+    { "columns", "blocks across the picture", &HistogramTuning::columns, 1, 100 },
+    { "rows", "blocks down the picture", &HistogramTuning::rows, 1, 100 },
 } };
 
 constexpr std::array<Setting<double>, 3> realSettings { {
-    { "threshold", &HistogramTuning::threshold, 0.0, 1e6 },
-    { "min-width", &HistogramTuning::minWidth, 0.0, 1.0 },
-    { "min-height", &HistogramTuning::minHeight, 0.0, 1.0 },
+    { "threshold", "up to which difference blocks are merged", &HistogramTuning::threshold, 0.0,
+        1e6 },
+    { "min-width", "least width of a region that counts, as a share of the picture",
+        &HistogramTuning::minWidth, 0.0, 1.0 },
+    { "min-height", "least height of a region that counts, as a share of the picture",
+        &HistogramTuning::minHeight, 0.0, 1.0 },
 } };
 
 // "name=value", taken apart at the sign.
@@ -97,6 +103,18 @@ template <typename Table> QStringList namesIn(const Table& table)
     return names;
 }
 
+template <typename Table> QVector<Explanation> explained(const Table& settings)
+{
+    const auto number = [](double value) { return QString::number(value, 'g', 7); };
+    QVector<Explanation> explanations;
+    for (const auto& setting : settings)
+        explanations.append({ QLatin1String(setting.name),
+            QStringLiteral("%1, %2 to %3 (default: %4)")
+                .arg(QLatin1String(setting.text), number(setting.least), number(setting.most),
+                    number(HistogramTuning().*setting.value)) });
+    return explanations;
+}
+
 bool haveSameWeights(const VXCropSettings& one, const VXCropSettings& other)
 {
     const auto& methods = VXCropSettings::methods();
@@ -146,6 +164,27 @@ VXCropSettings presetCalled(const QString& name)
 }
 
 QStringList presetNames() { return namesIn(presets); }
+
+QVector<Explanation> explainedPresets()
+{
+    QVector<Explanation> explanations;
+    for (const Preset& preset : presets)
+        explanations.append({ QLatin1String(preset.name), QLatin1String(preset.text) });
+    return explanations;
+}
+
+QVector<Explanation> explainedMethods()
+{
+    QVector<Explanation> explanations;
+    for (const VXCropSettings::Method& method : VXCropSettings::methods())
+        explanations.append({ QLatin1String(method.name), QLatin1String(method.finds) });
+    return explanations;
+}
+
+QVector<Explanation> explainedTunings()
+{
+    return explained(wholeSettings) + explained(realSettings);
+}
 
 VXCropSettings withoutMethods()
 {

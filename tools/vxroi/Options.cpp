@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "Checks.h"
+#include "HelpSection.h"
 #include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/OutputName.h"
@@ -47,8 +48,8 @@ CLI::Validator atLeastOne() { return wholeNumber(1, 1'000'000'000'000); }
 void AnalysisOptions::addTo(CLI::App& command)
 {
     const auto group = [](CLI::Option* option) { option->group("Analysis"); };
-    group(command.add_option("--preset", preset, "which methods count how much: photo or library")
-              ->type_name("NAME")
+    group(command.add_option("--preset", preset, "which methods count how much")
+              ->type_name("PRESET")
               ->capture_default_str());
     group(command.add_option("--weight", weights, "one method's weight, 0 to switch it off")
               ->type_name("METHOD=N")
@@ -78,6 +79,9 @@ void AnalysisOptions::addTo(CLI::App& command)
               ->type_name("WHAT")
               ->check(oneOf({ "error", "warn" }))
               ->capture_default_str());
+    addHelpSection(command, "Presets", host::explainedPresets());
+    addHelpSection(command, "Methods", host::explainedMethods());
+    addHelpSection(command, "Settings", host::explainedTunings());
 }
 
 host::AnalysisRules AnalysisOptions::rules() const
@@ -194,6 +198,7 @@ void CropOptions::addTo(CLI::App& command)
         ->check(oneOf({ "first", "all" }))
         ->capture_default_str();
     command.add_flag("--dry-run", dryRun, "write no file, only say what would be written");
+    addHelpSection(command, "Places", host::OutputName::places());
     writing.addTo(command);
 }
 
