@@ -166,6 +166,7 @@ TEST(VxroiUsage, saysWhatIsMissingOrTooMuch)
                  "--focus: given more than once; give it once; see vxroi crop --help" },
              Case { "map a.png b.png -o c.png",
                  "b.png: one argument too many for vxroi map; see vxroi map --help" },
+             Case { "map a.png -", "-: one argument too many for vxroi map; see vxroi map --help" },
              Case { "cluster a.png map",
                  "map: one argument too many for vxroi cluster; see vxroi cluster --help" },
              Case { "map a.png -o b.png --ratio 1:1",

@@ -5,8 +5,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-
 namespace vxroi {
 
 namespace {
@@ -56,7 +54,8 @@ QString leftWordOf(const CLI::App& command)
     return QString();
 }
 
-bool isOption(const QString& word) { return word.startsWith(QLatin1Char('-')); }
+// A dash alone is a standard stream.
+bool isOption(const QString& word) { return word.size() > 1 && word.startsWith(QLatin1Char('-')); }
 
 // Without a value.
 QString optionIn(const QString& word) { return word.section(QLatin1Char('='), 0, 0); }
