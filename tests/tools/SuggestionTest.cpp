@@ -34,9 +34,9 @@ TEST(Suggestion, countsTheLettersThatAreWrong)
 
 TEST(Suggestion, isTheSameBothWays)
 {
-    for (const char* const one : { "", "a", "ab", "ba", "abc", "crop", "carpo" }) {
-        for (const char* const other : { "", "b", "cab", "corp", "opcr" })
-            EXPECT_EQ(distance(one, other), distance(other, one)) << one << ' ' << other;
+    for (const char* const from : { "", "a", "ab", "ba", "abc", "crop", "carpo" }) {
+        for (const char* const to : { "", "b", "cab", "corp", "opcr" })
+            EXPECT_EQ(distance(from, to), distance(to, from)) << from << ' ' << to;
     }
 }
 

@@ -160,7 +160,8 @@ TEST_F(VxroiCropShapes, printsARecordOrWindowsAndNotBoth)
     const Outcome outcome = crop(QStringLiteral("--ratio 1:1 --json --emit geometry"));
     EXPECT_EQ(outcome.exitCode, 64);
     EXPECT_TRUE(outcome.out.isEmpty());
-    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--json"))) << outcome.err.toStdString();
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--json")))
+        << outcome.err.toStdString();
 }
 
 TEST_F(VxroiCropShapes, emitsTheObjectPositionThatShowsTheWindow)
