@@ -65,10 +65,9 @@ if(VXROI_BUILD_TOOLS)
     vx_compressed(packaging/vxroi.1 "${CMAKE_INSTALL_MANDIR}/man1" tools)
     install(FILES packaging/completions/vxroi.bash RENAME vxroi
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT tools)
-    install(FILES packaging/completions/_vxroi
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions" COMPONENT tools)
-    install(FILES packaging/completions/vxroi.fish
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT tools)
+    configure_file(cmake/VxInstallCompletions.cmake.in
+        "${PROJECT_BINARY_DIR}/VxInstallCompletions.cmake" @ONLY)
+    install(SCRIPT "${PROJECT_BINARY_DIR}/VxInstallCompletions.cmake" COMPONENT tools)
 
     install(TARGETS vxroi-viewer RUNTIME COMPONENT viewer)
     vx_compressed(packaging/vxroi-viewer.1 "${CMAKE_INSTALL_MANDIR}/man1" viewer)

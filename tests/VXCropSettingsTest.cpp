@@ -40,6 +40,7 @@ TEST(VXCropSettings, everyMethodHasANameAndAWeightOfItsOwn)
     for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
         names.insert(method.name);
         settings.*method.weight = next++;
+        EXPECT_FALSE(std::string(method.finds).empty()) << method.name;
     }
     EXPECT_EQ(names.size(), 5U);
     EXPECT_EQ(settings.sobel + settings.gauss + settings.histogram + settings.achanta

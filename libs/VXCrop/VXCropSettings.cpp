@@ -3,11 +3,13 @@
 const QVector<VXCropSettings::Method>& VXCropSettings::methods()
 {
     static const QVector<Method> all {
-        { "sobel", &VXCropSettings::sobel, Sobel },
-        { "gauss", &VXCropSettings::gauss, Gauss },
-        { "histogram", &VXCropSettings::histogram, ::Histogram },
-        { "achanta", &VXCropSettings::achanta, Achanta },
-        { "background", &VXCropSettings::background, std::nullopt },
+        { "sobel", &VXCropSettings::sobel, Sobel,
+            "edges; black for every picture, it counts in the divisor alone" },
+        { "gauss", &VXCropSettings::gauss, Gauss, "what is near the centre" },
+        { "histogram", &VXCropSettings::histogram, ::Histogram, "large regions of one colour" },
+        { "achanta", &VXCropSettings::achanta, Achanta, "colours that differ from their surround" },
+        { "background", &VXCropSettings::background, std::nullopt,
+            "what differs from what the border shows" },
     };
     return all;
 }

@@ -32,6 +32,7 @@ struct VXCROP_EXPORT VXCropSettings {
         int VXCropSettings::*weight = nullptr; ///< its weight
         /// What VXSalienzMixer calls it; nothing for VXBackgroundROI.
         std::optional<VXSalienzMethod> ofMixer;
+        const char* finds = nullptr; ///< what its map shows, in a few words
     };
 
     /// The weight of edges. Their map is black for every picture: it counts in the divisor alone.

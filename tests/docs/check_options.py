@@ -51,7 +51,7 @@ for command in commands:
         "the completion for bash": re.findall(
             r"--[a-z-]+", re.search(rf"^        {command}\) words=.*$", bash, re.MULTILINE).group()),
         "the completion for zsh": re.findall(
-            r"'\*(--[a-z-]+)\[", zsh.partition(f"\n{command})\n")[2].partition(";;")[0]),
+            r"'\*(--[a-z-]+)=?\[", zsh.partition(f"\n{command})\n")[2].partition(";;")[0]),
         "the completion for fish": [
             "--" + name for line in fish.splitlines() if f"from {command}'" in line
             for name in re.findall(r" -l ([a-z-]+)", line)],
@@ -59,6 +59,18 @@ for command in commands:
     for where, named in sections.items():
         for option in told ^ set(named):
             problems.append(f"{where}, {command}: {option} is in one of it and --help only")
+
+names = re.findall(r"^  ([a-z0-9{}-]+) {2,}\S", help_of("crop").partition("\nPlaces:\n")[2], re.MULTILINE)
+assert {"{stem}", "photo", "gauss", "bins1"} <= set(names), names
+for name in names:
+    if f"| `{name}` |" not in page:
+        problems.append(f"docs/options.md does not explain {name}")
+    if f"\n\\fB{name}\\fR\n" not in manual:
+        problems.append(f"the manual page does not explain {name}")
+
+for command in re.findall(r"^vxroi .*", text_of("packaging/examples.md"), re.MULTILINE):
+    if command not in manual.replace("\\(aq", "'"):
+        problems.append(f"the manual page lacks the example {command}")
 
 # Read by bash itself.
 for words, expected in ((["b"], "batch"), (["map", "--st"], "--stretch"),

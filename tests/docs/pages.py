@@ -8,7 +8,7 @@ import subprocess
 def pages(root):
     """Every page of the project, as pairs of path and text."""
     root = pathlib.Path(root)
-    for path in sorted([*root.glob("*.md"), *root.glob("docs/**/*.md")]):
+    for path in sorted([*root.glob("*.md"), *root.glob("docs/**/*.md"), *root.glob("packaging/*.md")]):
         yield path, path.read_text(encoding="utf-8")
 
 

@@ -27,7 +27,8 @@ protected:
 
 TEST_F(VxroiCluster, printsATableOfTheCellsRowByRow)
 {
-    const Outcome outcome = cluster({ QStringLiteral("--grid"), QStringLiteral("6x4") });
+    const Outcome outcome
+        = cluster({ QStringLiteral("--grid"), QStringLiteral("6x4"), QStringLiteral("--json") });
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
     const QJsonObject table = QJsonDocument::fromJson(outcome.out).object();
     EXPECT_EQ(table.value(QStringLiteral("columns")).toInt(), 6);
@@ -44,8 +45,8 @@ TEST_F(VxroiCluster, printsATableOfTheCellsRowByRow)
 
 TEST_F(VxroiCluster, paintsTheCellsInTheLevelsOfTheTable)
 {
-    const Outcome outcome = cluster(
-        { QStringLiteral("--grid"), QStringLiteral("12x8"), QStringLiteral("-o"), output });
+    const Outcome outcome = cluster({ QStringLiteral("--grid"), QStringLiteral("12x8"),
+        QStringLiteral("-o"), output, QStringLiteral("--json") });
     const QImage painted(output);
     ASSERT_FALSE(painted.isNull());
     EXPECT_EQ(painted.width() % 12, 0);
@@ -60,9 +61,25 @@ TEST_F(VxroiCluster, paintsTheCellsInTheLevelsOfTheTable)
     }
 }
 
+TEST_F(VxroiCluster, printsNothingUnlessAsked)
+{
+    const Outcome painted = cluster({ QStringLiteral("-o"), output });
+    EXPECT_EQ(painted.exitCode, 0) << painted.err.toStdString();
+    EXPECT_TRUE(painted.out.isEmpty());
+    EXPECT_FALSE(QImage(output).isNull());
+
+    const Outcome refused = cluster({});
+    EXPECT_EQ(refused.exitCode, 64);
+    EXPECT_TRUE(isOneLineNaming(refused.err, QStringLiteral("add --json or --output")))
+        << refused.err.toStdString();
+}
+
 TEST_F(VxroiCluster, refusesWhatIsNoGridAndOutputsThatCannotBe)
 {
-    EXPECT_EQ(cluster({ QStringLiteral("--grid"), QStringLiteral("12") }).exitCode, 64);
+    const Outcome noGrid
+        = cluster({ QStringLiteral("--grid"), QStringLiteral("12"), QStringLiteral("--json") });
+    EXPECT_EQ(noGrid.exitCode, 64);
+    EXPECT_TRUE(isOneLineNaming(noGrid.err, QStringLiteral("12"))) << noGrid.err.toStdString();
     EXPECT_EQ(
         cluster({ QStringLiteral("-o"), folder.path(QStringLiteral("cells.jpg")) }).exitCode, 73);
     EXPECT_EQ(cluster({ QStringLiteral("-o"), path }).exitCode, 73);

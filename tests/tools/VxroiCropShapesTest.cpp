@@ -155,6 +155,15 @@ TEST_F(VxroiCropShapes, aDryRunWritesNothingAndSaysWhatItWould)
         << "what could not be written is not promised";
 }
 
+TEST_F(VxroiCropShapes, printsARecordOrWindowsAndNotBoth)
+{
+    const Outcome outcome = crop(QStringLiteral("--ratio 1:1 --json --emit geometry"));
+    EXPECT_EQ(outcome.exitCode, 64);
+    EXPECT_TRUE(outcome.out.isEmpty());
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--json")))
+        << outcome.err.toStdString();
+}
+
 TEST_F(VxroiCropShapes, emitsTheObjectPositionThatShowsTheWindow)
 {
     EXPECT_EQ(crop(QStringLiteral("--ratio 1:1 --focus 0,0.5 --emit css")).out,

@@ -170,16 +170,6 @@ TEST_F(VxroiCrop, endsWith130OnASignalAndLeavesNothing)
     }
 }
 
-TEST_F(VxroiCrop, saysSoWhenNobodyReadsItsWindow)
-{
-    const QString path = folder.save(picture, QStringLiteral("picture.png"));
-    const Outcome outcome = runShell(
-        QStringLiteral("(\"$VXROI\" crop '%1' --ratio 1:1; echo $? >&2) | true").arg(path));
-    EXPECT_TRUE(outcome.err.endsWith("\n74\n")) << outcome.err.toStdString();
-    EXPECT_TRUE(outcome.err.startsWith("vxroi: standard output: "));
-    EXPECT_EQ(runShell(QStringLiteral("exec \"$VXROI\" --help > /dev/full")).exitCode, 74);
-}
-
 TEST_F(VxroiCrop, refusesABadRatioBeforeItLooksAtThePicture)
 {
     for (const char* const bad : { "0:1", "1:", "wide", "16x9", "-4:3" }) {

@@ -92,6 +92,42 @@ TEST_F(VxroiStreams, isNotHarmedByClosedStandardStreams)
     EXPECT_EQ(shell(QStringLiteral("\"$VXROI\" crop - --ratio 1:1 <&-")).exitCode, 65);
 }
 
+TEST_F(VxroiStreams, endsQuietlyWhenNobodyReadsItsOutput)
+{
+    for (const char* const command :
+        { "--help", "crop --help", "--version", "crop in.png --ratio 1:1",
+            "crop in.png --ratio 1:1 --json", "crop in.png --ratio 1:1 -o -",
+            "crop in.png none.png --ratio 1:1 -o -", "map in.png -o -", "cluster in.png --json" }) {
+        // The reader is gone before the program starts.
+        const Outcome outcome
+            = shell(QStringLiteral("{ sleep 0.1; \"$VXROI\" %1; echo $? >&2; } | true")
+                        .arg(QLatin1String(command)));
+        EXPECT_EQ(outcome.err, "141\n") << command;
+    }
+}
+
+TEST_F(VxroiStreams, cropsNoFurtherPictureWhenNobodyReads)
+{
+    const Outcome outcome
+        = shell(QStringLiteral("cp in.png b.png; { \"$VXROI\" crop in.png b.png in.png b.png "
+                               "--ratio 1:1 -o 'out/{stem}.png' --if-exists overwrite; "
+                               "echo $? >&2; } | true; ls out"));
+    EXPECT_EQ(outcome.err, "141\n");
+    EXPECT_EQ(outcome.out, "in.png\n");
+}
+
+TEST_F(VxroiStreams, aFullDeviceIsAFailedWrite)
+{
+    for (const char* const command : { "--help", "crop in.png --ratio 1:1", "map in.png -o -",
+             "cluster in.png --json", "crop in.png --ratio 1:1 -o -" }) {
+        const Outcome outcome
+            = shell(QStringLiteral("\"$VXROI\" %1 > /dev/full").arg(QLatin1String(command)));
+        EXPECT_EQ(outcome.exitCode, 74) << command;
+        EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("standard output: ")))
+            << outcome.err.toStdString();
+    }
+}
+
 TEST_F(VxroiStreams, saysOneLineWhateverADecoderSays)
 {
     if (support::isSanitized)

@@ -34,7 +34,7 @@ protected:
 };
 
 const std::array<const char*, 5> commands { "crop a.png --ratio 1:1 -o c.png",
-    "map a.png -o m.png --overlay o.jpg", "cluster a.png --grid 7x5",
+    "map a.png -o m.png --overlay o.jpg", "cluster a.png --grid 7x5 --json",
     "batch . --ratio 3:2 -o {dir}/{stem}.b.jpg -j2", "report . --ratio 1:1 -o r.html" };
 
 } // namespace

@@ -17,6 +17,7 @@ enum class ExitCode {
     CannotCreate = 73, ///< the output cannot be created
     WriteFailed = 74, ///< writing began and failed; nothing is left behind
     Interrupted = 130, ///< a signal asked the program to end
+    ClosedPipe = 141, ///< nobody reads standard output any more; a program says nothing of it
 };
 
 /// Ends a command with one line that says what is wrong and what to do about it.

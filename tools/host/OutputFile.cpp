@@ -2,6 +2,7 @@
 
 #include "FileName.h"
 #include "HostError.h"
+#include "StandardOutput.h"
 
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -20,9 +21,6 @@ namespace {
 
 [[noreturn]] void throwWriteFailed(const QString& path, const QString& reason)
 {
-    if (isStandardStream(path))
-        throw HostError(ExitCode::WriteFailed, QStringLiteral("standard output"), reason,
-            QStringLiteral("check where it leads"));
     throw HostError(ExitCode::WriteFailed, path, reason,
         QStringLiteral("make room on the disk or choose another folder"));
 }
@@ -114,25 +112,17 @@ void OutputFile::write(const QByteArray& bytes)
 {
     if (isStandardStream(name))
         forStream += bytes;
-    else
-        writeTo(file, bytes);
-}
-
-// A disk that fills up shortens what is written, and only then refuses to write.
-void OutputFile::writeTo(QFile& device, const QByteArray& bytes) const
-{
-    if (device.write(bytes) != bytes.size() || !device.flush())
+    // A disk that fills up shortens what is written, and only then refuses to write.
+    else if (file.write(bytes) != bytes.size() || !file.flush())
         throwWriteFailed(name,
-            device.error() == QFileDevice::NoError ? QStringLiteral("no room left")
-                                                   : device.errorString());
+            file.error() == QFileDevice::NoError ? QStringLiteral("no room left")
+                                                 : file.errorString());
 }
 
 void OutputFile::commit(bool mayReplace)
 {
     if (isStandardStream(name)) {
-        QFile stream;
-        stream.open(stdout, QIODevice::WriteOnly | QIODevice::Unbuffered);
-        writeTo(stream, forStream);
+        writeOutput(forStream);
         return;
     }
     if (fsync(file.handle()) != 0)

@@ -42,7 +42,6 @@ public:
 
 private:
     bool takeName(bool mayReplace);
-    void writeTo(QFile& device, const QByteArray& bytes) const;
 
     QString name;
     QString target; ///< what a link of that name leads to

@@ -15,20 +15,36 @@ namespace host {
 
 namespace {
 
-const QRegularExpression& places()
+// Any of the places.
+const QRegularExpression& placePattern()
 {
-    static const QRegularExpression pattern(QStringLiteral(R"(\{(dir|stem|ratio|ext)\})"));
+    static const QRegularExpression pattern = [] {
+        QStringList names;
+        for (const Explanation& place : OutputName::places())
+            names.append(QRegularExpression::escape(place.name));
+        return QRegularExpression(names.join(QLatin1Char('|')));
+    }();
     return pattern;
 }
 
 } // namespace
+
+QVector<Explanation> OutputName::places()
+{
+    return { { QStringLiteral("{dir}"), QStringLiteral("the folder that the picture is in") },
+        { QStringLiteral("{stem}"), QStringLiteral("the picture's name without its suffix") },
+        { QStringLiteral("{ratio}"),
+            QStringLiteral("the shape of the crop, such as 16x9; not in the name of a map") },
+        { QStringLiteral("{ext}"),
+            QStringLiteral("the suffix, of the picture's name or as --format says") } };
+}
 
 OutputName::OutputName(const QString& pattern, Of owner)
     : text(pattern)
 {
     const bool isOfCrop = owner == Of::Crop;
     const bool hasOtherBraces
-        = QString(text).remove(places()).contains(QRegularExpression(QStringLiteral("[{}]")));
+        = QString(text).remove(placePattern()).contains(QRegularExpression(QStringLiteral("[{}]")));
     if (hasOtherBraces || (!isOfCrop && text.contains(QLatin1String("{ratio}"))))
         throw HostError(ExitCode::Usage,
             QStringLiteral("%1 %2").arg(
@@ -42,15 +58,15 @@ QString OutputName::nameFor(
     const QString& input, const CropShape& shape, const QString& suffix) const
 {
     const QFileInfo info(input);
-    const QHash<QString, QString> values { { QStringLiteral("dir"), info.path() },
-        { QStringLiteral("stem"), info.completeBaseName() },
-        { QStringLiteral("ext"), suffix.isEmpty() ? info.suffix() : suffix },
-        { QStringLiteral("ratio"), shape.fileName() } };
+    const QHash<QString, QString> values { { QStringLiteral("{dir}"), info.path() },
+        { QStringLiteral("{stem}"), info.completeBaseName() },
+        { QStringLiteral("{ext}"), suffix.isEmpty() ? info.suffix() : suffix },
+        { QStringLiteral("{ratio}"), shape.fileName() } };
     QString name;
     int done = 0;
-    for (auto found = places().globalMatch(text); found.hasNext();) {
+    for (auto found = placePattern().globalMatch(text); found.hasNext();) {
         const QRegularExpressionMatch place = found.next();
-        name += text.midRef(done, place.capturedStart() - done) + values.value(place.captured(1));
+        name += text.midRef(done, place.capturedStart() - done) + values.value(place.captured());
         done = place.capturedEnd();
     }
     return name + text.midRef(done);
@@ -62,9 +78,9 @@ QString OutputName::folderFor(const QString& input) const
     QString begin = text;
     if (begin.startsWith(directory))
         begin.replace(0, directory.size(), QFileInfo(input).path());
-    else if (!begin.contains(places()))
+    else if (!begin.contains(placePattern()))
         return QFileInfo(begin).path();
-    const QString folder = QFileInfo(begin.left(begin.indexOf(places()))).path();
+    const QString folder = QFileInfo(begin.left(begin.indexOf(placePattern()))).path();
     return folder.isEmpty() ? QStringLiteral(".") : folder;
 }
 
@@ -85,6 +101,6 @@ bool isWithin(const QString& folder, const QString& path)
     return inner.startsWith(outer.endsWith(QLatin1Char('/')) ? outer : outer + QLatin1Char('/'));
 }
 
-bool OutputName::hasPlaces() const { return text.contains(places()); }
+bool OutputName::hasPlaces() const { return text.contains(placePattern()); }
 
 } // namespace host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CropShape.h"
+#include "Explanation.h"
 
 #include <QString>
 
@@ -16,6 +17,9 @@ public:
 
     /// \throws HostError when \a pattern has a place of another name, or an unmatched brace.
     explicit OutputName(const QString& pattern, Of owner = Of::Crop);
+
+    /// The places, and what they stand for.
+    static QVector<Explanation> places();
 
     /// The name for a crop of \a shape of the picture at \a input.
     /// \param suffix what {ext} stands for; empty: that of the picture.

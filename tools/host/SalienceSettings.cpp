@@ -1,6 +1,7 @@
 #include "SalienceSettings.h"
 
 #include "HostError.h"
+#include "Suggestion.h"
 
 #include <algorithm>
 #include <array>
@@ -13,32 +14,38 @@ using HistogramTuning = VXCropSettings::HistogramTuning;
 
 struct Preset {
     const char* name;
+    const char* text;
     VXCropSettings (*settings)();
 };
 
 constexpr std::array<Preset, 2> presets { {
-    { "photo", VXCropSettings::photo },
-    { "library", VXCropSettings::library },
+    { "photo", "for photographs: what differs from what the border shows", VXCropSettings::photo },
+    { "library", "the weights that the library's own blend of four methods comes with",
+        VXCropSettings::library },
 } };
 
 template <typename Value> struct Setting {
     const char* name;
+    const char* text;
     Value HistogramTuning::*value;
     Value least;
     Value most;
 };
 
 constexpr std::array<Setting<int>, 4> wholeSettings { {
-    { "bins1", &HistogramTuning::bins1, 1, 256 },
-    { "bins2", &HistogramTuning::bins2, 1, 256 },
-    { "columns", &HistogramTuning::columns, 1, 100 },
-    { "rows", &HistogramTuning::rows, 1, 100 },
+    { "bins1", "bins of the blue difference, the first channel", &HistogramTuning::bins1, 1, 256 },
+    { "bins2", "bins of the red difference, the second channel", &HistogramTuning::bins2, 1, 256 },
+    { "columns", "blocks across the picture", &HistogramTuning::columns, 1, 100 },
+    { "rows", "blocks down the picture", &HistogramTuning::rows, 1, 100 },
 } };
 
 constexpr std::array<Setting<double>, 3> realSettings { {
-    { "threshold", &HistogramTuning::threshold, 0.0, 1e6 },
-    { "min-width", &HistogramTuning::minWidth, 0.0, 1.0 },
-    { "min-height", &HistogramTuning::minHeight, 0.0, 1.0 },
+    { "threshold", "up to which difference blocks are merged", &HistogramTuning::threshold, 0.0,
+        1e6 },
+    { "min-width", "least width of a region that counts, as a share of the picture",
+        &HistogramTuning::minWidth, 0.0, 1.0 },
+    { "min-height", "least height of a region that counts, as a share of the picture",
+        &HistogramTuning::minHeight, 0.0, 1.0 },
 } };
 
 // "name=value", taken apart at the sign.
@@ -60,13 +67,20 @@ double numberIn(const QString& text, bool& isNumber, double /*kind*/)
     return text.toDouble(&isNumber);
 }
 
+// The entry of that name; none when the table has none.
+template <typename Table> auto find(const Table& table, const QString& name)
+{
+    const auto found = std::find_if(table.begin(), table.end(),
+        [&](const auto& entry) { return name == QLatin1String(entry.name); });
+    return found == table.end() ? nullptr : &*found;
+}
+
 // Nothing when the name is not in the table.
 template <typename Table>
 bool assign(const Table& table, const Assignment& assignment, HistogramTuning& tuning)
 {
-    const auto found = std::find_if(table.begin(), table.end(),
-        [&](const auto& setting) { return assignment.name == QLatin1String(setting.name); });
-    if (found == table.end())
+    const auto* const found = find(table, assignment.name);
+    if (found == nullptr)
         return false;
     bool isNumber = false;
     const auto value = numberIn(assignment.value, isNumber, found->least);
@@ -87,6 +101,18 @@ template <typename Table> QStringList namesIn(const Table& table)
     for (const auto& entry : table)
         names.append(QLatin1String(entry.name));
     return names;
+}
+
+template <typename Table> QVector<Explanation> explained(const Table& settings)
+{
+    const auto number = [](double value) { return QString::number(value, 'g', 7); };
+    QVector<Explanation> explanations;
+    for (const auto& setting : settings)
+        explanations.append({ QLatin1String(setting.name),
+            QStringLiteral("%1, %2 to %3 (default: %4)")
+                .arg(QLatin1String(setting.text), number(setting.least), number(setting.most),
+                    number(HistogramTuning().*setting.value)) });
+    return explanations;
 }
 
 bool haveSameWeights(const VXCropSettings& one, const VXCropSettings& other)
@@ -131,16 +157,34 @@ template <typename Table> QStringList changesOf(const Table& table, const Histog
 
 VXCropSettings presetCalled(const QString& name)
 {
-    for (const Preset& preset : presets) {
-        if (name == QLatin1String(preset.name))
-            return preset.settings();
-    }
+    if (const Preset* const preset = find(presets, name))
+        return preset->settings();
     throw HostError(ExitCode::Usage, QStringLiteral("--preset %1").arg(name),
-        QStringLiteral("no such preset"),
-        QStringLiteral("choose %1").arg(presetNames().join(QStringLiteral(" or "))));
+        QStringLiteral("no such preset"), suggestion(name, presetNames()));
 }
 
 QStringList presetNames() { return namesIn(presets); }
+
+QVector<Explanation> explainedPresets()
+{
+    QVector<Explanation> explanations;
+    for (const Preset& preset : presets)
+        explanations.append({ QLatin1String(preset.name), QLatin1String(preset.text) });
+    return explanations;
+}
+
+QVector<Explanation> explainedMethods()
+{
+    QVector<Explanation> explanations;
+    for (const VXCropSettings::Method& method : VXCropSettings::methods())
+        explanations.append({ QLatin1String(method.name), QLatin1String(method.finds) });
+    return explanations;
+}
+
+QVector<Explanation> explainedTunings()
+{
+    return explained(wholeSettings) + explained(realSettings);
+}
 
 VXCropSettings withoutMethods()
 {
@@ -152,21 +196,20 @@ VXCropSettings withoutMethods()
 
 void setWeight(VXCropSettings& settings, const QString& text)
 {
-    constexpr int mostWeight = 1000;
     const Assignment assignment(text);
+    const VXCropSettings::Method* const method = find(VXCropSettings::methods(), assignment.name);
+    const QString subject = QStringLiteral("--weight %1").arg(text);
+    if (method == nullptr)
+        throw HostError(ExitCode::Usage, subject, QStringLiteral("no such method"),
+            suggestion(assignment.name, namesIn(VXCropSettings::methods())));
+    constexpr int mostWeight = 1000;
     bool isNumber = false;
     const int weight = assignment.value.toInt(&isNumber);
-    for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
-        const bool isMeant = assignment.name == QLatin1String(method.name);
-        if (isMeant && isNumber && weight >= -mostWeight && weight <= mostWeight) {
-            settings.*method.weight = weight;
-            return;
-        }
-    }
-    throw HostError(ExitCode::Usage, QStringLiteral("--weight %1").arg(text),
-        QStringLiteral("not a method and a weight from -1000 to 1000"),
-        QStringLiteral("write one such as gauss=20, of %1")
-            .arg(namesIn(VXCropSettings::methods()).join(QStringLiteral(", "))));
+    if (!isNumber || weight < -mostWeight || weight > mostWeight)
+        throw HostError(ExitCode::Usage, subject,
+            QStringLiteral("not a weight from %1 to %2").arg(-mostWeight).arg(mostWeight),
+            QStringLiteral("write one, such as %1=20").arg(assignment.name));
+    settings.*method->weight = weight;
 }
 
 void tune(VXCropSettings& settings, const QString& text)
@@ -177,8 +220,7 @@ void tune(VXCropSettings& settings, const QString& text)
     if (!isKnown)
         throw HostError(ExitCode::Usage, QStringLiteral("--tune %1").arg(text),
             QStringLiteral("the histogram method has no such setting"),
-            QStringLiteral("write one such as bins1=32, of %1")
-                .arg((namesIn(wholeSettings) + namesIn(realSettings)).join(QStringLiteral(", "))));
+            suggestion(assignment.name, namesIn(wholeSettings) + namesIn(realSettings)));
 }
 
 QString textOf(const VXCropSettings& settings)

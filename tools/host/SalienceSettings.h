@@ -1,9 +1,12 @@
 #pragma once
 
+#include "Explanation.h"
+
 #include <VXCrop/VXCropSettings.h>
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 /// \file
 /// How a picture is analysed, as text.
@@ -16,6 +19,11 @@ VXCropSettings presetCalled(const QString& name);
 
 /// "photo", the default, and "library".
 QStringList presetNames();
+
+/// What the presets are for, the methods find and the settings of the histogram method do.
+QVector<Explanation> explainedPresets();
+QVector<Explanation> explainedMethods();
+QVector<Explanation> explainedTunings();
 
 /// Settings with every method off.
 VXCropSettings withoutMethods();

@@ -3,6 +3,7 @@
 #include "Interruption.h"
 
 #include "host/FileName.h"
+#include "host/StandardOutput.h"
 
 #include <QElapsedTimer>
 
@@ -21,7 +22,7 @@ void requireSensible(const BatchArguments& arguments)
     if (arguments.folder.empty() == arguments.from.empty())
         throw HostError(ExitCode::Usage, QStringLiteral("batch"),
             QStringLiteral("wants a folder or a list, and not both"),
-            QStringLiteral("name a folder, or add --from FILE; see vxroi batch --help"));
+            QStringLiteral("name a folder, or add --from FILE"));
     if (arguments.crop.output == "-")
         throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
             QStringLiteral("standard output is for records"),
@@ -41,6 +42,13 @@ std::unique_ptr<Inputs> inputsOf(const BatchArguments& arguments)
             pathFrom(arguments.from), arguments.nulSeparated, shard);
     return std::make_unique<FolderInputs>(
         pathFrom(arguments.folder), arguments.recursive, shard, arguments.crop);
+}
+
+std::optional<RecordFile> recordsOf(const BatchArguments& arguments)
+{
+    if (arguments.resume.empty())
+        return std::nullopt;
+    return std::optional<RecordFile>(std::in_place, pathFrom(arguments.resume));
 }
 
 TaskPlan planOf(const BatchArguments& arguments)
@@ -70,16 +78,16 @@ std::string problemOf(const QString& place, const HostError& failure)
 Batch::Batch(const BatchArguments& arguments)
     : inputs(inputsOf(arguments))
     , plan(planOf(arguments))
-    , records(pathFrom(arguments.resume))
-    , ownOutputs(pathFrom(arguments.resume), records.earlier())
+    , records(recordsOf(arguments))
     , rules(rulesOf(arguments))
     , cropper(rules, arguments.analysis.maxPixels)
+    , printer(arguments.printer)
     , progress(inputs->count(), arguments.quiet)
     , isEndless(arguments.from == "-")
     , work(arguments.jobs > 0 ? arguments.jobs : defaultWorkerCount(), [this] { wakeup.notify(); })
 {
-    if (rules.isResumed)
-        resumption.emplace(*records.earlier(), ownOutputs, retryCalled(arguments.retry), rules);
+    if (records)
+        resumption.emplace(records->earlier(), *ownOutputs, retryCalled(arguments.retry), rules);
     if (!arguments.timings.empty())
         timings.emplace(pathFrom(arguments.timings));
 }
@@ -87,9 +95,12 @@ Batch::Batch(const BatchArguments& arguments)
 host::CropRules Batch::rulesOf(const BatchArguments& arguments)
 {
     host::CropRules ofRun = arguments.crop.rules(arguments.analysis);
-    ofRun.isResumed = records.earlier() != nullptr;
-    ofRun.journal = ofRun.isResumed ? &ownOutputs : nullptr;
     ofRun.knownBy = arguments.checksum ? host::KnownBy::Checksum : host::KnownBy::Time;
+    if (records) {
+        ownOutputs.emplace(pathFrom(arguments.resume), records->earlier());
+        ofRun.isResumed = true;
+        ofRun.journal = &*ownOutputs;
+    }
     return ofRun;
 }
 
@@ -114,9 +125,9 @@ void Batch::finishRecords()
 {
     if (!isResumed())
         return;
-    const QStringList former = records.formerOutputs();
-    records.finish();
-    ownOutputs.finish(former, namedOutputs);
+    const QStringList former = records->formerOutputs();
+    records->finish();
+    ownOutputs->finish(former, namedOutputs);
 }
 
 // Answers come first, so that whoever waits for one before the next input gets it.
@@ -136,8 +147,8 @@ void Batch::begin(const Input& input)
     while (isEndless && !claims.areFree(planned))
         finishOne();
     claims.claim(planned);
-    if (rules.isResumed)
-        records.earlier()->see(input.path);
+    if (isResumed())
+        records->earlier().see(input.path);
     filesInWork.push_back(planned.files);
     work.begin([this, planned = std::move(planned)]() -> std::optional<Answer> {
         if (Interruption::isRequested())
@@ -161,7 +172,8 @@ Batch::Answer Batch::answer(const PlannedTask& planned)
     }
     task.ownOutputs = earlier.ownOutputs;
     const CropRecord record = cropper.crop(task);
-    answer.record = record.toJson();
+    answer.record = record.toJson() + '\n';
+    answer.printed = printer.linesOf(record);
     answer.outputs = record.writtenOutputs();
     answer.outcome = earlier.hasFailed ? Outcome::Retried : Outcome::Done;
     if (record.failure) {
@@ -181,20 +193,28 @@ void Batch::finishOne()
     wasCutShort = wasCutShort || !answer;
     if (wasCutShort)
         return;
-    if (answer->record.isEmpty())
-        records.keep(answer->kept);
-    else
-        records.write(answer->record);
-    if (isResumed())
-        namedOutputs += QSet<QString>(answer->outputs.begin(), answer->outputs.end());
+    write(*answer);
     if (timings && !answer->record.isEmpty())
         timings->write(answer->path, answer->seconds);
     progress.add(answer->outcome, answer->problem);
 }
 
+void Batch::write(const Answer& answer)
+{
+    if (!isResumed() || printer.isAsked())
+        host::writeOutput(answer.printed);
+    if (!isResumed())
+        return;
+    if (answer.record.isEmpty())
+        records->keep(answer.kept);
+    else
+        records->write(answer.record);
+    namedOutputs += QSet<QString>(answer.outputs.begin(), answer.outputs.end());
+}
+
 void Batch::sayWhatIsDamaged()
 {
-    const qint64 bytes = isResumed() ? records.earlier()->damagedBytes() : 0;
+    const qint64 bytes = isResumed() ? records->earlier().damagedBytes() : 0;
     if (bytes > 0)
         progress.say("vxroi: the records were damaged by a crash: " + std::to_string(bytes)
             + " bytes are left out\n");
@@ -202,7 +222,7 @@ void Batch::sayWhatIsDamaged()
 
 void Batch::sayHowItWent()
 {
-    const qint64 dropped = isResumed() ? records.earlier()->unseenCount() : -1;
+    const qint64 dropped = isResumed() ? records->earlier().unseenCount() : -1;
     if (progress.count() == 0 && dropped <= 0)
         progress.say("vxroi: " + host::bytesOfName(inputs->name()).toStdString()
             + ": there is nothing to do\n");

@@ -34,18 +34,20 @@ private:
         QString path;
         std::string problem = {}; ///< empty: none
         Outcome outcome = Outcome::Done;
-        QByteArray record = {}; ///< empty: that of an earlier run stands
+        QByteArray record = {}; ///< a line; empty: that of an earlier run stands
         RecordPlace kept = {};
+        QByteArray printed = {}; ///< lines for standard output
         QStringList outputs = {}; ///< that its record names
         double seconds = 0;
     };
 
-    bool isResumed() const { return resumption.has_value(); }
+    bool isResumed() const { return records.has_value(); }
     host::CropRules rulesOf(const BatchArguments& arguments);
     void step();
     void begin(const Input& input);
     Answer answer(const PlannedTask& planned);
     void finishOne();
+    void write(const Answer& answer);
     void finishRecords();
     void sayWhatIsDamaged();
     void sayHowItWent();
@@ -54,12 +56,13 @@ private:
     const std::unique_ptr<Inputs> inputs;
     const TaskPlan plan;
     OutputClaims claims;
-    RecordFile records;
-    OwnOutputs ownOutputs;
+    std::optional<RecordFile> records; ///< none: they go to standard output
+    std::optional<OwnOutputs> ownOutputs;
     const host::CropRules rules;
     host::Cropper cropper;
     std::optional<Resumption> resumption;
     std::optional<TimingsFile> timings;
+    const RecordPrinter printer;
     Progress progress;
     const bool
         isEndless; ///< inputs come one after the other: outputs of the past are not remembered

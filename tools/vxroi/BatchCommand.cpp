@@ -1,6 +1,7 @@
 #include "BatchCommand.h"
 
 #include "Batch.h"
+#include "Checks.h"
 
 #include <CLI/CLI.hpp>
 
@@ -36,7 +37,7 @@ void addBatchCommand(CLI::App& app, BatchArguments& arguments, host::ExitCode& e
             "which failures of an earlier run are tried again: those from outside, such as a full "
             "disk, all or none")
         ->type_name("WHICH")
-        ->check(CLI::IsMember({ "outside", "all", "none" }))
+        ->check(oneOf({ "outside", "all", "none" }))
         ->capture_default_str()
         ->needs(resume);
     batch->add_flag("--checksum", arguments.checksum,
@@ -52,8 +53,9 @@ void addBatchCommand(CLI::App& app, BatchArguments& arguments, host::ExitCode& e
     batch
         ->add_option("-j,--jobs", arguments.jobs, "pictures at a time (default: one for each core)")
         ->type_name("N")
-        ->check(CLI::Range(1, 1024));
-    batch->add_flag("-q,--quiet", arguments.quiet, "say nothing about progress and failures");
+        ->check(wholeNumber(1, 1024));
+    arguments.printer.addTo(*batch);
+    addQuietOption(*batch, arguments.quiet);
     arguments.analysis.addTo(*batch);
     batch->callback([&] { exitCode = runBatch(arguments); });
 }

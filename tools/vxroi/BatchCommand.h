@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Options.h"
+#include "RecordPrinter.h"
 
 #include <string>
 
@@ -20,6 +21,7 @@ struct BatchArguments {
     std::string timings; ///< empty: nobody wants to know
     int jobs = 0; ///< 0: one for each core
     bool quiet = false;
+    RecordPrinter printer { RecordPrinter::UnlessAsked::Json };
     CropOptions crop;
     AnalysisOptions analysis;
 };

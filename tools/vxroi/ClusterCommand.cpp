@@ -5,7 +5,9 @@
 
 #include "host/Analysis.h"
 #include "host/CellGrid.h"
+#include "host/HostError.h"
 #include "host/Json.h"
+#include "host/StandardOutput.h"
 #include "host/picture/PictureFile.h"
 
 #include <CLI/CLI.hpp>
@@ -14,11 +16,12 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <iostream>
-
 namespace vxroi {
 
 namespace {
+
+using host::ExitCode;
+using host::HostError;
 
 QJsonObject jsonOf(const host::GridCell& cell)
 {
@@ -27,48 +30,67 @@ QJsonObject jsonOf(const host::GridCell& cell)
         { QStringLiteral("level"), cell.level } };
 }
 
+// One line.
+QByteArray tableOf(
+    const host::CellGrid& rated, const QSize& grid, const QString& path, const QSize& picture)
+{
+    QJsonArray cells;
+    for (const host::GridCell& cell : rated.cells)
+        cells.append(jsonOf(cell));
+    const QJsonObject table { { QStringLiteral("path"), path },
+        { QStringLiteral("oriented"), host::jsonOf(picture) },
+        { QStringLiteral("columns"), grid.width() }, { QStringLiteral("rows"), grid.height() },
+        { QStringLiteral("cells"), cells } };
+    return QJsonDocument(table).toJson(QJsonDocument::Compact) + '\n';
+}
+
+void requireOutput(const ClusterArguments& arguments)
+{
+    if (!arguments.json && arguments.output.empty())
+        throw HostError(ExitCode::Usage, QStringLiteral("cluster"),
+            QStringLiteral("no output is named"), QStringLiteral("add --json or --output"));
+    if (!arguments.output.empty())
+        requirePng(pathFrom(arguments.output));
+}
+
 } // namespace
 
 void runCluster(const ClusterArguments& arguments)
 {
+    requireOutput(arguments);
     const QString input = pathFrom(arguments.picture);
-    const QString output = pathFrom(arguments.output);
     const QSize grid = host::parseGrid(QString::fromStdString(arguments.grid));
     const host::AnalysisRules rules = arguments.analysis.rules();
-    if (!output.isEmpty())
-        requirePng(output);
 
     startWorkerThreads();
     host::PictureFile picture(input, rules.reading);
     const QImage map = host::analysisOf(picture, rules.salience).map();
     const host::CellGrid rated = host::rateCells(map, picture.orientedSize(), grid);
-    if (!output.isEmpty()) {
+    if (!arguments.output.empty()) {
         OutputFiles files(input, arguments.ifExists);
-        files.add(rated.picture, output);
+        files.add(rated.picture, pathFrom(arguments.output));
         files.commit();
     }
-
-    QJsonArray cells;
-    for (const host::GridCell& cell : rated.cells)
-        cells.append(jsonOf(cell));
-    const QJsonObject table { { QStringLiteral("path"), input },
-        { QStringLiteral("oriented"), host::jsonOf(picture.orientedSize()) },
-        { QStringLiteral("columns"), grid.width() }, { QStringLiteral("rows"), grid.height() },
-        { QStringLiteral("cells"), cells } };
-    std::cout << QJsonDocument(table).toJson(QJsonDocument::Compact).constData() << '\n';
+    if (arguments.json)
+        host::writeOutput(tableOf(rated, grid, input, picture.orientedSize()));
+    if (!arguments.quiet)
+        for (const QString& warning : picture.warnings())
+            host::writeWarning(input, warning);
 }
 
 void addClusterCommand(CLI::App& app, ClusterArguments& arguments)
 {
-    CLI::App* const cluster = app.add_subcommand(
-        "cluster", "Print how salient each cell of a grid over a picture is, as JSON");
+    CLI::App* const cluster
+        = app.add_subcommand("cluster", "Say how salient each cell of a grid over a picture is");
     cluster->add_option("PICTURE", arguments.picture, "the picture file to read")->required();
     cluster->add_option("--grid", arguments.grid, "columns and rows of the grid")
         ->type_name("CxR")
         ->capture_default_str();
+    cluster->add_flag("--json", arguments.json, "print the cells as a table, as JSON");
     cluster->add_option("-o,--output", arguments.output, "paint the cells into this PNG file")
         ->type_name("FILE");
     addIfExistsOption(*cluster, arguments.ifExists);
+    addQuietOption(*cluster, arguments.quiet);
     arguments.analysis.addTo(*cluster);
     cluster->callback([&arguments] { runCluster(arguments); });
 }

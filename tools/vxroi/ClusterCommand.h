@@ -10,16 +10,18 @@ namespace vxroi {
 struct ClusterArguments {
     std::string picture;
     std::string grid = "12x8";
+    bool json = false; ///< print the cells as a table
     std::string output; ///< empty: write no picture of the cells
     std::string ifExists = "fail";
+    bool quiet = false;
     AnalysisOptions analysis;
 };
 
 /// Adds the command to the program's; its callback runs it.
 void addClusterCommand(CLI::App& app, ClusterArguments& arguments);
 
-/// Prints how salient each cell of a grid over the picture is, as one line of JSON, and writes the
-/// cells as a picture when an output is named.
+/// Says how salient each cell of a grid over the picture is: as one line of JSON, as a picture of the
+/// cells, or both.
 /// \throws host::HostError
 void runCluster(const ClusterArguments& arguments);
 

@@ -6,14 +6,16 @@
 #include "MapCommand.h"
 #include "MergeCommand.h"
 #include "ReportCommand.h"
+#include "WrongCommandLine.h"
 #include "host/FileName.h"
 #include "host/StandardError.h"
+#include "host/StandardOutput.h"
 
 #include <CLI/CLI.hpp>
 
 #include <exception>
-#include <iostream>
 #include <new>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -28,22 +30,25 @@ const char* const exitCodes
     = R"(Exit codes: 0 done, 1 some of several pictures failed, 64 wrong command line,
 65 the file is no picture or a damaged one, 66 no such file,
 70 no memory, no threads or an internal error, 73 the output cannot be created,
-74 writing failed, 130 interrupted.)";
+74 writing failed, 130 interrupted, 141 nobody reads standard output any more.)";
 
-ExitCode fail(ExitCode code, const std::string& line)
+ExitCode fail(ExitCode code, const QString& line)
 {
-    host::writeError("vxroi: " + line + '\n');
+    host::writeError("vxroi: " + host::bytesOfName(host::onOneLine(line)).toStdString() + '\n');
     return code;
 }
 
-ExitCode reportParseError(const CLI::App& app, const CLI::ParseError& error)
+ExitCode failAsWrong(const CLI::App& app, const QString& complaint)
 {
-    if (error.get_exit_code() == 0) { // --help and --version arrive as errors of code 0
-        app.exit(error);
-        return ExitCode::Success;
-    }
-    const QString line = host::onOneLine(host::textOfName(error.what()));
-    return fail(ExitCode::Usage, host::bytesOfName(line).toStdString() + "; see vxroi --help");
+    return fail(ExitCode::Usage, withHelp(complaint, app));
+}
+
+// --help and --version arrive as errors, too.
+void printAnswer(const CLI::App& app, const CLI::Success& wish)
+{
+    std::ostringstream answer;
+    app.exit(wish, answer);
+    host::writeOutput(QByteArray::fromStdString(answer.str()));
 }
 
 // The arguments, last first, as the parser takes them. It would take "[a,b]" apart as a list;
@@ -84,20 +89,26 @@ try {
 
     try {
         app.parse(reversedArguments(argc, argv));
+    } catch (const CLI::Success& wish) {
+        printAnswer(app, wish);
     } catch (const CLI::ParseError& error) {
-        exitCode = reportParseError(app, error);
+        return failAsWrong(app, complaintOf(app, error));
+    } catch (const HostError& error) {
+        if (error.code() == ExitCode::Usage)
+            return failAsWrong(app, pathFrom(error.what()));
+        throw;
     }
-    if (!std::cout.flush())
-        throw HostError(ExitCode::WriteFailed, QStringLiteral("standard output"),
-            QStringLiteral("cannot be written"), QStringLiteral("check where it leads"));
     return exitCode;
 } catch (const HostError& error) {
-    return fail(error.code(), error.what());
+    // As a program that a signal ended: who closed the pipe has what it wanted.
+    return error.code() == ExitCode::ClosedPipe ? error.code()
+                                                : fail(error.code(), pathFrom(error.what()));
 } catch (const std::bad_alloc&) {
     host::writeError(host::noMemoryLine);
     return ExitCode::Internal;
 } catch (const std::exception& error) {
-    return fail(ExitCode::Internal, error.what() + std::string("; please report this"));
+    return fail(
+        ExitCode::Internal, pathFrom(error.what()) + QStringLiteral("; please report this"));
 }
 
 } // namespace vxroi

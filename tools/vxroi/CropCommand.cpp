@@ -2,61 +2,32 @@
 
 #include "Tasks.h"
 #include "WorkerThreads.h"
-#include "host/CropWindow.h"
-#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardError.h"
+#include "host/StandardOutput.h"
 
 #include <CLI/CLI.hpp>
 
-#include <iostream>
-
 namespace vxroi {
+
+using host::CropRecord;
+using host::ExitCode;
+using host::HostError;
 
 namespace {
 
-using host::CropRecord;
-using host::CropResult;
-using host::ExitCode;
-
-// Where a picture that fills a box of the window's shape must lie in it to show the window.
-QString objectPositionOf(const QRect& window, const QSize& picture)
+// What there is to say of one picture among several.
+void complainOf(const CropRecord& record)
 {
-    const auto percent = [](int start, int room) {
-        return QString::number(room == 0 ? 50.0 : 100.0 * start / room, 'f', 2);
-    };
-    return QStringLiteral("object-position: %1% %2%")
-        .arg(percent(window.x(), picture.width() - window.width()),
-            percent(window.y(), picture.height() - window.height()));
-}
-
-// Both shares of the picture, as --focus takes them.
-QString focusOf(const VXCropWindow& chosen)
-{
-    return QStringLiteral("%1,%2")
-        .arg(chosen.focus.x(), 0, 'f', 4)
-        .arg(chosen.focus.y(), 0, 'f', 4);
-}
-
-QString lineOf(const VXCropWindow& chosen, const QSize& picture, const std::string& emitted)
-{
-    if (emitted == "css")
-        return objectPositionOf(chosen.window, picture);
-    return emitted == "focus" ? focusOf(chosen) : host::geometryOf(chosen.window);
-}
-
-void print(const CropRecord& record, const CropArguments& arguments, bool isOnlyLine)
-{
-    if (arguments.json) {
-        std::cout << record.toJson().constData() << '\n';
+    if (record.failure) {
+        host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
         return;
     }
-    for (const CropResult& crop : record.crops) {
-        const QString line = lineOf(crop.chosen, record.oriented, arguments.emit);
-        if (!isOnlyLine)
-            std::cout << host::bytesOfName(host::onOneLine(record.path)).toStdString() << '\t'
-                      << crop.shape.toStdString() << '\t';
-        std::cout << line.toStdString() << '\n';
+    for (const QString& warning : record.warnings)
+        host::writeWarning(record.path, warning);
+    for (const host::CropResult& crop : record.crops) {
+        if (crop.written == host::Written::Skipped)
+            host::writeWarning(crop.outputPath, QStringLiteral("already exists, and is skipped"));
     }
 }
 
@@ -65,8 +36,8 @@ void print(const CropRecord& record, const CropArguments& arguments, bool isOnly
 host::ExitCode runCrop(const CropArguments& arguments)
 {
     const bool isStreamTaken = arguments.crop.output == "-";
-    if (isStreamTaken && arguments.json)
-        throw host::HostError(ExitCode::Usage, QStringLiteral("--output -"),
+    if (isStreamTaken && arguments.printer.isJsonWanted())
+        throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
             QStringLiteral("standard output is for the record"),
             QStringLiteral("name a file, or leave --json out"));
     const TaskPlan plan(arguments.crop, arguments.analysis);
@@ -81,15 +52,12 @@ host::ExitCode runCrop(const CropArguments& arguments)
         PlannedTask planned = plan.plan({ pathFrom(picture) });
         claims.claim(planned);
         const CropRecord record = cropper.crop(planned.task);
-        if (arguments.json || !(record.failure || isStreamTaken))
-            print(record, arguments, isOnlyLine);
-        if (record.failure && isOnlyPicture)
-            throw host::HostError(*record.failure);
-        if (record.failure)
-            host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
-        else
-            for (const QString& warning : record.warnings)
-                host::writeWarning(record.path, warning);
+        if (arguments.printer.isJsonWanted() || !(record.failure || isStreamTaken))
+            host::writeOutput(arguments.printer.linesOf(record, isOnlyLine));
+        if (record.failure && (isOnlyPicture || record.failure->code() == ExitCode::ClosedPipe))
+            throw HostError(*record.failure);
+        if (!arguments.quiet)
+            complainOf(record);
         hasFailed = hasFailed || record.failure;
     }
     return hasFailed ? ExitCode::SomeFailed : ExitCode::Success;
@@ -103,14 +71,8 @@ void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exi
             "PICTURE", arguments.pictures, "the picture files to read; - is standard input")
         ->required();
     arguments.crop.addTo(*crop);
-    crop->add_flag("--json", arguments.json, "print one record for each picture, as JSON");
-    crop->add_option("--emit", arguments.emit,
-            "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or their "
-            "focus, "
-            "FX,FY")
-        ->type_name("WHAT")
-        ->check(CLI::IsMember({ "geometry", "css", "focus" }))
-        ->capture_default_str();
+    arguments.printer.addTo(*crop);
+    addQuietOption(*crop, arguments.quiet);
     arguments.analysis.addTo(*crop);
     crop->callback([&] { exitCode = runCrop(arguments); });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Options.h"
+#include "RecordPrinter.h"
 
 #include <string>
 #include <vector>
@@ -12,8 +13,8 @@ struct CropArguments {
     std::vector<std::string> pictures;
     CropOptions crop;
     AnalysisOptions analysis;
-    bool json = false;
-    std::string emit = "geometry";
+    RecordPrinter printer { RecordPrinter::UnlessAsked::Geometry };
+    bool quiet = false;
 };
 
 /// Adds the command to the program's; its callback runs it and sets \a exitCode.

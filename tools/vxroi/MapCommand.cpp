@@ -48,7 +48,7 @@ struct MapOutputs {
         if (map.isEmpty() && overlay.isEmpty() && folder.isEmpty())
             throw HostError(ExitCode::Usage, QStringLiteral("map"),
                 QStringLiteral("no output is named"),
-                QStringLiteral("add --output, --overlay or --per-method; see vxroi map --help"));
+                QStringLiteral("add --output, --overlay or --per-method"));
         if (!map.isEmpty() && !host::isStandardStream(map))
             requirePng(map);
     }
@@ -98,8 +98,9 @@ void runMap(const MapArguments& arguments)
                 shown(single.map), QStringLiteral("%1/%2.png").arg(outputs.folder, single.method));
     }
     files.commit();
-    for (const QString& warning : warnings + picture.warnings())
-        host::writeWarning(input, warning);
+    if (!arguments.quiet)
+        for (const QString& warning : warnings + picture.warnings())
+            host::writeWarning(input, warning);
 }
 
 void addMapCommand(CLI::App& app, MapArguments& arguments)
@@ -126,6 +127,7 @@ void addMapCommand(CLI::App& app, MapArguments& arguments)
     map->add_flag("--stretch", arguments.stretch,
         "stretch the levels of maps to reach from black to white, for the eye");
     addIfExistsOption(*map, arguments.ifExists);
+    addQuietOption(*map, arguments.quiet);
     arguments.analysis.addTo(*map);
     map->callback([&arguments] { runMap(arguments); });
 }

@@ -19,6 +19,7 @@ struct MapArguments {
     std::string map; ///< a file to take the map from; empty: it is computed
     bool stretch = false; ///< stretch the levels of maps from black to white
     std::string ifExists = "fail";
+    bool quiet = false;
     AnalysisOptions analysis;
 };
 

@@ -50,8 +50,7 @@ void addMergeCommand(CLI::App& app, MergeArguments& arguments, ExitCode& exitCod
         ->check(namesFile())
         ->type_name("FILE");
     addIfExistsOption(*merge, arguments.ifExists);
-    merge->add_flag(
-        "-q,--quiet", arguments.quiet, "say nothing of single pictures, and sum nothing up");
+    addQuietOption(*merge, arguments.quiet);
     merge->callback([&] { exitCode = runMerge(arguments); });
 }
 

@@ -1,5 +1,7 @@
 #include "Options.h"
 
+#include "Checks.h"
+#include "HelpSection.h"
 #include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/OutputName.h"
@@ -51,15 +53,15 @@ QJsonArray jsonOf(const std::vector<std::string>& texts)
     return array;
 }
 
-CLI::Range atLeastOne() { return { qint64 { 1 }, qint64 { 1'000'000'000'000 } }; }
+CLI::Validator atLeastOne() { return wholeNumber(1, 1'000'000'000'000); }
 
 } // namespace
 
 void AnalysisOptions::addTo(CLI::App& command)
 {
     const auto group = [](CLI::Option* option) { option->group("Analysis"); };
-    group(command.add_option("--preset", preset, "which methods count how much: photo or library")
-              ->type_name("NAME")
+    group(command.add_option("--preset", preset, "which methods count how much")
+              ->type_name("PRESET")
               ->capture_default_str());
     group(command.add_option("--weight", weights, "one method's weight, 0 to switch it off")
               ->type_name("METHOD=N")
@@ -81,14 +83,17 @@ void AnalysisOptions::addTo(CLI::App& command)
               ->capture_default_str());
     group(command.add_option("--max-seconds", maxSeconds, "give up a picture that takes longer")
               ->type_name("N")
-              ->check(CLI::Range(1, 1'000'000))
+              ->check(wholeNumber(1, 1'000'000))
               ->capture_default_str());
     group(command
               .add_option("--on-broken", onBroken,
                   "what to do with a damaged picture: error, or warn and use the rest")
               ->type_name("WHAT")
-              ->check(CLI::IsMember({ "error", "warn" }))
+              ->check(oneOf({ "error", "warn" }))
               ->capture_default_str());
+    addHelpSection(command, "Presets", host::explainedPresets());
+    addHelpSection(command, "Methods", host::explainedMethods());
+    addHelpSection(command, "Settings", host::explainedTunings());
 }
 
 host::AnalysisRules AnalysisOptions::rules() const
@@ -108,15 +113,15 @@ void WritingOptions::addTo(CLI::App& command)
     const auto group = [](CLI::Option* option) { option->group("Writing"); };
     group(command.add_option("--format", format, "write this format, whatever the name ends in")
               ->type_name("NAME")
-              ->check(CLI::IsMember(formatNames())));
+              ->check(oneOf(formatNames())));
     group(command.add_option("--quality", quality, "of JPEG, WebP, JPEG XL, AVIF and HEIC")
               ->type_name("N")
-              ->check(CLI::Range(1, 100)));
+              ->check(wholeNumber(1, 100)));
     group(command
               .add_option("--chroma", chroma,
                   "the resolution of colours in JPEG, AVIF and HEIC: full, half, or the source's")
               ->type_name("WHAT")
-              ->check(CLI::IsMember({ "auto", "444", "420" }))
+              ->check(oneOf({ "auto", "444", "420" }))
               ->capture_default_str());
     group(command.add_flag(
         "--progressive", progressive, "write JPEG, PNG and GIF so that they appear coarse first"));
@@ -124,7 +129,7 @@ void WritingOptions::addTo(CLI::App& command)
               .add_option("--metadata", metadata,
                   "what to keep of EXIF, XMP, IPTC and comments: keep, copyright or strip")
               ->type_name("WHAT")
-              ->check(CLI::IsMember({ "keep", "copyright", "strip" }))
+              ->check(oneOf({ "keep", "copyright", "strip" }))
               ->capture_default_str());
     group(command.add_flag("--to-srgb", toSrgb, "convert colours to sRGB, and write no profile"));
     group(command
@@ -199,7 +204,7 @@ void CropOptions::addTo(CLI::App& command)
         ->type_name("FILE");
     command.add_option("--if-exists", ifExists, "what to do with outputs that already exist")
         ->type_name("WHAT")
-        ->check(CLI::IsMember({ "fail", "skip", "overwrite" }))
+        ->check(oneOf({ "fail", "skip", "overwrite" }))
         ->capture_default_str();
     command.add_flag("--upscale", upscale, "enlarge crops that are smaller than --size");
     command
@@ -207,15 +212,16 @@ void CropOptions::addTo(CLI::App& command)
             "what becomes of crops that are smaller than --size: crop, as they are, or pad, with "
             "background around them")
         ->type_name("WHAT")
-        ->check(CLI::IsMember({ "crop", "pad" }))
+        ->check(oneOf({ "crop", "pad" }))
         ->capture_default_str();
     command
         .add_option("--frames", frames,
             "of an animated GIF or WebP, crop the first frame, or all of them by one window")
         ->type_name("WHAT")
-        ->check(CLI::IsMember({ "first", "all" }))
+        ->check(oneOf({ "first", "all" }))
         ->capture_default_str();
     command.add_flag("--dry-run", dryRun, "write no file, only say what would be written");
+    addHelpSection(command, "Places", host::OutputName::places());
     writing.addTo(command);
 }
 
@@ -285,6 +291,11 @@ QString hashOf(const QJsonObject& object)
     const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
     return QString::fromLatin1(
         QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(digits));
+}
+
+void addQuietOption(CLI::App& command, bool& quiet)
+{
+    command.add_flag("-q,--quiet", quiet, "say nothing but why the command as a whole failed");
 }
 
 QString pathFrom(const std::string& argument)

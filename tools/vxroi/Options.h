@@ -81,6 +81,9 @@ struct CropOptions {
 /// A hash of what \a object holds, 16 hexadecimal digits.
 QString hashOf(const QJsonObject& object);
 
+/// Adds -q: nothing goes to stderr but the line that says why the command as a whole failed.
+void addQuietOption(CLI::App& command, bool& quiet);
+
 /// A path as it is given on a command line.
 QString pathFrom(const std::string& argument);
 

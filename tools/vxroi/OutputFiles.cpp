@@ -1,5 +1,6 @@
 #include "OutputFiles.h"
 
+#include "Checks.h"
 #include "host/HostError.h"
 #include "host/OutputName.h"
 
@@ -18,7 +19,7 @@ void addIfExistsOption(CLI::App& command, std::string& ifExists)
 {
     command.add_option("--if-exists", ifExists, "what to do with outputs that already exist")
         ->type_name("WHAT")
-        ->check(CLI::IsMember({ "fail", "overwrite" }))
+        ->check(oneOf({ "fail", "overwrite" }))
         ->capture_default_str();
 }
 

@@ -25,11 +25,11 @@ QByteArray entriesOf(char mark, const QStringList& paths)
 
 } // namespace
 
-OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex* earlierRecords)
+OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierRecords)
     : file(recordPath + QStringLiteral(".outputs"))
     , records(earlierRecords)
 {
-    if (records == nullptr || !file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly))
         return;
     const QList<QByteArray> entries = file.readAll().split('\0');
     for (const QByteArray& entry : entries) {
@@ -43,7 +43,7 @@ OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex* earlierReco
 
 bool OwnOutputs::contains(const QString& path) const
 {
-    return unnamed.contains(path) || (records != nullptr && records->nameOutput(path));
+    return unnamed.contains(path) || records.nameOutput(path);
 }
 
 void OwnOutputs::willCreate(const QStringList& paths) { append(created, paths); }

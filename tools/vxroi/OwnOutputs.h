@@ -18,8 +18,8 @@ namespace vxroi {
 class OwnOutputs final : public host::OutputJournal {
 public:
     /// \param recordPath the file of records; the file beside it is called the same with ".outputs" added.
-    /// \param records what that file holds; nullptr: nothing. It must live longer.
-    OwnOutputs(const QString& recordPath, const RecordIndex* records);
+    /// \param records what that file holds. It must live longer.
+    OwnOutputs(const QString& recordPath, const RecordIndex& records);
 
     /// Whether the file at \a path was made by this batch before. May be called in any thread.
     bool contains(const QString& path) const;
@@ -39,7 +39,7 @@ private:
 
     QMutex mutex;
     QFile file;
-    const RecordIndex* records;
+    const RecordIndex& records;
     QSet<QString> unnamed; ///< what the file had at the beginning
 };
 

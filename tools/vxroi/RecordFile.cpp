@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -18,7 +17,7 @@ using host::HostError;
 
 namespace {
 
-void open(QFile& file)
+QFile& opened(QFile& file)
 {
     const QString path = file.fileName();
     const QFileInfo info(path);
@@ -31,38 +30,30 @@ void open(QFile& file)
     if (flock(file.handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
         throw HostError(ExitCode::CannotCreate, path, QStringLiteral("is in use by another run"),
             QStringLiteral("wait until that has ended, or name another file"));
+    return file;
 }
 
 } // namespace
 
 RecordFile::RecordFile(const QString& path)
     : file(path)
+    , earlierRecords(opened(file))
 {
-    if (path.isEmpty()) {
-        file.open(stdout, QIODevice::WriteOnly | QIODevice::Unbuffered);
-        return;
-    }
-    open(file);
-    earlierRecords.emplace(file);
-    earlierRecords->cutDamagedEnd();
+    earlierRecords.cutDamagedEnd();
     file.seek(file.size());
 }
 
 void RecordFile::write(const QByteArray& record)
 {
-    const QByteArray line = record + '\n';
-    const qint64 offset = earlierRecords ? file.size() : 0;
-    requireWritten(file.write(line) == line.size() && file.flush());
-    if (earlierRecords)
-        keep({ offset, line.size() });
+    const qint64 offset = file.size();
+    requireWritten(file.write(record) == record.size() && file.flush());
+    keep({ offset, record.size() });
 }
 
 void RecordFile::requireWritten(bool isWritten) const
 {
     if (!isWritten)
-        throw HostError(ExitCode::WriteFailed,
-            file.fileName().isEmpty() ? QStringLiteral("standard output") : file.fileName(),
-            QStringLiteral("cannot be written"),
+        throw HostError(ExitCode::WriteFailed, file.fileName(), QStringLiteral("cannot be written"),
             QStringLiteral("make room, and go on with --resume"));
 }
 
@@ -85,8 +76,6 @@ bool RecordFile::isInOrder() const
 void RecordFile::finish()
 {
     constexpr qint64 mostAtOnce = 1 << 20;
-    if (!earlierRecords)
-        return;
     if (isInOrder()) {
         requireWritten(fsync(file.handle()) == 0);
         return;

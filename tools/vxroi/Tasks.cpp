@@ -42,7 +42,7 @@ void TaskPlan::requireShapes() const
     if (commonShapes.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
             QStringLiteral("no shape is named"),
-            QStringLiteral("add --ratio 16:9 or --size 1200x630; see vxroi --help"));
+            QStringLiteral("add --ratio 16:9 or --size 1200x630"));
 }
 
 PlannedTask TaskPlan::plan(const Input& input) const

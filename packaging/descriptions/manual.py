@@ -1,0 +1,95 @@
+"""packaging/vxroi.1"""
+
+import datetime
+import re
+import textwrap
+
+LINE_LENGTH = 78
+
+PLACES = "In the names of outputs and maps that belong to many pictures, these stand for parts of each one's name."
+
+
+def escaped(text):
+    return text.replace("\\", "\\e").replace("-", "\\-").replace("'", "\\(aq")
+
+
+def paragraph(text):
+    """Text in lines of a fair length, none of which is taken for a request."""
+    for line in textwrap.wrap(escaped(text), LINE_LENGTH, break_long_words=False,
+                              break_on_hyphens=False):
+        yield "\\&" + line if line.startswith(".") else line
+
+
+def definitions(pairs):
+    """What stands at the margin, ready for roff, and its explanation."""
+    for term, text in pairs:
+        yield ".TP"
+        yield term
+        yield from paragraph(text)
+
+
+def term_of(option):
+    names = ", ".join(f"\\fB{escaped(name)}\\fR" for name in option.names)
+    return names + (f" \\fI{escaped(option.value)}\\fR" if option.value else "")
+
+
+def names_section(title, introduction, pairs):
+    yield f".SH {title}"
+    yield from paragraph(introduction)
+    yield from definitions((f"\\fB{escaped(name)}\\fR", text) for name, text in pairs)
+
+
+def synopsis(program):
+    yield ".SH SYNOPSIS"
+    for number, command in enumerate(program.commands):
+        if number > 0:
+            yield ".br"
+        yield f".B vxroi {command.name}"
+        yield escaped(re.sub(rf"^vxroi {command.name} ", "", command.usage))
+
+
+def examples_section(examples):
+    """Out of a page: the paragraphs, and the commands in the blocks below them."""
+    yield ".SH EXAMPLES"
+    blocks = re.findall(r"^([^\n#`][^`]*?)\n\n```sh\n(.*?)\n```$", examples, re.MULTILINE | re.DOTALL)
+    for number, (text, command) in enumerate(blocks):
+        if number > 0:
+            yield ".PP"
+        yield from paragraph(" ".join(text.split()))
+        yield ".PP"
+        yield ".nf"
+        yield ".RS"
+        yield from (escaped(line) for line in command.splitlines())
+        yield ".RE"
+        yield ".fi"
+
+
+def date_of(changelog):
+    """The date of the newest version, as in a page's footer."""
+    text = re.search(r"^ -- .*>  (.*)$", changelog, re.MULTILINE).group(1)
+    return datetime.datetime.strptime(text, "%a, %d %b %Y %H:%M:%S %z").strftime("%Y-%m-%d")
+
+
+def lines(program, examples, changelog):
+    yield f'.TH VXROI 1 "{date_of(changelog)}" "{program.version}" "User Commands"'
+    yield ".SH NAME"
+    yield "vxroi \\- find what draws the eye in pictures, and crop them to it"
+    yield from synopsis(program)
+    yield ".SH DESCRIPTION"
+    yield from paragraph(program.summary)
+    for command in program.commands:
+        yield f".SH {command.name.upper()}"
+        yield from paragraph(f"{command.text}.")
+        yield from definitions((term_of(option), option.full_text) for option in command.options)
+    yield from names_section("PLACES IN NAMES", PLACES, program.section("Places"))
+    yield from names_section("PRESETS", "What --preset takes.",
+                             program.section("Presets"))
+    yield from names_section("METHODS", "What --weight takes, each with a weight from -1000 to 1000.",
+                             program.section("Methods"))
+    yield from names_section("SETTINGS", "What --tune takes; they are those of the histogram method.",
+                             program.section("Settings"))
+    yield from examples_section(examples)
+    yield ".SH EXIT STATUS"
+    yield from definitions((f"\\fB{code}\\fR", meaning) for code, meaning in program.exit_codes)
+    yield ".SH SEE ALSO"
+    yield ".BR vxroi\\-viewer (1)"

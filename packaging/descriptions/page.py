@@ -1,0 +1,45 @@
+"""docs/options.md"""
+
+HEADINGS = (("Places", "Places in names of files"), ("Presets", "Presets"), ("Methods", "Methods"),
+            ("Settings", "Settings of the histogram method"))
+
+
+def table(first, second, rows):
+    yield f"| {first} | {second} |"
+    yield "|---|---|"
+    for name, meaning in rows:
+        yield f"| `{name}` | {meaning} |"
+
+
+def command_lines(command):
+    yield f"## vxroi {command.name}"
+    yield ""
+    yield f"{command.text}."
+    yield ""
+    yield "| option | value | what it does |"
+    yield "|---|---|---|"
+    for option in command.options:
+        names = ", ".join(f"`{name}`" for name in option.names)
+        value = f"`{option.value}`" if option.value else ""
+        yield f"| {names} | {value} | {option.full_text} |"
+
+
+def lines(program):
+    yield "# Every option of vxroi"
+    yield ""
+    yield f"{program.summary} `vxroi COMMAND --help` prints the same."
+    for command in program.commands:
+        yield ""
+        yield from command_lines(command)
+    for heading, title in HEADINGS:
+        yield ""
+        yield f"## {title}"
+        yield ""
+        yield from table("name", "what it stands for", program.section(heading))
+    yield ""
+    yield "## Exit codes"
+    yield ""
+    yield "| code | meaning |"
+    yield "|---:|---|"
+    for code, meaning in program.exit_codes:
+        yield f"| {code} | {meaning} |"

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace host {
+
+/// A name that a user may write, and what it stands for in a few words.
+struct Explanation {
+    QString name;
+    QString text;
+};
+
+} // namespace host

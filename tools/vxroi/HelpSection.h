@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/Explanation.h"
+
+#include <QVector>
+
+namespace CLI {
+class App;
+}
+
+namespace vxroi {
+
+/// Adds to the --help of \a command, below its options, a list of names that stand in their values.
+void addHelpSection(
+    CLI::App& command, const char* heading, const QVector<host::Explanation>& explanations);
+
+} // namespace vxroi
