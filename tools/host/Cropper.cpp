@@ -34,7 +34,7 @@ Cropper::Cropper(CropRules cropRules, qint64 pixelsAtOnce)
 {
 }
 
-CropRecord Cropper::crop(const CropTask& task)
+CropRecord Cropper::crop(const CropTask& task, const Look& look)
 {
     CropRecord record;
     record.path = task.path;
@@ -46,7 +46,7 @@ CropRecord Cropper::crop(const CropTask& task)
     try {
         plan(record, task);
         try {
-            fill(record, task);
+            fill(record, task, look);
         } catch (const HostError&) {
             refuseForeignOutputs(task);
             throw;
@@ -91,7 +91,7 @@ void Cropper::refuseForeignOutputs(const CropTask& task) const
     }
 }
 
-void Cropper::fill(CropRecord& record, const CropTask& task)
+void Cropper::fill(CropRecord& record, const CropTask& task, const Look& look)
 {
     PictureFile picture(task.path, rules.analysis.reading);
     record.format = picture.format();
@@ -110,6 +110,8 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     const VXCrop analysis = map ? analysisFromMap(*map, record.oriented, record.warnings)
                                 : analysisOf(picture, rules.analysis.salience);
     choose(record, task, analysis, picture);
+    if (look)
+        look(picture, analysis);
     write(record, picture);
     record.warnings += picture.warnings();
 }
