@@ -100,6 +100,7 @@ complete -c vxroi -n '__fish_seen_subcommand_from report' -s h -l help -d 'Print
 complete -c vxroi -n '__fish_seen_subcommand_from report' -s r -l recursive -d 'also the folders within folders'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -s o -l output -r -d 'write the page to this HTML file'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -l ratio -r -d 'shapes of the crops, such as 16:9 or 1:1,4:5'
+complete -c vxroi -n '__fish_seen_subcommand_from report' -l methods -d 'also show the map of each method'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -l if-exists -x -a 'fail overwrite' -d 'what to do with outputs that already exist'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -l preset -r -d 'which methods count how much: photo or library'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -l weight -r -d 'one method\'s weight, 0 to switch it off'

@@ -1,50 +1,56 @@
 #include "ReportEntry.h"
 
 #include "host/CropWindow.h"
-#include "host/FileName.h"
+#include "host/ImageMemory.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <new>
 
 namespace vxroi {
 
-double ReportCrop::offset(const QSize& picture) const
+using host::PictureFile;
+
+namespace {
+
+constexpr int thumbnailPixels = 320; ///< on the longer side, at most
+constexpr int mapPixels = 160;
+
+QImage atMost(const QImage& image, int pixels)
 {
-    const QSize room = picture - chosen.window.size();
-    const int farthest = (std::max(room.width(), room.height()) + 1) / 2;
-    const QPoint away = chosen.window.topLeft() - centred.topLeft();
-    const int distance = std::max(std::abs(away.x()), std::abs(away.y()));
-    return farthest == 0 ? 0 : static_cast<double>(distance) / farthest;
+    if (std::max(image.width(), image.height()) <= pixels)
+        return image;
+    return host::held(image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
-ReportEntry reportEntryOf(
-    const QString& path, const QVector<host::CropShape>& shapes, const host::AnalysisRules& rules)
+QImage thumbnailOf(PictureFile& picture)
+{
+    return atMost(picture.readWorkingImage(), thumbnailPixels);
+}
+
+} // namespace
+
+ReportEntry entryOf(host::Cropper& cropper, const host::CropTask& task, bool hasMethods)
 {
     ReportEntry entry;
-    entry.path = path;
-    VXCrop analysis;
-    try {
-        host::PictureFile picture(path, rules.reading);
-        entry.size = picture.orientedSize();
-        entry.working = picture.readWorkingImage();
-        analysis = VXCrop::fromWorkingImage(entry.working, entry.size, rules.salience);
-        entry.map = analysis.map();
-        entry.methodMaps = analysis.methodMaps();
-    } catch (const host::HostError& error) {
-        entry.failure = host::textOfName(error.what());
-    } catch (const std::bad_alloc&) {
-        entry.failure
-            = QStringLiteral("%1: there is not enough memory for it; show it alone").arg(path);
-    }
-    if (!entry.failure.isEmpty())
-        return entry;
-    for (const host::CropShape& shape : shapes) {
-        const VXCropWindow chosen = analysis.window(shape.ratio);
-        entry.crops.append(
-            { shape.name, chosen, host::centredIn(entry.size, chosen.window.size()) });
-    }
+    entry.record = cropper.crop(task, [&](PictureFile& picture, const VXCrop& analysis) {
+        entry.thumbnail = thumbnailOf(picture);
+        entry.map = atMost(analysis.map(), mapPixels);
+        if (!hasMethods)
+            return;
+        for (const VXCropMap& single : analysis.methodMaps())
+            entry.methodMaps.append({ single.method, atMost(single.map, mapPixels) });
+    });
+    entry.failure = entry.record.failure;
     return entry;
+}
+
+double offsetOf(const QRect& window, const QSize& picture)
+{
+    const QSize room = picture - window.size();
+    const int farthest = (std::max(room.width(), room.height()) + 1) / 2;
+    const QPoint away = window.topLeft() - host::centredIn(picture, window.size()).topLeft();
+    const int distance = std::max(std::abs(away.x()), std::abs(away.y()));
+    return farthest == 0 ? 0 : static_cast<double>(distance) / farthest;
 }
 
 } // namespace vxroi
