@@ -36,7 +36,7 @@ _vxroi()
         batch) words='-h --help -r --recursive --from -0 --null --allow-outside --ratio --size -o --output --keep --avoid --focus --map --if-exists --upscale --fit --frames --dry-run --resume --shard -j --jobs -q --quiet --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         cluster) words='-h --help --grid -o --output --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
-        report) words='-h --help -r --recursive -o --output --ratio --methods --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        report) words='-h --help -r --recursive --from -o --output --ratio --methods --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         esac
     fi
     [ -z "$words" ] || COMPREPLY=($(compgen -W "$words" -- "$word"))

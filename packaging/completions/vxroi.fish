@@ -98,6 +98,7 @@ complete -c vxroi -n '__fish_seen_subcommand_from cluster' -l max-seconds -r -d 
 complete -c vxroi -n '__fish_seen_subcommand_from cluster' -l on-broken -x -a 'error warn' -d 'what to do with a damaged picture: error, or warn and use the rest'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -s h -l help -d 'Print this help message and exit'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -s r -l recursive -d 'also the folders within folders'
+complete -c vxroi -n '__fish_seen_subcommand_from report' -l from -r -d 'show the records in this file, as batch or crop --json wrote them, and choose no windows; - is standard input'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -s o -l output -r -d 'write the page to this HTML file'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -l ratio -r -d 'shapes of the crops, such as 16:9 or 1:1,4:5'
 complete -c vxroi -n '__fish_seen_subcommand_from report' -l methods -d 'also show the map of each method'

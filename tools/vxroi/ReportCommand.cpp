@@ -75,7 +75,7 @@ private:
         if (count == 0) {
             host::writeWarning(QStringLiteral("report"),
                 QStringLiteral("there is no picture, so there is nothing to do; name another "
-                               "folder, or add --recursive"));
+                               "folder or file, or add --recursive"));
             return ExitCode::Success;
         }
         file.write(QStringLiteral("</main>\n<footer>Pictures: %1, failed: %2. Drawn by vxroi %3."
@@ -97,6 +97,18 @@ private:
     OrderedWork<Article> work;
 };
 
+// Records have been analysed already, and nothing would come of an option that says how.
+void requireNoChoice(const CLI::App& report)
+{
+    for (const char* const option :
+        { "--recursive", "--ratio", "--methods", "--preset", "--weight", "--tune" }) {
+        if (report.count(option) > 0)
+            throw host::HostError(ExitCode::Usage, QLatin1String(option),
+                QStringLiteral("does not go with --from"),
+                QStringLiteral("leave one of them out, or crop again"));
+    }
+}
+
 } // namespace
 
 ExitCode runReport(const ReportArguments& arguments) { return Page(arguments).run(); }
@@ -105,9 +117,14 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
 {
     CLI::App* const report = app.add_subcommand(
         "report", "Write a page that shows the crops of many pictures and why they were chosen");
-    report->add_option("PICTURE", arguments.inputs, "picture files, and folders of them")
-        ->required();
+    report->add_option("PICTURE", arguments.inputs, "picture files, and folders of them");
     report->add_flag("-r,--recursive", arguments.recursive, "also the folders within folders");
+    report
+        ->add_option("--from", arguments.from,
+            "show the records in this file, as batch or crop --json wrote them, and choose "
+            "no windows; - is standard input")
+        ->check(namesFile())
+        ->type_name("FILE");
     report->add_option("-o,--output", arguments.output, "write the page to this HTML file")
         ->type_name("FILE")
         ->required();
@@ -117,7 +134,11 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
     report->add_flag("--methods", arguments.methods, "also show the map of each method");
     addIfExistsOption(*report, arguments.ifExists);
     arguments.analysis.addTo(*report);
-    report->callback([&] { exitCode = runReport(arguments); });
+    report->callback([&, report] {
+        if (!arguments.from.empty())
+            requireNoChoice(*report);
+        exitCode = runReport(arguments);
+    });
 }
 
 } // namespace vxroi

@@ -9,8 +9,9 @@ namespace vxroi {
 
 /// The command line of `vxroi report`, as given.
 struct ReportArguments {
-    std::vector<std::string> inputs; ///< pictures, and folders of them
+    std::vector<std::string> inputs; ///< pictures, and folders of them; none: records are named
     bool recursive = false;
+    std::string from; ///< a file of records, "-" for standard input
     std::string output;
     std::string ratios = "1:1";
     bool methods = false;
@@ -23,7 +24,7 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
 
 /// Writes one page of HTML, with all its pictures in it, that shows for each picture its crops beside those of the
 /// centre, its map and the numbers; none, with a line that says so, when there is no picture.
-/// \throws host::HostError when the page cannot be written.
+/// \throws host::HostError when the page cannot be written, or what is read is no record.
 host::ExitCode runReport(const ReportArguments& arguments);
 
 } // namespace vxroi

@@ -2,12 +2,18 @@
 
 #include "host/CropWindow.h"
 #include "host/ImageMemory.h"
+#include "host/OutputFile.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
+#include <new>
 
 namespace vxroi {
 
+using host::CropRecord;
+using host::ExitCode;
+using host::HostError;
 using host::PictureFile;
 
 namespace {
@@ -27,6 +33,36 @@ QImage thumbnailOf(PictureFile& picture)
     return atMost(picture.readWorkingImage(), thumbnailPixels);
 }
 
+// What the user can do of one that is missing differs from what a picture on the command line wants.
+std::unique_ptr<PictureFile> openPictureOf(
+    const CropRecord& record, const host::ReadingRules& rules)
+try {
+    if (host::isStandardStream(record.path))
+        throw HostError(ExitCode::UnreadableInput, QStringLiteral("standard input"),
+            QStringLiteral("the picture of the record is gone: it was not in a file"),
+            QStringLiteral("save it, and crop it from there"));
+    return std::make_unique<PictureFile>(record.path, rules);
+} catch (const HostError& error) {
+    if (error.code() != ExitCode::MissingInput)
+        throw;
+    throw HostError(error.code(), error.subject(),
+        QStringLiteral("the picture of the record is gone: %1").arg(error.reason()),
+        QStringLiteral("put it back, or run where the records were written"));
+}
+
+void showPicture(ReportEntry& entry, const host::ReadingRules& rules)
+{
+    const std::unique_ptr<PictureFile> picture = openPictureOf(entry.record, rules);
+    QSize& recorded = entry.record.oriented;
+    if (recorded.isEmpty()) // of a record whose crops were all skipped
+        recorded = picture->orientedSize();
+    if (picture->orientedSize() != recorded)
+        throw HostError(ExitCode::UnreadableInput, entry.record.path,
+            QStringLiteral("the picture has another size than its record says"),
+            QStringLiteral("crop it again"));
+    entry.thumbnail = thumbnailOf(*picture);
+}
+
 } // namespace
 
 ReportEntry entryOf(host::Cropper& cropper, const host::CropTask& task, bool hasMethods)
@@ -41,6 +77,24 @@ ReportEntry entryOf(host::Cropper& cropper, const host::CropTask& task, bool has
             entry.methodMaps.append({ single.method, atMost(single.map, mapPixels) });
     });
     entry.failure = entry.record.failure;
+    return entry;
+}
+
+ReportEntry entryOf(const CropRecord& record, const host::ReadingRules& rules)
+{
+    ReportEntry entry;
+    entry.record = record;
+    entry.failure = record.failure;
+    if (entry.failure)
+        return entry;
+    try {
+        showPicture(entry, rules);
+    } catch (const HostError& error) {
+        entry.failure = error;
+    } catch (const std::bad_alloc&) {
+        entry.failure = HostError(ExitCode::Internal, record.path,
+            QStringLiteral("there is not enough memory for it"), QStringLiteral("show it alone"));
+    }
     return entry;
 }
 

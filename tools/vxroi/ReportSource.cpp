@@ -2,10 +2,17 @@
 
 #include "Inputs.h"
 #include "OutputFiles.h"
+#include "RecordLines.h"
+
+#include "host/HostError.h"
 
 #include <QFileInfo>
 
 namespace vxroi {
+
+using host::CropRecord;
+using host::ExitCode;
+using host::HostError;
 
 namespace {
 
@@ -53,11 +60,50 @@ private:
     int nextIndex = 0;
 };
 
+// Records, whose windows were chosen before.
+class RecordsToReport final : public ReportSource {
+public:
+    explicit RecordsToReport(const ReportArguments& arguments)
+        : records(pathFrom(arguments.from))
+        , output(pathFrom(arguments.output))
+        , ifExists(arguments.ifExists)
+        , rules(arguments.analysis.rules().reading)
+    {
+        const QString ofRecords = QFileInfo(pathFrom(arguments.from)).canonicalFilePath();
+        if (!ofRecords.isEmpty() && ofRecords == QFileInfo(output).canonicalFilePath())
+            throw HostError(ExitCode::CannotCreate, output,
+                QStringLiteral("is the file of records itself"),
+                QStringLiteral("choose another name"));
+    }
+
+    std::optional<MakeEntry> next() override
+    {
+        const std::optional<CropRecord> record = records.next();
+        if (!record)
+            return std::nullopt;
+        requireFreeName(record->path, output, ifExists);
+        return [this, record] { return entryOf(*record, rules); };
+    }
+
+private:
+    RecordLines records;
+    QString output;
+    std::string ifExists;
+    host::ReadingRules rules;
+};
+
 } // namespace
 
 std::unique_ptr<ReportSource> sourceOf(const ReportArguments& arguments)
 {
-    return std::make_unique<PicturesToReport>(arguments);
+    if (arguments.inputs.empty() == arguments.from.empty())
+        throw HostError(ExitCode::Usage, QStringLiteral("report"),
+            QStringLiteral("wants pictures or records, and not both"),
+            QStringLiteral(
+                "name pictures or folders, or add --from FILE; see vxroi report --help"));
+    if (arguments.from.empty())
+        return std::make_unique<PicturesToReport>(arguments);
+    return std::make_unique<RecordsToReport>(arguments);
 }
 
 } // namespace vxroi

@@ -22,8 +22,8 @@ public:
     virtual std::optional<std::function<ReportEntry()>> next() = 0;
 };
 
-/// The pictures that the command line names.
-/// \throws host::HostError when the page would replace one of them.
+/// The pictures, or the records, that the command line names.
+/// \throws host::HostError when it names both or neither, or the page would replace one of them.
 std::unique_ptr<ReportSource> sourceOf(const ReportArguments& arguments);
 
 } // namespace vxroi
