@@ -61,7 +61,7 @@ _vxroi()
         map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         merge) words='-h --help --from -0 --null --folder -r --recursive -o --output --again --if-exists -q --quiet' ;;
         cluster) words='-h --help --grid --json -o --output --if-exists -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
-        report) words='-h --help -r --recursive -o --output --ratio --if-exists --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        report) words='-h --help -r --recursive --from -o --output --ratio --methods --if-exists -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         esac
     fi
     [ -z "$words" ] || COMPREPLY=($(compgen -W "$words" -- "$word"))

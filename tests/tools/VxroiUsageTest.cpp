@@ -113,9 +113,11 @@ TEST(VxroiUsage, saysWhereAnOptionBelongs)
              Case { "crop a.png --grid 6x4",
                  "--grid: an option of vxroi cluster, not of vxroi crop; see vxroi crop --help" },
              Case { "map a.png -r",
-                 "-r: an option of vxroi batch, merge or report, not of vxroi map; see vxroi map --help" },
+                 "-r: an option of vxroi batch, merge or report, not of vxroi map; see vxroi map "
+                 "--help" },
              Case { "map a.png --from list",
-                 "--from: an option of vxroi batch or merge, not of vxroi map; see vxroi map --help" },
+                 "--from: an option of vxroi batch, merge or report, not of vxroi map; see vxroi "
+                 "map --help" },
              Case { "--grid 6x4 cluster a.png",
                  "--grid: stands before the command; write it after cluster; see vxroi cluster "
                  "--help" },

@@ -3,6 +3,8 @@
 Exit code 77, a skipped test, when there is no Chromium.
 """
 
+import html
+import json
 import pathlib
 import re
 import shutil
@@ -16,12 +18,45 @@ if browser is None:
     print("skipped: there is no Chromium")
     sys.exit(77)
 
+# Uses the page as a reader would, and sends what is seen to the page around it.
 PROBE = """<script>
+const all = selector => Array.from(document.querySelectorAll(selector));
+const visibleHeat = () => all(".heat").filter(map => getComputedStyle(map).display !== "none").length;
+const seen = {width: innerWidth, orders: {}, heat: [visibleHeat()]};
+
 const order = document.getElementById("order");
-order.value = "%s";
-order.dispatchEvent(new Event("change"));
-document.body.dataset.tooWide = document.documentElement.scrollWidth - window.innerWidth;
-document.body.dataset.loaded = Array.from(document.images).filter(image => image.naturalWidth > 0).length;
+for (const key of ["offset", "gain", "position"]) {
+    order.value = key;
+    order.dispatchEvent(new Event("change"));
+    seen.orders[key] = all("article").map(article => Number(article.dataset[key]));
+}
+const control = all(".heat-control")[0];
+control.focus();
+seen.takesFocus = document.activeElement === control;
+for (const box of [control, control, document.getElementById("all-heat")]) {
+    box.click();
+    seen.heat.push(visibleHeat());
+}
+const isOutside = box => box.width === 0 || box.left < 0 || box.right > innerWidth;
+seen.tooWide = document.documentElement.scrollWidth - innerWidth;
+seen.cells = all("td").length;
+seen.hiddenCells = all("td").filter(cell => isOutside(cell.getBoundingClientRect())).length;
+seen.lines = all("article:nth-child(2) rect.line").map(line => {
+    const style = getComputedStyle(line);
+    return [style.stroke, style.strokeDasharray];
+});
+const sources = all("image").map(image => image.getAttribute("href"));
+seen.pictures = sources.length;
+Promise.all(sources.map(source => {
+    const image = new Image();
+    image.src = source;
+    return image.decode();
+})).then(() => { seen.areDecoded = true; }).finally(() => parent.postMessage(seen, "*"));
+</script></body>"""
+
+# No window of the browser is as narrow as a telephone.
+FRAME = """<!DOCTYPE html><body><iframe src="probed.html" width="%d" height="900"></iframe><script>
+addEventListener("message", event => { document.body.dataset.seen = JSON.stringify(event.data); });
 </script></body>"""
 
 
@@ -32,6 +67,29 @@ def browse(folder, page, *arguments):
         check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=120).stdout.decode()
 
 
+def look(folder, width):
+    frame = folder / "frame.html"
+    frame.write_text(FRAME % width, encoding="utf-8")
+    dom = browse(folder, frame, "--dump-dom", "--virtual-time-budget=20000", "--window-size=1300,1000")
+    return json.loads(html.unescape(re.search(r'data-seen="([^"]*)"', dom).group(1)))
+
+
+def check(seen, width):
+    assert seen["width"] == width, seen["width"]
+    for key, values in seen["orders"].items():
+        assert len(values) == 4, values
+        assert values == sorted(values, reverse=key != "position"), (key, values)
+        assert len(set(values)) > 2, f"{key} sorts nothing: {values}"
+    assert seen["takesFocus"], "the keyboard does not reach the control of the heat"
+    assert seen["heat"] == [0, 1, 0, 3], seen["heat"]
+    assert seen["tooWide"] <= 0, f"{seen['tooWide']} pixels too wide at {width}"
+    assert seen["cells"] == 3 * 2 * 6, seen["cells"]
+    assert seen["hiddenCells"] == 0, f"{seen['hiddenCells']} cells are hidden at {width}"
+    (colour, dashes), (other_colour, other_dashes) = seen["lines"]
+    assert colour != other_colour and dashes != other_dashes, seen["lines"]
+    assert seen["pictures"] == 6 and seen.get("areDecoded"), f"of {seen['pictures']} pictures not all are shown"
+
+
 with tempfile.TemporaryDirectory() as name:
     folder = pathlib.Path(name)
     (folder / "in").mkdir()
@@ -39,21 +97,11 @@ with tempfile.TemporaryDirectory() as name:
     (folder / "in/a-broken.png").write_text("no picture")
     subprocess.run([vxroi, "report", "in", "--ratio", "1:1,9:16", "-o", "report.html"], cwd=folder,
                    stderr=subprocess.DEVNULL, check=False)
-    html = (folder / "report.html").read_text(encoding="utf-8")
-    pictures = html.count("<img ")
-    for key, descending in (("offset", True), ("gain", True), ("position", False)):
-        for width in (1200, 500):
-            probed = folder / "probed.html"
-            probed.write_text(html.replace("</body>", PROBE % key), encoding="utf-8")
-            dom = browse(folder, probed, f"--window-size={width},900", "--dump-dom")
-            values = [float(value) for value in re.findall(rf'<article[^>]* data-{key}="([^"]+)"', dom)]
-            assert len(values) == 4, values
-            assert values == sorted(values, reverse=descending), (key, values)
-            assert len(set(values)) > 2, f"{key} sorts nothing: {values}"
-            too_wide = int(re.search(r'data-too-wide="(-?\d+)"', dom).group(1))
-            assert too_wide <= 0, f"{too_wide} pixels too wide at {width}"
-            assert f'data-loaded="{pictures}"' in dom, f"not all of {pictures} pictures are shown"
+    page = (folder / "report.html").read_text(encoding="utf-8")
+    (folder / "probed.html").write_text(page.replace("</body>", PROBE), encoding="utf-8")
+    for width in (1200, 400):
+        check(look(folder, width), width)
     shot = folder / "report.png"
     browse(folder, folder / "report.html", "--window-size=1200,1600", f"--screenshot={shot}")
     assert shot.stat().st_size > 100_000, "the screenshot is nearly blank"
-print(f"{pictures} pictures shown and sorted")
+print("pictures shown, sorted and covered with heat, wide and narrow")

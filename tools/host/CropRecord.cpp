@@ -4,7 +4,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 #include <cmath>
 
@@ -12,28 +11,10 @@ namespace host {
 
 namespace {
 
-// Shares have four digits after the point, so that they read well.
-double rounded(double share) { return std::round(share * 10000) / 10000; }
-
-QString nameOf(Written written)
-{
-    switch (written) {
-    case Written::File:
-        return QStringLiteral("written");
-    case Written::Planned:
-        return QStringLiteral("planned");
-    case Written::Skipped:
-        return QStringLiteral("skipped");
-    case Written::Nothing:
-        break;
-    }
-    return QString();
-}
-
 QJsonObject pointJson(const QPointF& point)
 {
-    return { { QStringLiteral("x"), rounded(point.x()) },
-        { QStringLiteral("y"), rounded(point.y()) } };
+    return { { QStringLiteral("x"), roundedShare(point.x()) },
+        { QStringLiteral("y"), roundedShare(point.y()) } };
 }
 
 // Six digits tell every pixel of pictures that are up to 100000 pixels wide.
@@ -55,8 +36,8 @@ QJsonObject windowJson(const CropResult& crop, const QSize& picture)
         { QStringLiteral("relative"), relativeJson(crop.chosen.window, picture) },
         { QStringLiteral("source"), jsonOf(crop.stored) },
         { QStringLiteral("focus"), pointJson(crop.chosen.focus) },
-        { QStringLiteral("salience"), rounded(crop.chosen.salience) },
-        { QStringLiteral("centreSalience"), rounded(crop.chosen.centreSalience) },
+        { QStringLiteral("salience"), roundedShare(crop.chosen.salience) },
+        { QStringLiteral("centreSalience"), roundedShare(crop.chosen.centreSalience) },
     };
 }
 
@@ -87,6 +68,23 @@ QJsonObject failureJson(const HostError& failure)
 
 } // namespace
 
+QString nameOf(Written written)
+{
+    switch (written) {
+    case Written::File:
+        return QStringLiteral("written");
+    case Written::Planned:
+        return QStringLiteral("planned");
+    case Written::Skipped:
+        return QStringLiteral("skipped");
+    case Written::Nothing:
+        break;
+    }
+    return QString();
+}
+
+double roundedShare(double share) { return std::round(share * 10000) / 10000; }
+
 QStringList CropRecord::writtenOutputs() const
 {
     QStringList outputs;
@@ -99,8 +97,7 @@ QStringList CropRecord::writtenOutputs() const
 
 QByteArray CropRecord::toJson() const
 {
-    QJsonObject object { { QStringLiteral("path"), path },
-        { QStringLiteral("version"), QStringLiteral(VXROI_VERSION) },
+    QJsonObject object { { QStringLiteral("path"), path }, { QStringLiteral("version"), version },
         { QStringLiteral("settings"), settings }, { QStringLiteral("request"), request.ofRun },
         { QStringLiteral("status"), failure ? QStringLiteral("failed") : QStringLiteral("ok") } };
     if (!request.ofLine.isEmpty())

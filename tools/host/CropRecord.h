@@ -21,10 +21,16 @@ enum class Written {
     Skipped, ///< a file of that name is there already
 };
 
+/// The name of \a written in records: "written", "planned", "skipped"; none for Nothing.
+QString nameOf(Written written);
+
+/// A share as records have it: with four digits after the point, so that it reads well.
+double roundedShare(double share);
+
 /// One crop of a picture.
 struct CropResult {
     QString shape; ///< the ratio or the size, as asked for
-    VXCropWindow chosen;
+    VXCropWindow chosen; ///< its window is null where none was chosen, as the crop was skipped
     QRect stored; ///< the window in pixels of the picture as it is stored
     QSize outputSize; ///< of the picture that is written
     QSize contentSize; ///< of the crop in it
@@ -41,6 +47,7 @@ struct CropRequest {
 /// What the program has to say of one picture: its crops, or why there are none.
 struct CropRecord {
     QString path; ///< as given
+    QString version = QStringLiteral(VXROI_VERSION); ///< of the program that made it
     QString settings; ///< how it was analysed
     CropRequest request;
     std::optional<QJsonObject> file; ///< the state of the picture's file; see stateOf()
@@ -59,6 +66,11 @@ struct CropRecord {
 
     /// The record as one line of JSON, without the line's end. The same record gives the same bytes.
     QByteArray toJson() const;
+
+    /// Reads what toJson() has written. Keys that it does not know are left alone; of a crop that was skipped, the
+    /// window and what belongs to it may be missing.
+    /// \throws HostError whose reason says why \a object is no record.
+    static CropRecord fromJson(const QJsonObject& object);
 };
 
 } // namespace host

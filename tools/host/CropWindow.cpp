@@ -1,24 +1,40 @@
 #include "CropWindow.h"
 
+#include <algorithm>
+#include <array>
+
 namespace host {
+
+namespace {
+
+struct NamedReason {
+    VXCropReason reason;
+    const char* name;
+};
+
+constexpr std::array<NamedReason, 6> reasons { {
+    { VXCropReason::WholePicture, "whole" },
+    { VXCropReason::Focus, "focus" },
+    { VXCropReason::Keep, "keep" },
+    { VXCropReason::Avoid, "avoid" },
+    { VXCropReason::Salience, "salience" },
+    { VXCropReason::Centre, "centre" },
+} };
+
+} // namespace
 
 QString nameOf(VXCropReason reason)
 {
-    switch (reason) {
-    case VXCropReason::WholePicture:
-        return QStringLiteral("whole");
-    case VXCropReason::Focus:
-        return QStringLiteral("focus");
-    case VXCropReason::Keep:
-        return QStringLiteral("keep");
-    case VXCropReason::Avoid:
-        return QStringLiteral("avoid");
-    case VXCropReason::Salience:
-        return QStringLiteral("salience");
-    case VXCropReason::Centre:
-        break;
-    }
-    return QStringLiteral("centre");
+    const auto* const named = std::find_if(reasons.begin(), reasons.end(),
+        [reason](const NamedReason& candidate) { return candidate.reason == reason; });
+    return QLatin1String(named->name);
+}
+
+std::optional<VXCropReason> reasonCalled(const QString& name)
+{
+    const auto* const named = std::find_if(reasons.begin(), reasons.end(),
+        [&name](const NamedReason& candidate) { return QLatin1String(candidate.name) == name; });
+    return named == reasons.end() ? std::nullopt : std::make_optional(named->reason);
 }
 
 QString geometryOf(const QRect& window)

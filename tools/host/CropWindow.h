@@ -6,10 +6,15 @@
 #include <QSize>
 #include <QString>
 
+#include <optional>
+
 namespace host {
 
 /// The name of \a reason in records: "whole", "focus", "keep", "avoid", "salience", "centre".
 QString nameOf(VXCropReason reason);
+
+/// The reason that records call \a name; none when there is no such reason.
+std::optional<VXCropReason> reasonCalled(const QString& name);
 
 /// \a window as other programs take it: "800x600+10+20", its size and its upper left corner.
 QString geometryOf(const QRect& window);

@@ -41,7 +41,7 @@ Cropper::Cropper(CropRules cropRules, qint64 pixelsAtOnce)
 {
 }
 
-CropRecord Cropper::crop(const CropTask& task)
+CropRecord Cropper::crop(const CropTask& task, const Look& look)
 {
     CropRecord record;
     record.path = task.path;
@@ -56,7 +56,7 @@ CropRecord Cropper::crop(const CropTask& task)
         record.mapFile = stateOf(task.map, rules.knownBy);
     try {
         plan(record, task);
-        fill(record, task);
+        fill(record, task, look);
     } catch (const HostError& error) {
         record.failure = error;
     } catch (const std::bad_alloc&) {
@@ -87,7 +87,7 @@ void Cropper::plan(CropRecord& record, const CropTask& task) const
     }
 }
 
-void Cropper::fill(CropRecord& record, const CropTask& task)
+void Cropper::fill(CropRecord& record, const CropTask& task, const Look& look)
 {
     PictureFile picture(task.path, rules.analysis.reading);
     record.format = picture.format();
@@ -108,6 +108,8 @@ void Cropper::fill(CropRecord& record, const CropTask& task)
     const VXCrop analysis = map ? analysisFromMap(*map, record.oriented, record.warnings)
                                 : analysisOf(picture, rules.analysis.salience);
     choose(record, task, analysis, picture);
+    if (look)
+        look(picture, analysis);
     write(record, task, picture);
     record.warnings += picture.warnings();
 }

@@ -11,6 +11,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <functional>
 
 namespace host {
 
@@ -77,13 +78,17 @@ public:
     /// with more waits until it is alone.
     Cropper(CropRules rules, qint64 pixelsAtOnce);
 
+    /// Looks at a picture and its analysis; a HostError that it throws is the picture's failure.
+    using Look = std::function<void(PictureFile& picture, const VXCrop& analysis)>;
+
     /// Chooses the crops of a picture and writes those that have outputs: all of them or none.
+    /// \param look is called once the crops are chosen, if there is one.
     /// \return the record; a failure is in it, and never thrown.
-    CropRecord crop(const CropTask& task);
+    CropRecord crop(const CropTask& task, const Look& look = {});
 
 private:
     void plan(CropRecord& record, const CropTask& task) const;
-    void fill(CropRecord& record, const CropTask& task);
+    void fill(CropRecord& record, const CropTask& task, const Look& look);
     void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
     void write(CropRecord& record, const CropTask& task, PictureFile& picture) const;

@@ -77,6 +77,11 @@ QByteArray bytesOfName(const QString& text)
     return name + text.midRef(begin).toUtf8();
 }
 
+bool mayBeName(const QString& text)
+{
+    return textOfName(bytesOfName(text)) == text && !text.contains(QChar(0));
+}
+
 void useForFileNames()
 {
     QTextCodec::setCodecForLocale(new FileNameCodec); // which Qt deletes

@@ -14,6 +14,10 @@ QString textOfName(const QByteArray& name);
 
 QByteArray bytesOfName(const QString& text);
 
+/// Whether a file may have \a text as its name: a NUL would end the name within the system, and half of a surrogate
+/// pair is no character unless it stands for a byte.
+bool mayBeName(const QString& text);
+
 /// Makes Qt read and write names of files that way.
 void useForFileNames();
 

@@ -1,6 +1,7 @@
 #include "Overlay.h"
 
 #include "ImageMemory.h"
+#include "SalienceMap.h"
 
 #include <QPainter>
 #include <QRegion>
@@ -16,29 +17,13 @@ namespace {
 
 constexpr int longestSide = 1600;
 
-// Stops of the heat scale, evenly spaced from level 0 to level 255: nothing is tinted below a quarter.
-constexpr std::array<QRgb, 5> heatStops
-    = { 0x00581A6E, 0x00581A6E, 0x90B6365A, 0xB0F07F18, 0xC0FCF060 };
-
-int brightestLevelOf(const QImage& levels)
-{
-    int brightest = 0;
-    for (int y = 0; y < levels.height(); ++y) {
-        const uchar* const row = levels.constScanLine(y);
-        brightest = std::max<int>(brightest, *std::max_element(row, row + levels.width()));
-    }
-    return brightest;
-}
-
-// The colours of the 256 levels, each a mix of the two stops around it, stretched so that the scale
-// ends at the brightest.
-QVector<QRgb> heatScale(int brightest)
+// The colours of the 256 levels, each a mix of the two stops around it.
+QVector<QRgb> heatScale()
 {
     constexpr int lastStop = static_cast<int>(heatStops.size()) - 1;
     QVector<QRgb> colours;
     for (int level = 0; level < 256; ++level) {
-        const int stretched = std::min(level * 255 / std::max(brightest, 1), 255);
-        const int position = stretched * lastStop;
+        const int position = level * lastStop;
         const int stop = std::min(position / 255, lastStop - 1);
         const int share = position - stop * 255;
         const QRgb low = heatStops.at(static_cast<std::size_t>(stop));
@@ -54,10 +39,9 @@ QVector<QRgb> heatScale(int brightest)
 // A map is grey, so its levels serve as indices into a colour table.
 QImage heatOf(const QImage& map)
 {
-    QImage heat = held(map.convertToFormat(QImage::Format_Grayscale8));
-    const int brightest = brightestLevelOf(heat);
+    QImage heat = brightened(map);
     heat.reinterpretAsFormat(QImage::Format_Indexed8);
-    heat.setColorTable(heatScale(brightest));
+    heat.setColorTable(heatScale());
     return heat;
 }
 
@@ -132,7 +116,7 @@ void drawScale(QPainter& painter, const QRect& strip)
     const QRect bar(
         strip.left() + strip.width() / 10, strip.top() + dot, strip.width() * 8 / 10, 4 * dot);
     QImage levels(256, 1, QImage::Format_Indexed8);
-    levels.setColorTable(heatScale(255));
+    levels.setColorTable(heatScale());
     for (int level = 0; level < 256; ++level)
         levels.setPixel(level, 0, static_cast<uint>(level));
     painter.fillRect(strip, Qt::black);

@@ -4,8 +4,16 @@
 
 #include <QImage>
 #include <QRect>
+#include <QRgb>
+
+#include <array>
 
 namespace host {
+
+/// The colours of heat, with their opacity, at even steps from no salience to the brightest level; nothing is
+/// tinted below a quarter.
+constexpr std::array<QRgb, 5> heatStops
+    = { 0x00581A6E, 0x00581A6E, 0x90B6365A, 0xB0F07F18, 0xC0FCF060 };
 
 /// Draws \a picture with its salience \a map over it as heat, from clear through violet and orange
 /// to yellow for the map's brightest level, and with \a window outlined and all around it dimmed. Where the

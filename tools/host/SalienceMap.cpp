@@ -28,4 +28,20 @@ QImage stretched(const QImage& map)
     return levels;
 }
 
+QImage brightened(const QImage& map)
+{
+    QImage levels = held(map.convertToFormat(QImage::Format_Grayscale8));
+    int brightest = 1;
+    for (int y = 0; y < levels.height(); ++y) {
+        const uchar* const row = levels.constScanLine(y);
+        brightest = std::max<int>(brightest, *std::max_element(row, row + levels.width()));
+    }
+    for (int y = 0; y < levels.height(); ++y) {
+        uchar* const row = levels.scanLine(y);
+        std::transform(row, row + levels.width(), row,
+            [=](uchar level) { return static_cast<uchar>(level * 255 / brightest); });
+    }
+    return levels;
+}
+
 } // namespace host

@@ -8,4 +8,7 @@ namespace host {
 /// so.
 QImage stretched(const QImage& map);
 
+/// \a map with its levels scaled so that the brightest is white, as heat shows them.
+QImage brightened(const QImage& map);
+
 } // namespace host

@@ -167,6 +167,8 @@ Batch::Answer Batch::answer(const PlannedTask& planned)
     if (earlier.record) {
         answer.kept = *earlier.record;
         answer.outputs = earlier.namedOutputs;
+        if (printer.isAsked())
+            answer.printed = printer.linesOf(CropRecord::fromJson(earlier.object));
         answer.outcome = earlier.hasFailed ? Outcome::Failed : Outcome::Kept;
         return answer;
     }

@@ -32,13 +32,6 @@ constexpr QLatin1String outKey("out", 3);
         QStringLiteral("write an object such as {\"path\": \"a.jpg\", \"ratios\": [\"1:1\"]}"));
 }
 
-// A NUL would end the name within the system, and half of a surrogate pair is no character unless it stands for a
-// byte.
-bool mayBeName(const QString& text)
-{
-    return host::textOfName(host::bytesOfName(text)) == text && !text.contains(QChar(0));
-}
-
 // A list names files only.
 QString fileCalled(const QString& name)
 {
@@ -49,7 +42,7 @@ QString stringOf(const QJsonValue& value, const QString& key)
 {
     if (!value.isString() || value.toString().isEmpty())
         refuse(QStringLiteral("\"%1\" is no text").arg(key));
-    if (!mayBeName(value.toString()))
+    if (!host::mayBeName(value.toString()))
         refuse(QStringLiteral("\"%1\" holds characters that no name has").arg(key));
     return value.toString();
 }

@@ -1,38 +1,31 @@
 #pragma once
 
-#include "Options.h"
-
-#include "host/Analysis.h"
+#include "host/Cropper.h"
 
 #include <QImage>
-#include <QString>
 #include <QVector>
+
+#include <optional>
 
 namespace vxroi {
 
-/// One crop of a picture in a report.
-struct ReportCrop {
-    QString shape;
-    VXCropWindow chosen;
-    QRect centred; ///< the window of that size in the middle
-
-    /// How far the window lies from the middle, of how far it could: 0 to 1.
-    double offset(const QSize& picture) const;
-};
-
-/// What a report shows of one picture.
+/// What a report shows of one picture: its record, and what there is to look at.
 struct ReportEntry {
-    QString path;
-    QString failure; ///< why there is nothing else; empty when there is
-    QSize size; ///< of the picture, in pixels
-    QImage working; ///< what was analysed
-    QImage map; ///< the blended map
-    QVector<VXCropMap> methodMaps;
-    QVector<ReportCrop> crops;
+    host::CropRecord record;
+    std::optional<host::HostError> failure; ///< why the picture is not shown
+    QImage thumbnail; ///< null: the picture is not shown
+    QImage map; ///< null: there is none to show as heat
+    QVector<VXCropMap> methodMaps; ///< none unless they are asked for
 };
 
-/// Analyses a picture for a report; a failure is in the entry, and never thrown.
-ReportEntry reportEntryOf(
-    const QString& path, const QVector<host::CropShape>& shapes, const host::AnalysisRules& rules);
+/// Crops a picture without writing anything, and keeps what is shown of it; a failure is in the entry.
+/// \param hasMethods whether the maps of single methods are shown.
+ReportEntry entryOf(host::Cropper& cropper, const host::CropTask& task, bool hasMethods);
+
+/// Opens the picture of \a record, which no map comes with, for its thumbnail; a failure is in the entry.
+ReportEntry entryOf(const host::CropRecord& record, const host::ReadingRules& rules);
+
+/// How far \a window lies from the middle of \a picture, of how far it could: 0 to 1.
+double offsetOf(const QRect& window, const QSize& picture);
 
 } // namespace vxroi

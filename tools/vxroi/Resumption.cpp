@@ -68,6 +68,7 @@ Earlier Resumption::judge(const CropTask& task) const
     earlier.hasFailed = hasFailed(same->object);
     if (stands(same->object, task)) {
         earlier.record = same->place;
+        earlier.object = same->object;
         earlier.namedOutputs = writtenOutputsOf(same->object);
     }
     return earlier;

@@ -22,6 +22,7 @@ struct Earlier {
     bool hasFailed = false; ///< the same task has failed
     QStringList ownOutputs; ///< its outputs that may be replaced, for this batch has made them
     QStringList namedOutputs; ///< the outputs that the record names
+    QJsonObject object; ///< the record
 };
 
 /// Decides what is left to do of a run that goes on with another one's records.

@@ -1,0 +1,76 @@
+#include "ReportOutlines.h"
+
+#include "ReportStyle.h"
+
+#include <QRectF>
+
+#include <algorithm>
+
+namespace vxroi {
+
+using host::CropRecord;
+using host::CropResult;
+
+namespace {
+
+QString rectTag(const QRect& window, const QString& classes)
+{
+    return QStringLiteral("<rect class=\"%1\" x=\"%2\" y=\"%3\" width=\"%4\" height=\"%5\"/>")
+        .arg(classes)
+        .arg(window.x())
+        .arg(window.y())
+        .arg(window.width())
+        .arg(window.height());
+}
+
+// All seams come first: where windows share an edge, the gaps of one line show the other.
+QString linesOf(const CropRecord& record)
+{
+    QString seams;
+    QString lines;
+    for (int i = 0; i < record.crops.size(); ++i) {
+        const QRect& window = record.crops.at(i).chosen.window;
+        if (window.isNull())
+            continue;
+        seams += rectTag(window, QStringLiteral("seam"));
+        lines += rectTag(window, lineClassesOf(i));
+    }
+    return seams + lines;
+}
+
+// Each label is in the upper left corner of its window, below those that are there already.
+QString labelsOf(const CropRecord& record)
+{
+    const double height = 0.042 * std::max(record.oriented.width(), record.oriented.height());
+    QVector<QRectF> taken;
+    QString labels;
+    for (int i = 0; i < record.crops.size(); ++i) {
+        const CropResult& crop = record.crops.at(i);
+        if (crop.chosen.window.isNull())
+            continue;
+        QRectF place(crop.chosen.window.topLeft(), QSizeF(height * crop.shape.size(), height));
+        const auto overlaps = [&](const QRectF& other) { return other.intersects(place); };
+        while (std::any_of(taken.begin(), taken.end(), overlaps))
+            place.translate(0, height);
+        taken.append(place);
+        labels += QStringLiteral("<text class=\"%1\" x=\"%2\" y=\"%3\">%4</text>")
+                      .arg(lineClassesOf(i))
+                      .arg(place.x() + height / 3, 0, 'f', 1)
+                      .arg(place.y() + height, 0, 'f', 1)
+                      .arg(crop.shape.toHtmlEscaped());
+    }
+    return QStringLiteral("<g font-size=\"%1\">%2</g>").arg(height, 0, 'f', 1).arg(labels);
+}
+
+} // namespace
+
+QString outlinesOf(const CropRecord& record) { return linesOf(record) + labelsOf(record); }
+
+QString keyOf(int shapePosition)
+{
+    return QStringLiteral("<svg class=\"key\" aria-hidden=\"true\"><path class=\"seam\" "
+                          "d=\"M0 4H44\"/><path class=\"%1\" d=\"M0 4H44\"/></svg>")
+        .arg(lineClassesOf(shapePosition));
+}
+
+} // namespace vxroi
