@@ -79,6 +79,7 @@ set(vx_documentation_dir "${CMAKE_INSTALL_DATADIR}/doc/libvxregionofinterest-doc
 install(FILES README.md CHANGELOG.md DESTINATION "${vx_documentation_dir}" COMPONENT documentation)
 install(DIRECTORY docs DESTINATION "${vx_documentation_dir}" COMPONENT documentation
     PATTERN reference EXCLUDE)
+install(DIRECTORY contrib DESTINATION "${vx_documentation_dir}" COMPONENT documentation USE_SOURCE_PERMISSIONS)
 # Where the target `reference` has been built.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/reference/html/" DESTINATION "${vx_documentation_dir}/reference"
     COMPONENT documentation OPTIONAL)

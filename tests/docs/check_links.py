@@ -5,14 +5,14 @@ import pathlib
 import re
 import sys
 
-from pages import pages
+from pages import pages, recipes
 
 root = pathlib.Path(sys.argv[1])
 sources = "\n".join(path.read_text(encoding="utf-8") for path in root.glob("tests/**/*Test*.*"))
 defined = {f"{suite}.{name}" for suite, name in re.findall(r"TEST(?:_F)?\((\w+), (\w+)\)", sources)}
 
 wrong = []
-for path, text in pages(root):
+for path, text in [*pages(root), *recipes(root)]:
     for target in re.findall(r"\]\(([^)#]+)[^)]*\)", text):
         if "://" not in target and not (path.parent / target).exists():
             wrong.append(f"{path}: no file {target}")

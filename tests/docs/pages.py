@@ -12,6 +12,12 @@ def pages(root):
         yield path, path.read_text(encoding="utf-8")
 
 
+def recipes(root):
+    """The pages of the recipes, likewise; scripts/prove-cluster runs what they show."""
+    for path in sorted(pathlib.Path(root).glob("contrib/**/*.md")):
+        yield path, path.read_text(encoding="utf-8")
+
+
 def blocks(text, language):
     """The code blocks of a language in a page's text."""
     return re.findall(rf"^```{language}\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)
