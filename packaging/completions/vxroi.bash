@@ -10,7 +10,7 @@ _vxroi()
         option=${COMP_WORDS[COMP_CWORD - 2]}
     fi
     if [ "$COMP_CWORD" -eq 1 ]; then
-        COMPREPLY=($(compgen -W 'crop batch map merge cluster report --help --version' -- "$word"))
+        COMPREPLY=($(compgen -W 'crop batch map merge cluster report stats --help --version' -- "$word"))
         return
     fi
     case ${COMP_WORDS[1]}:$option in
@@ -62,6 +62,7 @@ _vxroi()
         merge) words='-h --help --from -0 --null --folder -r --recursive -o --output --again --if-exists -q --quiet' ;;
         cluster) words='-h --help --grid --json -o --output --if-exists -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         report) words='-h --help -r --recursive --from -o --output --ratio --methods --if-exists -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        stats) words='-h --help --timings --json' ;;
         esac
     fi
     [ -z "$words" ] || COMPREPLY=($(compgen -W "$words" -- "$word"))

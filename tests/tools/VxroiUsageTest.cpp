@@ -71,7 +71,7 @@ TEST(VxroiUsage, versionIsOneLine)
 
 TEST(VxroiUsage, namesTheCommandThatIsMeant)
 {
-    const char* const all = "choose crop, batch, map, merge, cluster or report";
+    const char* const all = "choose crop, batch, map, merge, cluster, report or stats";
     const std::string none = std::string("no command is named; ") + all + "; see vxroi --help";
     const std::string unknown
         = std::string("photo.jpg: no such command; ") + all + "; see vxroi --help";

@@ -6,6 +6,7 @@
 #include "MapCommand.h"
 #include "MergeCommand.h"
 #include "ReportCommand.h"
+#include "StatsCommand.h"
 #include "WrongCommandLine.h"
 #include "host/FileName.h"
 #include "host/StandardError.h"
@@ -86,6 +87,8 @@ try {
     addClusterCommand(app, cluster);
     ReportArguments report;
     addReportCommand(app, report, exitCode);
+    StatsArguments stats;
+    addStatsCommand(app, stats);
 
     try {
         app.parse(reversedArguments(argc, argv));
