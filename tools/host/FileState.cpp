@@ -3,21 +3,27 @@
 #include "FileName.h"
 
 #include <QCryptographicHash>
-#include <QDateTime>
 #include <QFile>
 
+#include <array>
+#include <ctime>
 #include <sys/stat.h>
 
 namespace host {
 
 namespace {
 
+// Not by QDateTime: what it formats with is made at its first use, and threads that meet there get an empty text.
 QString textOf(const timespec& time)
 {
     constexpr int nanosecondDigits = 9;
     constexpr int decimal = 10;
-    return QDateTime::fromSecsSinceEpoch(time.tv_sec, Qt::UTC)
-               .toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss"))
+    std::tm utc {};
+    gmtime_r(&time.tv_sec, &utc);
+    std::array<char, 32> seconds {};
+    const std::size_t size
+        = std::strftime(seconds.data(), seconds.size(), "%Y-%m-%dT%H:%M:%S", &utc);
+    return QString::fromLatin1(seconds.data(), static_cast<int>(size))
         + QStringLiteral(".%1Z").arg(time.tv_nsec, nanosecondDigits, decimal, QLatin1Char('0'));
 }
 
