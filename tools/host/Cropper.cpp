@@ -106,12 +106,20 @@ void Cropper::fill(CropRecord& record, const CropTask& task, const Look& look)
     const QSemaphoreReleaser releaser(unusedBudget, needed);
 
     const VXCrop analysis = map ? analysisFromMap(*map, record.oriented, record.warnings)
-                                : analysisOf(picture, rules.analysis.salience);
+                                : analyse(picture, record, task);
     choose(record, task, analysis, picture);
     if (look)
         look(picture, analysis);
     write(record, task, picture);
     record.warnings += picture.warnings();
+}
+
+// Areas to keep are blended with the maps of single methods, which are not kept.
+VXCrop Cropper::analyse(PictureFile& picture, const CropRecord& record, const CropTask& task) const
+{
+    if (rules.maps && task.constraints.keep.isEmpty())
+        return rules.maps->analysisOf(picture, record.file, rules.analysis);
+    return analysisOf(picture, rules.analysis.salience);
 }
 
 void Cropper::choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,

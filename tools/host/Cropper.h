@@ -5,6 +5,7 @@
 #include "CropRecord.h"
 #include "CropShape.h"
 #include "FileState.h"
+#include "MapStore.h"
 #include "picture/PictureWriter.h"
 
 #include <QSemaphore>
@@ -12,6 +13,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 
 namespace host {
 
@@ -52,6 +54,7 @@ struct CropRules {
     bool isResumed
         = false; ///< a file that is what would be written is from an earlier run: it counts
     KnownBy knownBy = KnownBy::Time; ///< how records tell files
+    std::shared_ptr<const MapStore> maps = {}; ///< where maps are kept; none: nowhere
     OutputJournal* journal = nullptr; ///< none: nobody wants to know
     Fit fit = Fit::Smaller;
     WritingRules writing = {};
@@ -89,6 +92,7 @@ public:
 private:
     void plan(CropRecord& record, const CropTask& task) const;
     void fill(CropRecord& record, const CropTask& task, const Look& look);
+    VXCrop analyse(PictureFile& picture, const CropRecord& record, const CropTask& task) const;
     void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
     void write(CropRecord& record, const CropTask& task, PictureFile& picture) const;

@@ -202,6 +202,7 @@ void CropOptions::addTo(CLI::App& command)
             "picture's name")
         ->check(namesFile())
         ->type_name("FILE");
+    addMapsOption(command, maps);
     command.add_option("--if-exists", ifExists, "what to do with outputs that already exist")
         ->type_name("WHAT")
         ->check(oneOf({ "fail", "skip", "overwrite" }))
@@ -259,6 +260,7 @@ host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
     rules.writing = writing.rules();
     rules.analysis.reading.areAllFramesRead = frames == "all";
     rules.isDryRun = dryRun;
+    rules.maps = mapsIn(maps);
     rules.makesFolders = host::OutputName(pathFrom(output)).hasPlaces();
     return rules;
 }
@@ -291,6 +293,20 @@ QString hashOf(const QJsonObject& object)
     const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
     return QString::fromLatin1(
         QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(digits));
+}
+
+void addMapsOption(CLI::App& command, std::string& folder)
+{
+    command
+        .add_option("--maps", folder,
+            "keep the map of each picture in this folder, and take it from there the next time")
+        ->check(namesFile())
+        ->type_name("DIR");
+}
+
+std::shared_ptr<const host::MapStore> mapsIn(const std::string& folder)
+{
+    return folder.empty() ? nullptr : std::make_shared<host::MapStore>(pathFrom(folder));
 }
 
 void addQuietOption(CLI::App& command, bool& quiet)

@@ -5,6 +5,7 @@
 
 #include <QJsonObject>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,7 @@ struct CropOptions {
     std::vector<std::string> avoid;
     std::string focus;
     std::string map;
+    std::string maps; ///< empty: maps are not kept
     std::string ifExists = "fail";
     std::string fit = "crop";
     std::string frames = "first";
@@ -80,6 +82,13 @@ struct CropOptions {
 
 /// A hash of what \a object holds, 16 hexadecimal digits.
 QString hashOf(const QJsonObject& object);
+
+/// Adds --maps, a folder in which maps are kept.
+void addMapsOption(CLI::App& command, std::string& folder);
+
+/// The maps in a folder; nullptr for an empty name.
+/// \throws host::HostError when there is no such folder and none can be made.
+std::shared_ptr<const host::MapStore> mapsIn(const std::string& folder);
 
 /// Adds -q: nothing goes to stderr but the line that says why the command as a whole failed.
 void addQuietOption(CLI::App& command, bool& quiet);

@@ -136,6 +136,7 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
         ->capture_default_str();
     report->add_flag("--methods", arguments.methods, "also show the map of each method");
     addIfExistsOption(*report, arguments.ifExists);
+    addMapsOption(*report, arguments.maps);
     addQuietOption(*report, arguments.quiet);
     arguments.analysis.addTo(*report);
     report->callback([&, report] {

@@ -16,6 +16,7 @@ struct ReportArguments {
     std::string ratios = "1:1";
     bool methods = false;
     std::string ifExists = "fail";
+    std::string maps; ///< empty: maps are not kept
     bool quiet = false;
     AnalysisOptions analysis;
 };

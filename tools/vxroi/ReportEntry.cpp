@@ -80,7 +80,8 @@ ReportEntry entryOf(host::Cropper& cropper, const host::CropTask& task, bool has
     return entry;
 }
 
-ReportEntry entryOf(const CropRecord& record, const host::ReadingRules& rules)
+ReportEntry entryOf(
+    const CropRecord& record, const host::ReadingRules& rules, const host::MapStore* maps)
 {
     ReportEntry entry;
     entry.record = record;
@@ -89,6 +90,10 @@ ReportEntry entryOf(const CropRecord& record, const host::ReadingRules& rules)
         return entry;
     try {
         showPicture(entry, rules);
+        if (maps != nullptr && record.file)
+            entry.map = atMost(maps->find(record.path, *record.file, record.settings, record.frames,
+                                   entry.record.oriented),
+                mapPixels);
     } catch (const HostError& error) {
         entry.failure = error;
     } catch (const std::bad_alloc&) {

@@ -22,8 +22,10 @@ struct ReportEntry {
 /// \param hasMethods whether the maps of single methods are shown.
 ReportEntry entryOf(host::Cropper& cropper, const host::CropTask& task, bool hasMethods);
 
-/// Opens the picture of \a record, which no map comes with, for its thumbnail; a failure is in the entry.
-ReportEntry entryOf(const host::CropRecord& record, const host::ReadingRules& rules);
+/// Opens the picture of \a record for its thumbnail; a failure is in the entry.
+/// \param maps where its map is taken from; nullptr: nowhere.
+ReportEntry entryOf(
+    const host::CropRecord& record, const host::ReadingRules& rules, const host::MapStore* maps);
 
 /// How far \a window lies from the middle of \a picture, of how far it could: 0 to 1.
 double offsetOf(const QRect& window, const QSize& picture);

@@ -29,6 +29,14 @@ QStringList picturesOf(const ReportArguments& arguments)
     return pictures;
 }
 
+// Of maps that were kept, the methods are no longer known.
+host::CropRules rulesOf(const ReportArguments& arguments)
+{
+    host::CropRules rules { arguments.analysis.rules() };
+    rules.maps = arguments.methods ? nullptr : mapsIn(arguments.maps);
+    return rules;
+}
+
 // Pictures, which are cropped now.
 class PicturesToReport final : public ReportSource {
 public:
@@ -36,7 +44,7 @@ public:
         : pictures(picturesOf(arguments))
         , shapes(host::parseRatios(QString::fromStdString(arguments.ratios)))
         , hasMethods(arguments.methods)
-        , cropper({ arguments.analysis.rules() }, arguments.analysis.maxPixels)
+        , cropper(rulesOf(arguments), arguments.analysis.maxPixels)
     {
         for (const QString& picture : pictures)
             requireFreeName(picture, pathFrom(arguments.output), arguments.ifExists);
@@ -68,6 +76,7 @@ public:
         , output(pathFrom(arguments.output))
         , ifExists(arguments.ifExists)
         , rules(arguments.analysis.rules().reading)
+        , maps(mapsIn(arguments.maps))
     {
         const QString ofRecords = QFileInfo(pathFrom(arguments.from)).canonicalFilePath();
         if (!ofRecords.isEmpty() && ofRecords == QFileInfo(output).canonicalFilePath())
@@ -82,7 +91,7 @@ public:
         if (!record)
             return std::nullopt;
         requireFreeName(record->path, output, ifExists);
-        return [this, record] { return entryOf(*record, rules); };
+        return [this, record] { return entryOf(*record, rules, maps.get()); };
     }
 
 private:
@@ -90,6 +99,7 @@ private:
     QString output;
     std::string ifExists;
     host::ReadingRules rules;
+    std::shared_ptr<const host::MapStore> maps;
 };
 
 } // namespace

@@ -1,0 +1,86 @@
+#include "MapStore.h"
+
+#include "HostError.h"
+#include "ImageMemory.h"
+#include "OutputName.h"
+#include "SalienceSettings.h"
+#include "picture/PictureWriter.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+namespace host {
+
+namespace {
+
+void createFolder(const QString& path)
+{
+    if (!QDir().mkpath(path))
+        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be made a folder"),
+            QStringLiteral("name a folder, or a place where one can be made"));
+}
+
+// A file that is damaged, or of something else, is as good as none.
+QImage readMap(const QString& path, const QSize& picture)
+try {
+    if (!QFileInfo::exists(path))
+        return {};
+    const QImage map = openMap(path, {})->readAll();
+    return map.size() == VXCrop::workingSize(picture) ? map : QImage();
+} catch (const HostError&) {
+    return {};
+}
+
+} // namespace
+
+MapStore::MapStore(const QString& mapFolder)
+    : folder(mapFolder)
+{
+    createFolder(folder);
+}
+
+VXCrop MapStore::analysisOf(
+    PictureFile& picture, const std::optional<QJsonObject>& state, const AnalysisRules& rules) const
+{
+    if (!state)
+        return host::analysisOf(picture, rules.salience);
+    const QString name
+        = nameOf(picture.path(), *state, textOf(rules.salience), picture.frameCount());
+    const QImage kept = readMap(name, picture.orientedSize());
+    if (!kept.isNull())
+        return VXCrop::fromMap(kept, picture.orientedSize());
+    const QStringList warningsBefore = picture.warnings();
+    VXCrop analysis = host::analysisOf(picture, rules.salience);
+    if (picture.warnings() == warningsBefore) {
+        createFolder(QFileInfo(name).path());
+        const QImage levels = held(analysis.map().convertToFormat(QImage::Format_Grayscale8));
+        PictureWriter(levels, name).commit(true);
+    }
+    return analysis;
+}
+
+QImage MapStore::find(const QString& picture, const QJsonObject& state, const QString& settings,
+    int frameCount, const QSize& size) const
+{
+    return readMap(nameOf(picture, state, settings, frameCount), size);
+}
+
+// The first two digits are a folder, because some file systems are slow with many files in one.
+QString MapStore::nameOf(
+    const QString& picture, const QJsonObject& state, const QString& settings, int frameCount) const
+{
+    QJsonObject whole { { QStringLiteral("file"), state }, { QStringLiteral("settings"), settings },
+        { QStringLiteral("frames"), frameCount },
+        { QStringLiteral("version"), QStringLiteral(VXROI_VERSION) } };
+    if (!state.contains(QLatin1String("sha256")))
+        whole.insert(QStringLiteral("path"), canonicalPathOf(picture));
+    const QByteArray hash = QCryptographicHash::hash(
+        QJsonDocument(whole).toJson(QJsonDocument::Compact), QCryptographicHash::Sha256)
+                                .toHex();
+    return QStringLiteral("%1/%2/%3.png")
+        .arg(folder, QString::fromLatin1(hash.left(2)), QString::fromLatin1(hash.mid(2)));
+}
+
+} // namespace host
