@@ -100,6 +100,22 @@ TEST_F(VxroiMerge, takesOneOfSeveralRecordsAndRatherOneThatHasNotFailed)
     }
 }
 
+TEST_F(VxroiMerge, seesOutputsThatTwoPicturesHave)
+{
+    shell(QStringLiteral("mkdir other; cp in/p00.png other/p00.png; cp in/p01.png other/q.png; "
+                         "printf 'in/p00.png\\nother/q.png\\n' > one; echo other/p00.png > two"));
+    const QString options
+        = QStringLiteral(" --ratio 1:1 -o '{stem}.png' --if-exists overwrite > part-");
+    batch(QStringLiteral("--from one") + options + QStringLiteral("a"));
+    batch(QStringLiteral("--from two") + options + QStringLiteral("b"));
+    const Outcome outcome = merge("part-a part-b -o all");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_TRUE(outcome.err.contains(
+        "vxroi: p00.png: is the output of two pictures, other/p00.png and one before it; "))
+        << outcome.err.toStdString();
+    EXPECT_EQ(merge("part-a").exitCode, 0);
+}
+
 TEST_F(VxroiMerge, refusesPartsOfDifferentBatches)
 {
     for (const char* const options : { "--ratio 2:1", "--ratio 1:1 --preset library" }) {

@@ -51,7 +51,8 @@ ExitCode Merge::run()
     if (again)
         again->commit(mayReplace);
     say(summary());
-    return missingCount > 0 || !failures.isEmpty() ? ExitCode::SomeFailed : ExitCode::Success;
+    return missingCount + clashCount > 0 || !failures.isEmpty() ? ExitCode::SomeFailed
+                                                                : ExitCode::Success;
 }
 
 void Merge::forEachInput(const std::function<void(const Input&)>& visit) const
@@ -113,6 +114,7 @@ void Merge::add(const Input& input)
         return;
     }
     requireSameRun(*found);
+    noteOutputs(found->record);
     merged.write(found->line);
     if (found->isDouble) {
         ++doubleCount;
@@ -173,6 +175,20 @@ void Merge::runAgain(const Input& input)
     const QByteArray path = (isLikeJson ? "./" : "") + host::bytesOfName(input.path);
     again->write(
         (input.entry.isEmpty() ? path : input.entry) + (arguments.nulSeparated ? '\0' : '\n'));
+}
+
+// Parts do not know the outputs of each other, so that one may have replaced another's.
+void Merge::noteOutputs(const QJsonObject& record)
+{
+    for (const QString& output : writtenOutputsOf(record)) {
+        const bool isNew = outputs.insert(std::hash<std::string>()(output.toStdString())).second;
+        if (isNew)
+            continue;
+        ++clashCount;
+        say(QStringLiteral("%1: is the output of two pictures, %2 and one before it; tell them "
+                           "apart with {dir}, {stem} and {ratio}")
+                .arg(output, textIn(record, "path")));
+    }
 }
 
 void Merge::say(const QString& text) const

@@ -12,6 +12,7 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <unordered_set>
 
 namespace vxroi {
 
@@ -43,6 +44,7 @@ private:
     std::optional<Found> find(const Input& input) const;
     void requireSameRun(const Found& found);
     void runAgain(const Input& input);
+    void noteOutputs(const QJsonObject& record);
     void say(const QString& text) const;
     QString summary() const;
 
@@ -55,6 +57,8 @@ private:
     qint64 okCount = 0;
     qint64 missingCount = 0;
     qint64 doubleCount = 0;
+    std::unordered_set<std::size_t> outputs; ///< by hashes of their names
+    qint64 clashCount = 0; ///< outputs that two pictures have
 };
 
 } // namespace vxroi

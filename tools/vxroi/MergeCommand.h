@@ -28,7 +28,7 @@ struct MergeArguments {
 void addMergeCommand(CLI::App& app, MergeArguments& arguments, host::ExitCode& exitCode);
 
 /// Joins the records of a batch's parts in the order of its inputs, each input once.
-/// \return ExitCode::SomeFailed when an input is missing or has failed.
+/// \return ExitCode::SomeFailed when an input is missing or has failed, or two have the same output.
 /// \throws host::HostError when the parts are not those of one batch, or a file cannot be read or written.
 host::ExitCode runMerge(const MergeArguments& arguments);
 
