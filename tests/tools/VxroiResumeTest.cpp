@@ -246,6 +246,20 @@ TEST_F(VxroiResume, repairsWhatACrashHasLeftAndSaysSo)
     expectAsUndisturbed("--ratio 1:1");
 }
 
+TEST_F(VxroiResume, removesTheDraftsOfAKilledRunAndNoOthers)
+{
+    resume("--ratio 1:1");
+    folder.save(QByteArray("half"), QStringLiteral("out/.vxroi-0123456789abcdef"));
+    folder.save(QByteArray("half"), QStringLiteral("out/.vxroi-fedcba9876543210"));
+    folder.save(QByteArray("mine"), QStringLiteral("out/mine"));
+    folder.save(QByteArray("+out/.vxroi-0123456789abcdef\0+out/mine\0", 39),
+        QStringLiteral("records.outputs"));
+    resume("--ratio 1:1");
+    EXPECT_FALSE(QFile::exists(folder.path(QStringLiteral("out/.vxroi-0123456789abcdef"))));
+    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("out/.vxroi-fedcba9876543210"))));
+    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("out/mine"))));
+}
+
 TEST_F(VxroiResume, refusesRecordsThatAnotherRunWrites)
 {
     const Outcome outcome = shell(QStringLiteral(

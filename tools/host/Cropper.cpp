@@ -221,7 +221,10 @@ void Cropper::commit(std::deque<PictureWriter>& files, const CropTask& task) con
 {
     QStringList created;
     for (const PictureWriter& file : files) {
-        if (!isStandardStream(file.path()) && !QFileInfo::exists(file.path()))
+        if (isStandardStream(file.path()))
+            continue;
+        created.append(file.draftPath());
+        if (!QFileInfo::exists(file.path()))
             created.append(file.path());
     }
     if (rules.journal != nullptr)

@@ -40,7 +40,7 @@ public:
     OutputJournal& operator=(const OutputJournal&) = delete;
     virtual ~OutputJournal() = default;
 
-    /// There are no files at \a paths, and there are about to be some.
+    /// There are no files at \a paths, and there are about to be some, of which drafts last a moment only.
     virtual void willCreate(const QStringList& paths) = 0;
 
     /// Those at \a paths could not be made after all.

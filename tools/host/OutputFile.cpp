@@ -19,6 +19,8 @@ namespace host {
 
 namespace {
 
+constexpr QLatin1String draftPrefix(".vxroi-", 7);
+
 [[noreturn]] void throwWriteFailed(const QString& path, const QString& reason)
 {
     throw HostError(ExitCode::WriteFailed, path, reason,
@@ -65,6 +67,8 @@ void requireReplaceable(const QString& output)
             QStringLiteral("choose another name"));
 }
 
+bool isDraft(const QString& path) { return QFileInfo(path).fileName().startsWith(draftPrefix); }
+
 void throwIsThere(const QString& output)
 {
     throw HostError(ExitCode::CannotCreate, output, QStringLiteral("already exists"),
@@ -83,8 +87,8 @@ OutputFile::OutputFile(QString path)
             QStringLiteral("change its permissions or choose another name"));
     target = existing.exists() ? existing.canonicalFilePath() : name;
     constexpr int hexadecimal = 16;
-    draft = QStringLiteral("%1/.vxroi-%2")
-                .arg(QFileInfo(target).path())
+    draft = QStringLiteral("%1/%2%3")
+                .arg(QFileInfo(target).path(), draftPrefix)
                 .arg(QRandomGenerator::global()->generate64(), 16, hexadecimal, QLatin1Char('0'));
     const int unnamed = openUnnamed(QFileInfo(target).path());
     isNamed = unnamed == -1;

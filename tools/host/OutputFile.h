@@ -14,6 +14,9 @@ inline bool isStandardStream(const QString& path) { return path == QLatin1String
 /// \throws HostError
 void requireReplaceable(const QString& output);
 
+/// Whether \a path is a name that OutputFile gives to files on their way.
+bool isDraft(const QString& path);
+
 /// \throws HostError that says that \a output is there already.
 [[noreturn]] void throwIsThere(const QString& output);
 
@@ -29,6 +32,9 @@ public:
     ~OutputFile();
 
     const QString& path() const { return name; }
+
+    /// The name that it may have beside its own until the commit has ended; empty for standard output.
+    const QString& draftPath() const { return draft; }
 
     /// Adds \a bytes.
     /// \throws HostError when that fails.

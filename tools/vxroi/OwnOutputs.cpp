@@ -39,6 +39,10 @@ OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierReco
             unnamed.remove(host::textOfName(entry.mid(1)));
     }
     file.close();
+    for (const QString& path : unnamed) {
+        if (host::isDraft(path))
+            QFile::remove(path);
+    }
 }
 
 bool OwnOutputs::contains(const QString& path) const

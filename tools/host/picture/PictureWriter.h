@@ -32,6 +32,7 @@ public:
     PictureWriter(const QImage& picture, const QString& path);
 
     const QString& path() const { return file.path(); }
+    const QString& draftPath() const { return file.draftPath(); }
 
     /// The file of that name that is there already.
     enum class Existing { None, Same, Other };
