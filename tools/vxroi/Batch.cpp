@@ -4,6 +4,7 @@
 
 #include "host/FileName.h"
 #include "host/StandardOutput.h"
+#include "host/picture/Engine.h"
 
 #include <QElapsedTimer>
 
@@ -92,6 +93,12 @@ Batch::Batch(const BatchArguments& arguments)
         timings.emplace(pathFrom(arguments.timings));
 }
 
+Batch::~Batch()
+{
+    if (engineStarted.valid())
+        engineStarted.wait();
+}
+
 host::CropRules Batch::rulesOf(const BatchArguments& arguments)
 {
     host::CropRules ofRun = arguments.crop.rules(arguments.analysis);
@@ -107,6 +114,8 @@ host::CropRules Batch::rulesOf(const BatchArguments& arguments)
 ExitCode Batch::run()
 {
     sayWhatIsDamaged();
+    if (isEndless)
+        startEngineMeanwhile();
     const Interruption interruption(wakeup);
     while (!Interruption::isRequested() && !inputs->isAtEnd())
         step();
@@ -128,6 +137,14 @@ void Batch::finishRecords()
     const QStringList former = records->formerOutputs();
     records->finish();
     ownOutputs->finish(former, namedOutputs);
+}
+
+// The first line should not have to wait for it.
+void Batch::startEngineMeanwhile()
+{
+    const auto start = std::make_shared<std::packaged_task<void()>>(host::startEngine);
+    engineStarted = start->get_future(); // what it throws, the first picture says
+    QThreadPool::globalInstance()->start([start] { (*start)(); });
 }
 
 // Answers come first, so that whoever waits for one before the next input gets it.
