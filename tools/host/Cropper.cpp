@@ -1,5 +1,6 @@
 #include "Cropper.h"
 
+#include "FileName.h"
 #include "SalienceSettings.h"
 
 #include <QDir>

@@ -18,6 +18,10 @@ QByteArray bytesOfName(const QString& text);
 /// pair is no character unless it stands for a byte.
 bool mayBeName(const QString& text);
 
+/// Whether \a path stands for standard input, where a picture is read, or for standard output, where one is
+/// written.
+inline bool isStandardStream(const QString& path) { return path == QLatin1String("-"); }
+
 /// Makes Qt read and write names of files that way.
 void useForFileNames();
 

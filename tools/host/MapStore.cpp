@@ -7,20 +7,12 @@
 #include "picture/PictureWriter.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 
 namespace host {
 
 namespace {
-
-void createFolder(const QString& path)
-{
-    if (!QDir().mkpath(path))
-        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be made a folder"),
-            QStringLiteral("name a folder, or a place where one can be made"));
-}
 
 // A file that is damaged, or of something else, is as good as none.
 QImage readMap(const QString& path, const QSize& picture)

@@ -4,6 +4,7 @@
 #include "HostError.h"
 #include "StandardOutput.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
@@ -73,6 +74,13 @@ void throwIsThere(const QString& output)
 {
     throw HostError(ExitCode::CannotCreate, output, QStringLiteral("already exists"),
         QStringLiteral("choose another name or another --if-exists"));
+}
+
+void createFolder(const QString& path)
+{
+    if (!QDir().mkpath(path))
+        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be made a folder"),
+            QStringLiteral("name a folder, or a place where one can be made"));
 }
 
 OutputFile::OutputFile(QString path)

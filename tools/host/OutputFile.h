@@ -6,10 +6,6 @@
 
 namespace host {
 
-/// Whether \a path stands for standard input, where a picture is read, or for standard output, where one is
-/// written.
-inline bool isStandardStream(const QString& path) { return path == QLatin1String("-"); }
-
 /// Refuses an output that is there and is no regular file: a folder, a pipe, a device or a link to nothing.
 /// \throws HostError
 void requireReplaceable(const QString& output);
@@ -19,6 +15,10 @@ bool isDraft(const QString& path);
 
 /// \throws HostError that says that \a output is there already.
 [[noreturn]] void throwIsThere(const QString& output);
+
+/// Makes sure that there is a folder at \a path.
+/// \throws HostError when none can be made.
+void createFolder(const QString& path);
 
 /// A file on its way: it appears whole under its name when commit() is called, or not at all. Until then it has no
 /// name, or one of its own beside it where the file system wants one.

@@ -2,6 +2,7 @@
 
 #include "OutputFiles.h"
 #include "WorkerThreads.h"
+#include "host/FileName.h"
 
 #include "host/Analysis.h"
 #include "host/AspectRatio.h"
@@ -11,8 +12,6 @@
 #include "host/SalienceMap.h"
 
 #include <CLI/CLI.hpp>
-
-#include <QDir>
 
 #include <optional>
 
@@ -29,13 +28,6 @@ std::optional<QSize> ratioOf(const std::string& text)
     if (text.empty())
         return std::nullopt;
     return host::parseAspectRatio(QString::fromStdString(text));
-}
-
-void createFolder(const QString& path)
-{
-    if (!QDir().mkpath(path))
-        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be made a folder"),
-            QStringLiteral("name a folder, or a place where one can be made"));
 }
 
 // Where the maps go: one of them at least is named.
@@ -92,7 +84,7 @@ void runMap(const MapArguments& arguments)
         files.add(host::drawOverlay(pixels, map, window, constraints), outputs.overlay);
     }
     if (!outputs.folder.isEmpty()) {
-        createFolder(outputs.folder);
+        host::createFolder(outputs.folder);
         for (const VXCropMap& single : analysis.methodMaps(constraints.keep))
             files.add(
                 shown(single.map), QStringLiteral("%1/%2.png").arg(outputs.folder, single.method));

@@ -15,16 +15,6 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-QString textIn(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
-
-bool hasFailed(const QJsonObject& record)
-{
-    return textIn(record, "status") != QLatin1String("ok");
-}
-
 } // namespace
 
 Merge::Merge(const MergeArguments& mergeArguments)

@@ -1,6 +1,7 @@
 #include "OutputFiles.h"
 
 #include "Checks.h"
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/OutputName.h"
 

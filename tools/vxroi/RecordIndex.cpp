@@ -40,6 +40,16 @@ bool isRecord(const QJsonObject& object)
     return object.value(pathKey).isString() && object.value(statusKey).isString();
 }
 
+QString textIn(const QJsonObject& object, const char* key)
+{
+    return object.value(QLatin1String(key)).toString();
+}
+
+bool hasFailed(const QJsonObject& record)
+{
+    return textIn(record, "status") != QLatin1String("ok");
+}
+
 QStringList writtenOutputsOf(const QJsonObject& record)
 {
     QStringList outputs;

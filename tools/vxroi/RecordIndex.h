@@ -77,6 +77,11 @@ private:
 /// Whether a line of a file is a record: an object with a path and a status.
 bool isRecord(const QJsonObject& object);
 
+/// The text that a record has under \a key; empty: none.
+QString textIn(const QJsonObject& object, const char* key);
+
+bool hasFailed(const QJsonObject& record);
+
 /// The outputs that a record names as written.
 QStringList writtenOutputsOf(const QJsonObject& record);
 

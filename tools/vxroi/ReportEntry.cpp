@@ -1,8 +1,8 @@
 #include "ReportEntry.h"
 
 #include "host/CropWindow.h"
+#include "host/FileName.h"
 #include "host/ImageMemory.h"
-#include "host/OutputFile.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -11,21 +11,11 @@ namespace {
 
 using host::CropTask;
 
-QString textIn(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
-
 bool asksForTheSame(const QJsonObject& record, const CropTask& task)
 {
     return textIn(record, "version") == QLatin1String(VXROI_VERSION)
         && textIn(record, "request") == task.request.ofRun
         && textIn(record, "line") == task.request.ofLine;
-}
-
-bool hasFailed(const QJsonObject& record)
-{
-    return textIn(record, "status") != QLatin1String("ok");
 }
 
 QVector<QJsonObject> outputsOf(const QJsonObject& record)

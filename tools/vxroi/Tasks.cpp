@@ -1,5 +1,6 @@
 #include "Tasks.h"
 
+#include "host/FileName.h"
 #include <algorithm>
 
 namespace vxroi {

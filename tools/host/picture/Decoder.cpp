@@ -1,7 +1,7 @@
 #include "Decoder.h"
 
+#include "../FileName.h"
 #include "../HostError.h"
-#include "../OutputFile.h"
 #include "Bitmap.h"
 #include "Colours.h"
 #include "Engine.h"

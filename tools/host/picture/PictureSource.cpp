@@ -1,7 +1,7 @@
 #include "PictureSource.h"
 
+#include "../FileName.h"
 #include "../HostError.h"
-#include "../OutputFile.h"
 
 #include <QBuffer>
 #include <QFile>

@@ -1,5 +1,6 @@
 #include "PictureWriter.h"
 
+#include "../FileName.h"
 #include "../HostError.h"
 #include "Encoder.h"
 #include "QtPixels.h"
