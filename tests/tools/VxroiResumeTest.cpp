@@ -177,6 +177,28 @@ TEST_F(VxroiResume, triesPicturesAgainThatWereBeyondALimit)
     expectAsUndisturbed("--ratio 1:1");
 }
 
+TEST_F(VxroiResume, goesBackToWhatWasAskedForBeforeARunThatWasStopped)
+{
+    shell(QStringLiteral("mkfifo in/silent.png; echo in/p00.png > list; "
+                         "printf '%s\\n' in/silent.png in/p00.png > longer"));
+    const QString options = QStringLiteral("--resume records -o 'out/{stem}.png' -j 2 --ratio ");
+    for (const char* const signal : { "TERM", "KILL" }) {
+        batch(QStringLiteral("--from list ") + options + QStringLiteral("1:1"));
+        const QByteArray wanted = contentOf(QStringLiteral("out/p00.png"));
+        // The silent one keeps the record of the other waiting.
+        shell(QStringLiteral(
+            "cp out/p00.png before; exec 3<> in/silent.png; "
+            "\"$VXROI\" batch -q --from longer %1 2:1 3>&- & "
+            "for i in $(seq 100); do cmp -s before out/p00.png || break; sleep 0.05; done; "
+            "kill -%2 $!; exec 3>&-; wait")
+                  .arg(options, QLatin1String(signal)));
+        EXPECT_NE(contentOf(QStringLiteral("out/p00.png")), wanted) << signal;
+        batch(QStringLiteral("--from list ") + options + QStringLiteral("1:1"));
+        EXPECT_EQ(contentOf(QStringLiteral("out/p00.png")), wanted) << signal;
+        EXPECT_FALSE(QFile::exists(folder.path(QStringLiteral("records.outputs")))) << signal;
+    }
+}
+
 TEST_F(VxroiResume, takesPicturesThatAreNewAndDropsThoseThatAreGone)
 {
     resume("--ratio 1:1");

@@ -221,15 +221,17 @@ void Cropper::write(CropRecord& record, const CropTask& task, PictureFile& pictu
 void Cropper::commit(std::deque<PictureWriter>& files, const CropTask& task) const
 {
     QStringList created;
+    QStringList replaced;
     for (const PictureWriter& file : files) {
         if (isStandardStream(file.path()))
             continue;
         created.append(file.draftPath());
-        if (!QFileInfo::exists(file.path()))
-            created.append(file.path());
+        (QFileInfo::exists(file.path()) ? replaced : created).append(file.path());
     }
-    if (rules.journal != nullptr)
+    if (rules.journal != nullptr) {
         rules.journal->willCreate(created);
+        rules.journal->willReplace(replaced);
+    }
     try {
         for (PictureWriter& file : files) {
             file.commit(mayReplace(file.path(), task));

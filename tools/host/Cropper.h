@@ -43,6 +43,9 @@ public:
     /// There are no files at \a paths, and there are about to be some, of which drafts last a moment only.
     virtual void willCreate(const QStringList& paths) = 0;
 
+    /// The files at \a paths are about to be replaced.
+    virtual void willReplace(const QStringList& paths) = 0;
+
     /// Those at \a paths could not be made after all.
     virtual void haveNotCreated(const QStringList& paths) = 0;
 };

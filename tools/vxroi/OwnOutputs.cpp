@@ -14,6 +14,8 @@ namespace {
 // Entries are a mark and a name, and end in NUL, which is in no name.
 constexpr char created = '+';
 constexpr char notCreated = '-';
+constexpr char remade
+    = '~'; // before the name stands where the records ended, as in "~1234:out/a.png"
 
 QByteArray entriesOf(char mark, const QStringList& paths)
 {
@@ -32,12 +34,8 @@ OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierReco
     if (!file.open(QIODevice::ReadOnly))
         return;
     const QList<QByteArray> entries = file.readAll().split('\0');
-    for (const QByteArray& entry : entries) {
-        if (entry.startsWith(created))
-            unnamed.insert(host::textOfName(entry.mid(1)));
-        else if (entry.startsWith(notCreated))
-            unnamed.remove(host::textOfName(entry.mid(1)));
-    }
+    for (const QByteArray& entry : entries)
+        read(entry);
     file.close();
     for (const QString& path : unnamed) {
         if (host::isDraft(path))
@@ -45,18 +43,53 @@ OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierReco
     }
 }
 
+void OwnOutputs::read(const QByteArray& entry)
+{
+    const int colon = entry.indexOf(':');
+    if (entry.startsWith(created))
+        unnamed.insert(host::textOfName(entry.mid(1)));
+    else if (entry.startsWith(notCreated))
+        unnamed.remove(host::textOfName(entry.mid(1)));
+    else if (entry.startsWith(remade) && colon != -1)
+        remadeAfter.insert(
+            host::textOfName(entry.mid(colon + 1)), entry.mid(1, colon - 1).toLongLong());
+}
+
 bool OwnOutputs::contains(const QString& path) const
 {
     return unnamed.contains(path) || records.nameOutput(path);
 }
 
-void OwnOutputs::willCreate(const QStringList& paths) { append(created, paths); }
-
-void OwnOutputs::haveNotCreated(const QStringList& paths) { append(notCreated, paths); }
-
-void OwnOutputs::append(char mark, const QStringList& paths)
+bool OwnOutputs::isOf(const RecordPlace& record, const QString& path) const
 {
-    const QByteArray entries = entriesOf(mark, paths);
+    return record.offset >= remadeAfter.value(path, 0);
+}
+
+void OwnOutputs::willCreate(const QStringList& paths)
+{
+    append(entriesOf(created, paths) + remadeEntriesOf(paths));
+}
+
+void OwnOutputs::willReplace(const QStringList& paths) { append(remadeEntriesOf(paths)); }
+
+void OwnOutputs::haveNotCreated(const QStringList& paths) { append(entriesOf(notCreated, paths)); }
+
+// Only of those that an earlier record names: there is no other that could be wrong by now.
+QByteArray OwnOutputs::remadeEntriesOf(const QStringList& paths) const
+{
+    QByteArray entries;
+    for (const QString& path : paths) {
+        if (records.nameOutput(path))
+            entries += remade + QByteArray::number(records.endOfLast()) + ':'
+                + host::bytesOfName(path) + '\0';
+    }
+    return entries;
+}
+
+void OwnOutputs::append(const QByteArray& entries)
+{
+    if (entries.isEmpty())
+        return;
     const QMutexLocker lock(&mutex);
     const bool isOpen = file.isOpen() || file.open(QIODevice::Append | QIODevice::Unbuffered);
     if (!isOpen || file.write(entries) != entries.size())

@@ -5,6 +5,7 @@
 #include "host/Cropper.h"
 
 #include <QFile>
+#include <QHash>
 #include <QMutex>
 #include <QSet>
 #include <QString>
@@ -14,7 +15,8 @@ namespace vxroi {
 /// Knows which output files are those of a batch that is resumed, so that only these are replaced.
 ///
 /// Records name most of them. The others are in a file beside the records: what a run was about to make when it was killed, and
-/// what was made of pictures that have other outputs or none by now.
+/// what was made of pictures that have other outputs or none by now. Until a run has finished, the file also says which outputs
+/// of earlier records it has made anew, as these may be otherwise than the records say.
 class OwnOutputs final : public host::OutputJournal {
 public:
     /// \param recordPath the file of records; the file beside it is called the same with ".outputs" added.
@@ -24,8 +26,12 @@ public:
     /// Whether the file at \a path was made by this batch before. May be called in any thread.
     bool contains(const QString& path) const;
 
+    /// Whether no run that was stopped has made the file at \a path anew since \a record. May be called in any thread.
+    bool isOf(const RecordPlace& record, const QString& path) const;
+
     /// \throws host::HostError when that cannot be written.
     void willCreate(const QStringList& paths) override;
+    void willReplace(const QStringList& paths) override;
     void haveNotCreated(const QStringList& paths) override;
 
     /// Leaves in the file what no record names.
@@ -35,12 +41,16 @@ public:
     void finish(const QStringList& former, const QSet<QString>& named);
 
 private:
-    void append(char mark, const QStringList& paths);
+    void read(const QByteArray& entry);
+    QByteArray remadeEntriesOf(const QStringList& paths) const;
+    void append(const QByteArray& entries);
 
     QMutex mutex;
     QFile file;
     const RecordIndex& records;
     QSet<QString> unnamed; ///< what the file had at the beginning
+    QHash<QString, qint64>
+        remadeAfter; ///< where the records ended before a run that made the file anew
 };
 
 } // namespace vxroi

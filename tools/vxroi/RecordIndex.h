@@ -57,6 +57,9 @@ public:
 
     qint64 damagedBytes() const { return damaged; }
 
+    /// Where the last record ends in the file, in bytes; those that are added stand after it.
+    qint64 endOfLast() const { return end; }
+
 private:
     struct Entry {
         std::size_t pathHash;

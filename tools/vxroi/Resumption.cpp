@@ -56,7 +56,7 @@ Earlier Resumption::judge(const CropTask& task) const
     if (same == all.end())
         return earlier;
     earlier.hasFailed = hasFailed(same->object);
-    if (stands(same->object, task)) {
+    if (stands(*same, task)) {
         earlier.record = same->place;
         earlier.object = same->object;
         earlier.namedOutputs = writtenOutputsOf(same->object);
@@ -64,8 +64,9 @@ Earlier Resumption::judge(const CropTask& task) const
     return earlier;
 }
 
-bool Resumption::stands(const QJsonObject& record, const CropTask& task) const
+bool Resumption::stands(const IndexedRecord& indexed, const CropTask& task) const
 {
+    const QJsonObject& record = indexed.object;
     const QJsonObject error = record.value(QLatin1String("error")).toObject();
     const bool isFromOutside = error.value(QLatin1String("fromOutside")).toBool();
     if (hasFailed(record)
@@ -77,16 +78,17 @@ bool Resumption::stands(const QJsonObject& record, const CropTask& task) const
     return record.value(QLatin1String("file")).toObject() == fileObject(task.path, knownBy)
         && record.value(QLatin1String("mapFile")).toObject() == fileObject(task.map, knownBy)
         && std::all_of(named.begin(), named.end(),
-            [this](const QJsonObject& output) { return isOutputLeft(output); });
+            [&](const QJsonObject& output) { return isOutputLeft(output, indexed.place); });
 }
 
-bool Resumption::isOutputLeft(const QJsonObject& output) const
+bool Resumption::isOutputLeft(const QJsonObject& output, const RecordPlace& record) const
 {
     const QString status = textIn(output, "status");
+    const QString path = textIn(output, "path");
     if (status == QLatin1String("written"))
-        return QFileInfo::exists(textIn(output, "path"));
+        return outputs.isOf(record, path) && QFileInfo::exists(path);
     return status != QLatin1String("skipped")
-        || (ifExists == host::IfExists::Skip && QFileInfo::exists(textIn(output, "path")));
+        || (ifExists == host::IfExists::Skip && QFileInfo::exists(path));
 }
 
 } // namespace vxroi

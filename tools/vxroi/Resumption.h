@@ -35,8 +35,8 @@ public:
     Earlier judge(const host::CropTask& task) const;
 
 private:
-    bool stands(const QJsonObject& record, const host::CropTask& task) const;
-    bool isOutputLeft(const QJsonObject& output) const;
+    bool stands(const IndexedRecord& record, const host::CropTask& task) const;
+    bool isOutputLeft(const QJsonObject& output, const RecordPlace& record) const;
 
     const RecordIndex& records;
     const OwnOutputs& outputs;
