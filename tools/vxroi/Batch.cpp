@@ -93,12 +93,6 @@ Batch::Batch(const BatchArguments& arguments)
         timings.emplace(pathFrom(arguments.timings));
 }
 
-Batch::~Batch()
-{
-    if (engineStarted.valid())
-        engineStarted.wait();
-}
-
 host::CropRules Batch::rulesOf(const BatchArguments& arguments)
 {
     host::CropRules ofRun = arguments.crop.rules(arguments.analysis);
@@ -114,8 +108,10 @@ host::CropRules Batch::rulesOf(const BatchArguments& arguments)
 ExitCode Batch::run()
 {
     sayWhatIsDamaged();
-    if (isEndless)
-        startEngineMeanwhile();
+    // Before the first line of a stream comes, and in the thread that ends last: what the system notes of a module
+    // that cannot be found goes only with its thread.
+    if (!inputs->isAtEnd())
+        host::startEngine();
     const Interruption interruption(wakeup);
     while (!Interruption::isRequested() && !inputs->isAtEnd())
         step();
@@ -137,14 +133,6 @@ void Batch::finishRecords()
     const QStringList former = records->formerOutputs();
     records->finish();
     ownOutputs->finish(former, namedOutputs);
-}
-
-// The first line should not have to wait for it.
-void Batch::startEngineMeanwhile()
-{
-    const auto start = std::make_shared<std::packaged_task<void()>>(host::startEngine);
-    engineStarted = start->get_future(); // what it throws, the first picture says
-    QThreadPool::globalInstance()->start([start] { (*start)(); });
 }
 
 // Answers come first, so that whoever waits for one before the next input gets it.

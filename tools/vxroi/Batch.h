@@ -24,9 +24,6 @@ class Batch {
 public:
     /// \throws host::HostError when the command line is wrong, or a file cannot be opened.
     explicit Batch(const BatchArguments& arguments);
-    ~Batch();
-    Batch(const Batch&) = delete;
-    Batch& operator=(const Batch&) = delete;
 
     /// \throws host::HostError when the list cannot be read, the records cannot be written, or a signal asks for the end.
     host::ExitCode run();
@@ -46,7 +43,6 @@ private:
 
     bool isResumed() const { return records.has_value(); }
     host::CropRules rulesOf(const BatchArguments& arguments);
-    void startEngineMeanwhile();
     void step();
     void begin(const Input& input);
     Answer answer(const PlannedTask& planned);
@@ -73,8 +69,6 @@ private:
     bool wasCutShort = false; ///< an input was not begun: no record may follow
     QSet<QString> namedOutputs; ///< by records that a later run may resume
     std::deque<QStringList> filesInWork; ///< the outputs of what was begun and is not finished
-    std::future<void>
-        engineStarted; ///< of an endless run, whose engine does not wait for the first picture
     OrderedWork<std::optional<Answer>> work;
 };
 

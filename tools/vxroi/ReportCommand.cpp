@@ -9,6 +9,7 @@
 #include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardError.h"
+#include "host/picture/Engine.h"
 
 #include <CLI/CLI.hpp>
 
@@ -41,6 +42,7 @@ public:
 
     ExitCode run()
     {
+        host::startEngine();
         file.write(partCalled("head.html") + pageStyle() + partCalled("controls.html"));
         while (const auto makeEntry = source->next()) {
             work.begin([position = count++, makeEntry = *makeEntry]() -> Article {
