@@ -78,6 +78,33 @@ TEST_F(VxroiResume, refusesWhatIsNoFileOfRecords)
     EXPECT_EQ(batch(QStringLiteral("in --ratio 1:1 --resume in")).exitCode, 73) << "a folder";
 }
 
+TEST_F(VxroiResume, refusesAFileBesideTheRecordsThatIsNotItsOwn)
+{
+    for (const char* const content : { "my notes", "my notes\n", "-\0my notes" }) {
+        const QByteArray mine(content, content[0] == '-' ? 10 : -1);
+        folder.save(mine, QStringLiteral("records.outputs"));
+        const Outcome outcome = batch(QStringLiteral("in --ratio 1:1 --resume records"));
+        EXPECT_EQ(outcome.exitCode, 64);
+        EXPECT_TRUE(outcome.err.contains("records.outputs: does not list the outputs of a batch"))
+            << outcome.err.toStdString();
+        EXPECT_EQ(contentOf(QStringLiteral("records.outputs")), mine);
+    }
+}
+
+TEST_F(VxroiResume, knowsOutputsAfterANameThatIsCutShort)
+{
+    const char entries[] = "+out/p00.png\0+out/p0";
+    folder.save(QByteArray(entries, sizeof entries - 1), QStringLiteral("records.outputs"));
+    shell(QStringLiteral(
+        "mkdir out; echo ours > out/p00.png; echo mine > out/p0; mkfifo list; "
+        "\"$VXROI\" batch -q --from list --ratio 1:1 -o 'out/{stem}.png' --resume records & "
+        "exec 3> list; echo in/p01.png >&3; "
+        "for i in $(seq 100); do test -s records && break; sleep 0.05; done; "
+        "kill -KILL $!; exec 3>&-; wait"));
+    const QByteArray left = contentOf(QStringLiteral("records.outputs"));
+    EXPECT_TRUE(left.split('\0').contains("+out/p01.png")) << left.toStdString();
+}
+
 TEST_F(VxroiResume, keepsWhatStandsAndSaysWhatItDid)
 {
     EXPECT_TRUE(

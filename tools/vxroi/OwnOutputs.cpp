@@ -7,6 +7,9 @@
 #include <QFileInfo>
 #include <QMutexLocker>
 
+#include <algorithm>
+#include <array>
+
 namespace vxroi {
 
 namespace {
@@ -25,6 +28,20 @@ QByteArray entriesOf(char mark, const QStringList& paths)
     return entries;
 }
 
+// At the end of a run the file goes or is written anew, so it must be no other's.
+void requireEntries(const QList<QByteArray>& entries, const QString& path)
+{
+    constexpr std::array<char, 3> marks { created, notCreated, remade };
+    const bool areEntries
+        = std::all_of(entries.begin(), entries.end(), [&](const QByteArray& entry) {
+              return entry.isEmpty() || std::count(marks.begin(), marks.end(), entry.at(0)) > 0;
+          });
+    if (!areEntries)
+        throw host::HostError(host::ExitCode::Usage, path,
+            QStringLiteral("does not list the outputs of a batch"),
+            QStringLiteral("move it, or name another file of records"));
+}
+
 } // namespace
 
 OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierRecords)
@@ -33,10 +50,15 @@ OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierReco
 {
     if (!file.open(QIODevice::ReadOnly))
         return;
-    const QList<QByteArray> entries = file.readAll().split('\0');
+    const QByteArray content = file.readAll();
+    file.close();
+    QList<QByteArray> entries = content.split('\0');
+    requireEntries(entries, file.fileName());
+    const QByteArray cutShort = entries.takeLast();
     for (const QByteArray& entry : entries)
         read(entry);
-    file.close();
+    if (!cutShort.isEmpty())
+        file.resize(content.size() - cutShort.size());
     for (const QString& path : unnamed) {
         if (host::isDraft(path))
             QFile::remove(path);

@@ -21,6 +21,7 @@ class OwnOutputs final : public host::OutputJournal {
 public:
     /// \param recordPath the file of records; the file beside it is called the same with ".outputs" added.
     /// \param records what that file holds. It must live longer.
+    /// \throws host::HostError when the file beside it is something else.
     OwnOutputs(const QString& recordPath, const RecordIndex& records);
 
     /// Whether the file at \a path was made by this batch before. May be called in any thread.
