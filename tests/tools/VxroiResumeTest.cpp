@@ -105,6 +105,25 @@ TEST_F(VxroiResume, knowsOutputsAfterANameThatIsCutShort)
     EXPECT_TRUE(left.split('\0').contains("+out/p01.png")) << left.toStdString();
 }
 
+TEST_F(VxroiResume, writesTimingsOverNothingElse)
+{
+    folder.save(QByteArray("in/p00.png\n"), QStringLiteral("list"));
+    for (const char* const file : { "list", "in/p00.png", "records" }) {
+        const QString name = QLatin1String(file);
+        resume("--ratio 1:1");
+        const QByteArray before = contentOf(name);
+        const Outcome outcome = batch(QStringLiteral("in --ratio 1:1 --timings ") + name);
+        EXPECT_EQ(outcome.exitCode, 73);
+        EXPECT_TRUE(
+            isOneLineNaming(outcome.err, name + QStringLiteral(": is not a file of timings")))
+            << outcome.err.toStdString();
+        EXPECT_EQ(contentOf(name), before);
+    }
+    EXPECT_EQ(batch(QStringLiteral("in --ratio 1:1 --timings timings")).exitCode, 1);
+    EXPECT_EQ(batch(QStringLiteral("in --ratio 1:1 --timings timings")).exitCode, 1) << "anew";
+    EXPECT_EQ(contentOf(QStringLiteral("timings")).count('\n'), 10);
+}
+
 TEST_F(VxroiResume, keepsWhatStandsAndSaysWhatItDid)
 {
     EXPECT_TRUE(

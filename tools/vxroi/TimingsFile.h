@@ -11,7 +11,7 @@ namespace vxroi {
 class TimingsFile {
 public:
     /// Begins an empty file.
-    /// \throws host::HostError when it cannot be created.
+    /// \throws host::HostError when it cannot be created, or when it exists and holds something other than timings.
     explicit TimingsFile(const QString& path);
 
     /// \throws host::HostError when that fails.
