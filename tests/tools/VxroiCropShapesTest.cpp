@@ -103,8 +103,9 @@ TEST_F(VxroiCropShapes, refusesToEnlargeBeyondThePixelLimit)
 {
     const QString output = folder.path(QStringLiteral("huge.png"));
     const Outcome outcome = crop(QStringLiteral("--size 100000x100000 --upscale -o ") + output);
-    EXPECT_EQ(outcome.exitCode, 64);
+    EXPECT_EQ(outcome.exitCode, 65);
     EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("--max-pixels 10000000000")));
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("its crop for 100000x100000")));
     EXPECT_FALSE(QFile::exists(output));
 }
 

@@ -221,6 +221,10 @@ TEST_F(VxroiResume, triesPicturesAgainThatWereBeyondALimit)
     EXPECT_TRUE(resume("--ratio 1:1 --max-pixels 6000").err.contains(" retried, 5 failed"));
     EXPECT_TRUE(resume("--ratio 1:1").err.contains("5 kept, 0 done, 4 retried, 1 failed"));
     expectAsUndisturbed("--ratio 1:1");
+    EXPECT_TRUE(
+        resume("--size 200x200 --upscale --max-pixels 6000").err.contains(" retried, 10 failed"));
+    EXPECT_TRUE(resume("--size 200x200 --upscale").err.contains("0 done, 9 retried, 1 failed"))
+        << "those of a crop";
 }
 
 TEST_F(VxroiResume, goesBackToWhatWasAskedForBeforeARunThatWasStopped)

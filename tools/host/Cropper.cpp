@@ -155,7 +155,9 @@ void Cropper::setOutputSize(
     const qint64 pixels
         = qint64 { crop.outputSize.width() } * crop.outputSize.height() * frameCount;
     if (pixels > rules.analysis.reading.mostPixels)
-        throw HostError(ExitCode::Usage, crop.shape, QStringLiteral("more pixels than are allowed"),
+        throw unreadableForNow(record.path,
+            QStringLiteral("its crop for %1 would have more pixels than are allowed")
+                .arg(shape.name),
             QStringLiteral("allow them with --max-pixels %1").arg(pixels));
 }
 
