@@ -58,6 +58,8 @@ TEST_F(VxroiStreaming, answersEachLineBeforeTheNext)
         EXPECT_EQ(pathsOf(answerTo(nameOf(i).toUtf8())), QStringList { nameOf(i) });
     EXPECT_TRUE(answerTo("in/none.png").contains("no such file"));
     EXPECT_TRUE(answerTo("{").contains("not JSON"));
+    EXPECT_TRUE(answerTo(R"({"path": "in/p00.png", "focus": [1e999, 0]})")
+                    .contains("not JSON: number overflow parsing '1e999'"));
     process.write("in/p0"); // a line may come in parts
     process.waitForBytesWritten();
     EXPECT_FALSE(process.waitForReadyRead(200));

@@ -60,9 +60,10 @@ try {
         return QStringLiteral("not a JSON object");
     return keys.found() ? QStringLiteral("names \"%1\" twice").arg(*keys.found()) : QString();
 } catch (const nlohmann::json::exception& error) {
-    // What stands before it is the number of the exception and that of the only line.
+    // The number of the exception and that of the only line mean nothing to the reader.
+    const QString what = QString::fromUtf8(error.what()).section(QStringLiteral("] "), 1);
     return QStringLiteral("not JSON: %1")
-        .arg(QString::fromUtf8(error.what()).section(QStringLiteral("line 1, "), 1));
+        .arg(QString(what).remove(QStringLiteral("parse error at line 1, ")));
 }
 
 } // namespace
