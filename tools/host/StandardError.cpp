@@ -1,7 +1,9 @@
 #include "StandardError.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <mutex>
+#include <poll.h>
 #include <unistd.h>
 
 namespace host {
@@ -19,10 +21,20 @@ void writeError(const std::string& text)
     std::size_t written = 0;
     while (written < text.size()) {
         const ssize_t count = write(descriptor, text.data() + written, text.size() - written);
-        if (count <= 0)
+        if (count >= 0)
+            written += static_cast<std::size_t>(count);
+        else if (errno == EAGAIN)
+            waitForRoom(descriptor);
+        else if (errno != EINTR)
             return; // there is nowhere else to complain
-        written += static_cast<std::size_t>(count);
     }
+}
+
+void waitForRoom(int stream)
+{
+    constexpr int forever = -1;
+    pollfd waiting { stream, POLLOUT, 0 };
+    poll(&waiting, 1, forever);
 }
 
 int errorDescriptor() { return descriptor; }

@@ -1,6 +1,7 @@
 #include "StandardOutput.h"
 
 #include "HostError.h"
+#include "StandardError.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -26,6 +27,8 @@ void writeOutput(const QByteArray& bytes)
             static_cast<std::size_t>(bytes.size() - written));
         if (count >= 0)
             written += static_cast<int>(count);
+        else if (errno == EAGAIN)
+            waitForRoom(STDOUT_FILENO);
         else if (errno != EINTR)
             throwWriteFailed(errno);
     }
