@@ -67,6 +67,19 @@ TEST_F(VxroiStreaming, answersEachLineBeforeTheNext)
     EXPECT_EQ(end(), 1);
 }
 
+TEST_F(VxroiStreaming, takesNoPictureFromTheListItself)
+{
+    start();
+    const QByteArray map = R"({"path": "in/p00.png", "map": "/proc/self/fd/0"})";
+    for (const QByteArray& line : { QByteArray("/dev/stdin"), QByteArray("/proc/self/fd/0"), map })
+        process.write(line + '\n');
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(answerTo(nameOf(i).toUtf8()).contains("is the list itself")) << i;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(pathsOf(answer()), QStringList { nameOf(i) });
+    EXPECT_EQ(end(), 1);
+}
+
 TEST_F(VxroiStreaming, answersInTheOrderOfTheLines)
 {
     start("--ratio 1:1 -j 4");

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <sys/stat.h>
 
 namespace vxroi {
 
@@ -60,6 +61,17 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
             outputs.insert(QFileInfo(name.nameFor(path, shape, suffix)).absoluteFilePath());
     }
     return outputs;
+}
+
+// Whether \a path names the pipe or the terminal that \a list reads, as /dev/stdin may: to read it as a picture would
+// take lines away from the list.
+bool isListItself(const QString& path, int list)
+{
+    struct stat ofPath = {};
+    struct stat ofList = {};
+    return stat(host::bytesOfName(path).constData(), &ofPath) == 0 && fstat(list, &ofList) == 0
+        && !S_ISREG(ofList.st_mode) && ofPath.st_dev == ofList.st_dev
+        && ofPath.st_ino == ofList.st_ino;
 }
 
 } // namespace
@@ -110,6 +122,10 @@ std::optional<Input> ListedInputs::next()
         Input input = inputFrom(*entry, isJsonAllowed);
         input.entry = entry->bytes;
         input.place = list.placeOf(*entry);
+        if (isListItself(input.path, descriptor()) || isListItself(input.map, descriptor()))
+            input.failure = HostError(ExitCode::Usage, input.path,
+                QStringLiteral("a picture or its map is the list itself"),
+                QStringLiteral("name a file, or another pipe"));
         if (shard.contains(input.path))
             return input;
     }
