@@ -72,6 +72,27 @@ TEST_F(VxroiMerge, keepsLinesAsTheyAreToRunThemAgain)
     EXPECT_EQ(contentOf(QStringLiteral("again")), line + '\n');
 }
 
+TEST_F(VxroiMerge, writesOddNamesSoThatAListTellsThem)
+{
+    shell(QStringLiteral(
+        "mkdir odd; cp in/p00.png \"$(printf 'odd/two\\nlines.png')\"; cp in/p00.png 'odd/{}.png'; "
+        "cd odd; cp ../in/p00.png '{x.png'; cd ..; : > empty"));
+    merge("empty --folder odd --again again");
+    const Outcome outcome = shell(QStringLiteral("\"$VXROI\" batch --from again --ratio 1:1"));
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
+    EXPECT_EQ(pathsOf(outcome.out).size(), 3);
+}
+
+TEST_F(VxroiMerge, saysWhichPartIsDamaged)
+{
+    const QByteArray part = contentOf(QStringLiteral("part-1"));
+    folder.save(part + part.left(60), QStringLiteral("part-1"));
+    const Outcome outcome = merge("part-1 -o all");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_TRUE(outcome.err.contains("part-1: 60 bytes were damaged by a crash"))
+        << outcome.err.toStdString();
+}
+
 TEST_F(VxroiMerge, tellsTheLinesOfOnePictureApart)
 {
     folder.save(QByteArray("{\"path\": \"in/p00.png\", \"focus\": [0, 0]}\nin/p00.png\n"
@@ -138,6 +159,8 @@ TEST_F(VxroiMerge, refusesWhatIsNoRecordsAndOverwritesNothing)
     EXPECT_EQ(merge("part-1 part-2 -o part-1 --if-exists overwrite").exitCode, 73);
     EXPECT_EQ(merge("part-1 part-2 -o list").exitCode, 73);
     EXPECT_EQ(contentOf(QStringLiteral("part-1")), part);
+    EXPECT_EQ(merge("part-1 part-2 -o x --again ./x").exitCode, 64);
+    EXPECT_TRUE(merge("/dev/null").err.contains("/dev/null: is not a file"));
     EXPECT_EQ(merge("").exitCode, 64);
     EXPECT_EQ(merge("part-1 --from list --folder in").exitCode, 64);
 }

@@ -1,10 +1,14 @@
 #include "Merge.h"
 
 #include "Inputs.h"
+#include "Wakeup.h"
 
 #include "host/FileName.h"
 #include "host/Json.h"
 #include "host/StandardError.h"
+
+#include <QFileInfo>
+#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -15,6 +19,16 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
+// A path as a list has it: an object where a path alone would be read otherwise.
+QByteArray entryOf(const QString& path, char end)
+{
+    const QByteArray name = host::bytesOfName(path);
+    const bool isPlain
+        = end == '\0' || !(name.startsWith('{') || name.contains('\n') || name.endsWith('\r'));
+    const QJsonObject object { { QStringLiteral("path"), path } };
+    return isPlain ? name : QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
 Merge::Merge(const MergeArguments& mergeArguments)
@@ -24,10 +38,20 @@ Merge::Merge(const MergeArguments& mergeArguments)
     for (const std::string& result : arguments.results) {
         Part& part = parts.emplace_back();
         part.file.setFileName(pathFrom(result));
-        if (!part.file.open(QIODevice::ReadOnly))
-            throw HostError(ExitCode::MissingInput, part.file.fileName(), part.file.errorString(),
+        const QFileInfo info(part.file);
+        const bool isOther = info.exists() && !info.isFile();
+        if (isOther || !part.file.open(QIODevice::ReadOnly))
+            throw HostError(ExitCode::MissingInput, part.file.fileName(),
+                isOther ? QStringLiteral("is not a file") : part.file.errorString(),
                 QStringLiteral("name files that vxroi batch has written"));
         part.records.emplace(part.file);
+        const qint64 damaged = part.records->damagedBytes();
+        damagedBytes += damaged;
+        if (damaged > 0)
+            say(QStringLiteral(
+                "%1: %2 bytes were damaged by a crash; resume its run, and merge again")
+                    .arg(part.file.fileName())
+                    .arg(damaged));
     }
     if (!arguments.again.empty())
         again.emplace(pathFrom(arguments.again));
@@ -41,17 +65,21 @@ ExitCode Merge::run()
     if (again)
         again->commit(mayReplace);
     say(summary());
-    return missingCount + clashCount > 0 || !failures.isEmpty() ? ExitCode::SomeFailed
-                                                                : ExitCode::Success;
+    return missingCount + clashCount + damagedBytes > 0 || !failures.isEmpty()
+        ? ExitCode::SomeFailed
+        : ExitCode::Success;
 }
 
 void Merge::forEachInput(const std::function<void(const Input&)>& visit) const
 {
     if (!arguments.from.empty()) {
         ListedInputs inputs(pathFrom(arguments.from), arguments.nulSeparated, {});
+        const Wakeup wakeup;
         while (!inputs.isAtEnd()) {
             if (const std::optional<Input> input = inputs.next())
                 visit(*input);
+            else if (!inputs.isAtEnd())
+                wakeup.wait(inputs.descriptor());
         }
     } else if (!arguments.folder.empty()) {
         const QStringList paths = picturesIn(pathFrom(arguments.folder), arguments.recursive);
@@ -161,10 +189,8 @@ void Merge::runAgain(const Input& input)
 {
     if (!again)
         return;
-    const bool isLikeJson = input.entry.isEmpty() && input.path.startsWith(QLatin1Char('{'));
-    const QByteArray path = (isLikeJson ? "./" : "") + host::bytesOfName(input.path);
-    again->write(
-        (input.entry.isEmpty() ? path : input.entry) + (arguments.nulSeparated ? '\0' : '\n'));
+    const char end = arguments.nulSeparated ? '\0' : '\n';
+    again->write((input.entry.isEmpty() ? entryOf(input.path, end) : input.entry) + end);
 }
 
 // Parts do not know the outputs of each other, so that one may have replaced another's.

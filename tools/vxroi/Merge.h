@@ -57,6 +57,7 @@ private:
     qint64 okCount = 0;
     qint64 missingCount = 0;
     qint64 doubleCount = 0;
+    qint64 damagedBytes = 0;
     std::unordered_set<std::size_t> outputs; ///< by hashes of their names
     qint64 clashCount = 0; ///< outputs that two pictures have
 };

@@ -2,6 +2,7 @@
 
 #include "Merge.h"
 #include "OutputFiles.h"
+#include "host/OutputName.h"
 
 #include <CLI/CLI.hpp>
 
@@ -18,6 +19,12 @@ ExitCode runMerge(const MergeArguments& arguments)
                 requireFreeName(pathFrom(result), pathFrom(output), arguments.ifExists);
         }
     }
+    if (!arguments.again.empty()
+        && host::canonicalPathOf(pathFrom(arguments.again))
+            == host::canonicalPathOf(pathFrom(arguments.output)))
+        throw HostError(ExitCode::Usage, pathFrom(arguments.again),
+            QStringLiteral("named for two outputs"),
+            QStringLiteral("give the records and the list different names"));
     return Merge(arguments).run();
 }
 
