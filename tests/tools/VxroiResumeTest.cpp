@@ -318,6 +318,19 @@ TEST_F(VxroiResume, repairsWhatACrashHasLeftAndSaysSo)
     expectAsUndisturbed("--ratio 1:1");
 }
 
+TEST_F(VxroiResume, leavesAFileAloneThatSomebodyHasPutInTheOutputsPlace)
+{
+    resume("--ratio 1:1");
+    folder.save(QByteArray("mine"), QStringLiteral("mine"));
+    shell(QStringLiteral(
+        "sleep 4; mv mine out/p02.png")); // as old as the outputs, and there since now
+    const Outcome outcome = resume("--ratio 2:1");
+    EXPECT_TRUE(outcome.err.contains("out/p02.png: already exists")) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains("0 kept, 8 done, 0 retried, 2 failed"))
+        << outcome.err.toStdString();
+    EXPECT_EQ(contentOf(QStringLiteral("out/p02.png")), QByteArray("mine"));
+}
+
 TEST_F(VxroiResume, removesTheDraftsOfAKilledRunAndNoOthers)
 {
     resume("--ratio 1:1");

@@ -28,6 +28,10 @@ void requireSensible(const BatchArguments& arguments)
         throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
             QStringLiteral("standard output is for records"),
             QStringLiteral("name files, such as {stem}-{ratio}.jpg"));
+    if (arguments.resume == "-")
+        throw HostError(ExitCode::Usage, QStringLiteral("--resume -"),
+            QStringLiteral("only a file can be resumed"),
+            QStringLiteral("name one, or leave --resume out"));
     if (arguments.crop.map == "-")
         throw HostError(ExitCode::Usage, QStringLiteral("--map -"),
             QStringLiteral("standard input is one map for many pictures"),

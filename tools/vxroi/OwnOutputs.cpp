@@ -4,11 +4,13 @@
 #include "host/HostError.h"
 #include "host/OutputFile.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QMutexLocker>
 
 #include <algorithm>
 #include <array>
+#include <sys/stat.h>
 
 namespace vxroi {
 
@@ -47,6 +49,7 @@ void requireEntries(const QList<QByteArray>& entries, const QString& path)
 OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierRecords)
     : file(recordPath + QStringLiteral(".outputs"))
     , records(earlierRecords)
+    , lastWritten(std::max(records.modified(), QFileInfo(file).lastModified().toSecsSinceEpoch()))
 {
     if (!file.open(QIODevice::ReadOnly))
         return;
@@ -79,7 +82,12 @@ void OwnOutputs::read(const QByteArray& entry)
 
 bool OwnOutputs::contains(const QString& path) const
 {
-    return unnamed.contains(path) || records.nameOutput(path);
+    if (!unnamed.contains(path) && !records.nameOutput(path))
+        return false;
+    constexpr qint64 slack = 2; // clocks of file systems are not those of programs
+    struct stat status = {};
+    const bool exists = stat(host::bytesOfName(path).constData(), &status) == 0;
+    return !exists || status.st_ctim.tv_sec <= lastWritten + slack;
 }
 
 bool OwnOutputs::isOf(const RecordPlace& record, const QString& path) const

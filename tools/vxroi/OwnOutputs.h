@@ -24,7 +24,8 @@ public:
     /// \throws host::HostError when the file beside it is something else.
     OwnOutputs(const QString& recordPath, const RecordIndex& records);
 
-    /// Whether the file at \a path was made by this batch before. May be called in any thread.
+    /// Whether the file at \a path was made by this batch before: it is named, and nobody has put another in its place since the
+    /// batch wrote of it. May be called in any thread.
     bool contains(const QString& path) const;
 
     /// Whether no run that was stopped has made the file at \a path anew since \a record. May be called in any thread.
@@ -49,6 +50,7 @@ private:
     QMutex mutex;
     QFile file;
     const RecordIndex& records;
+    qint64 lastWritten; ///< when a run last wrote records or the file, in seconds since 1970
     QSet<QString> unnamed; ///< what the file had at the beginning
     QHash<QString, qint64>
         remadeAfter; ///< where the records ended before a run that made the file anew

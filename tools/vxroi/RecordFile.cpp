@@ -1,5 +1,6 @@
 #include "RecordFile.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/OutputFile.h"
 
@@ -7,7 +8,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace vxroi {
@@ -17,20 +21,47 @@ using host::HostError;
 
 namespace {
 
+bool isStillThere(const QFile& file)
+{
+    struct stat opened = {};
+    struct stat named = {};
+    return fstat(file.handle(), &opened) == 0
+        && stat(host::bytesOfName(file.fileName()).constData(), &named) == 0
+        && opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+void open(QFile& file)
+{
+    const QFileInfo info(file);
+    const bool isOther = info.exists() && !info.isFile();
+    if (isOther || !file.open(QIODevice::ReadWrite))
+        throw HostError(ExitCode::CannotCreate, file.fileName(),
+            isOther ? QStringLiteral("is not a file") : file.errorString(),
+            QStringLiteral("choose a folder that exists and can be written to"));
+}
+
+// Where the file system has no locks, there is nothing to go by. A run that ends may put another file in its place.
+bool isOurs(const QFile& file)
+{
+    const bool isLocked = flock(file.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+    return isLocked && isStillThere(file);
+}
+
+// A run that was killed a moment ago may still hold it.
 QFile& opened(QFile& file)
 {
-    const QString path = file.fileName();
-    const QFileInfo info(path);
-    if ((info.exists() && !info.isFile()) || !file.open(QIODevice::ReadWrite))
-        throw HostError(ExitCode::CannotCreate, path,
-            file.error() == QFileDevice::NoError ? QStringLiteral("is not a file")
-                                                 : file.errorString(),
-            QStringLiteral("choose a folder that exists and can be written to"));
-    // Where the file system has no locks, there is nothing to go by.
-    if (flock(file.handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
-        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("is in use by another run"),
-            QStringLiteral("wait until that has ended, or name another file"));
-    return file;
+    constexpr int mostAttempts = 20;
+    constexpr auto pause = std::chrono::milliseconds(100);
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        open(file);
+        if (isOurs(file))
+            return file;
+        file.close();
+        std::this_thread::sleep_for(pause);
+    }
+    throw HostError(ExitCode::CannotCreate, file.fileName(),
+        QStringLiteral("is in use by another run"),
+        QStringLiteral("wait until that has ended, or name another file"));
 }
 
 } // namespace
@@ -83,8 +114,11 @@ void RecordFile::finish()
     host::OutputFile ordered(file.fileName());
     for (const RecordPlace& part : parts) {
         file.seek(part.offset);
-        for (qint64 left = part.size; left > 0; left -= mostAtOnce)
-            ordered.write(file.read(std::min(left, mostAtOnce)));
+        for (qint64 left = part.size; left > 0; left -= mostAtOnce) {
+            const QByteArray bytes = file.read(std::min(left, mostAtOnce));
+            requireWritten(bytes.size() == std::min(left, mostAtOnce));
+            ordered.write(bytes);
+        }
     }
     ordered.commit(true);
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <functional>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace vxroi {
@@ -71,6 +72,9 @@ RecordIndex::RecordIndex(QFile& openFile)
     : file(openFile)
 {
     constexpr qint64 mostBytes = 1 << 24; // of a line; zeros may have no end
+    struct stat status = {};
+    if (fstat(file.handle(), &status) == 0)
+        modifiedSeconds = status.st_mtim.tv_sec;
     file.seek(0);
     for (qint64 lineNumber = 1; !file.atEnd(); ++lineNumber) {
         const qint64 offset = file.pos();

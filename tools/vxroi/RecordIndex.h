@@ -55,6 +55,9 @@ public:
     /// The line of a record, with its end. May be called in any thread.
     QByteArray lineAt(const RecordPlace& place) const;
 
+    /// When the file was last written, in seconds since 1970.
+    qint64 modified() const { return modifiedSeconds; }
+
     qint64 damagedBytes() const { return damaged; }
 
     /// Where the last record ends in the file, in bytes; those that are added stand after it.
@@ -75,6 +78,7 @@ private:
     std::vector<Entry> entries; ///< by hash, then by place
     std::unordered_set<std::size_t> outputHashes;
     qint64 damaged = 0;
+    qint64 modifiedSeconds = 0;
 };
 
 /// Whether a line of a file is a record: an object with a path and a status.

@@ -48,14 +48,16 @@ void RecordPrinter::addTo(CLI::App& command)
 {
     CLI::Option* const record
         = command.add_flag("--json", json, "print one record for each picture, as JSON");
-    command
-        .add_option("--emit", emitted,
-            "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or their "
-            "focus, FX,FY")
-        ->type_name("WHAT")
-        ->check(oneOf({ "geometry", "css", "focus" }))
-        ->capture_default_str()
-        ->excludes(record);
+    CLI::Option* const words
+        = command
+              .add_option("--emit", emitted,
+                  "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or "
+                  "their focus, FX,FY")
+              ->type_name("WHAT")
+              ->check(oneOf({ "geometry", "css", "focus" }))
+              ->excludes(record);
+    if (!isJsonWanted())
+        words->capture_default_str();
 }
 
 bool RecordPrinter::isAsked() const { return json || emitted != unlessAsked; }
