@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
+#include <utility>
+
 namespace host {
 
 namespace {
@@ -27,8 +29,8 @@ try {
 
 } // namespace
 
-MapStore::MapStore(const QString& mapFolder)
-    : folder(mapFolder)
+MapStore::MapStore(QString mapFolder)
+    : folder(std::move(mapFolder))
 {
     createFolder(folder);
 }

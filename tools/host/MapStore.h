@@ -17,7 +17,7 @@ namespace host {
 class MapStore {
 public:
     /// \throws HostError when there is no such folder and none can be made.
-    explicit MapStore(const QString& folder);
+    explicit MapStore(QString folder);
 
     /// Takes the analysis of a picture from its map, or analyses it and keeps the map, unless reading the picture gave
     /// warnings: they would be missed the next time.

@@ -73,8 +73,7 @@ bool ListReader::readMore()
     pollfd waiting { source, POLLIN, 0 };
     if (poll(&waiting, 1, 0) <= 0)
         return false;
-    std::array<char, mostAtOnce>
-        part; // NOLINT(cppcoreguidelines-pro-type-member-init): read fills it
+    std::array<char, mostAtOnce> part {};
     const ssize_t count = read(source, part.data(), part.size());
     if (count > 0)
         unread.append(part.data(), static_cast<int>(count));

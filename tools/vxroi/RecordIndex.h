@@ -65,9 +65,9 @@ public:
 
 private:
     struct Entry {
-        std::size_t pathHash;
+        std::size_t pathHash = 0;
         RecordPlace place;
-        bool isSeen;
+        bool isSeen = false;
     };
 
     static std::size_t hashOf(const QString& text);

@@ -51,7 +51,7 @@ Earlier Resumption::judge(const CropTask& task) const
     std::copy_if(task.outputs.begin(), task.outputs.end(), std::back_inserter(earlier.ownOutputs),
         [this](const QString& output) { return outputs.contains(output); });
     const QVector<IndexedRecord> all = records.of(task.path);
-    const auto same = std::find_if(all.begin(), all.end(),
+    const auto* const same = std::find_if(all.begin(), all.end(),
         [&task](const IndexedRecord& record) { return asksForTheSame(record.object, task); });
     if (same == all.end())
         return earlier;

@@ -28,14 +28,14 @@ struct Earlier {
 /// Decides what is left to do of a run that goes on with another one's records.
 class Resumption {
 public:
-    Resumption(
-        RecordIndex& records, const OwnOutputs& outputs, Retry retry, const host::CropRules& rules);
+    Resumption(RecordIndex& earlier, const OwnOutputs& ownOutputs, Retry retryFailures,
+        const host::CropRules& rules);
 
     /// May be called in any thread.
     Earlier judge(const host::CropTask& task) const;
 
 private:
-    bool stands(const IndexedRecord& record, const host::CropTask& task) const;
+    bool stands(const IndexedRecord& indexed, const host::CropTask& task) const;
     bool isOutputLeft(const QJsonObject& output, const RecordPlace& record) const;
 
     const RecordIndex& records;
