@@ -1,5 +1,6 @@
 #include "Json.h"
 
+#include <QCryptographicHash>
 #include <QJsonDocument>
 #include <QRegularExpression>
 
@@ -79,6 +80,12 @@ JsonObject parseObject(const QByteArray& text)
     if (!document.isObject())
         return { {}, QStringLiteral("not JSON: %1").arg(error.errorString()) };
     return { document.object(), {} };
+}
+
+QString hashOf(const QJsonObject& object)
+{
+    const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    return QString::fromLatin1(QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex());
 }
 
 QJsonObject jsonOf(const QSize& size)

@@ -17,6 +17,9 @@ struct JsonObject {
 /// Reads a text that is one JSON object. An object that has a key twice is refused: readers differ in which value they take.
 JsonObject parseObject(const QByteArray& text);
 
+/// The SHA-256 of what \a object holds, 64 hexadecimal digits.
+QString hashOf(const QJsonObject& object);
+
 /// {"width", "height"}
 QJsonObject jsonOf(const QSize& size);
 

@@ -2,13 +2,12 @@
 
 #include "HostError.h"
 #include "ImageMemory.h"
+#include "Json.h"
 #include "OutputName.h"
 #include "SalienceSettings.h"
 #include "picture/PictureWriter.h"
 
-#include <QCryptographicHash>
 #include <QFileInfo>
-#include <QJsonDocument>
 
 #include <utility>
 
@@ -70,11 +69,8 @@ QString MapStore::nameOf(
         { QStringLiteral("version"), QStringLiteral(VXROI_VERSION) } };
     if (!state.contains(QLatin1String("sha256")))
         whole.insert(QStringLiteral("path"), canonicalPathOf(picture));
-    const QByteArray hash = QCryptographicHash::hash(
-        QJsonDocument(whole).toJson(QJsonDocument::Compact), QCryptographicHash::Sha256)
-                                .toHex();
-    return QStringLiteral("%1/%2/%3.png")
-        .arg(folder, QString::fromLatin1(hash.left(2)), QString::fromLatin1(hash.mid(2)));
+    const QString hash = hashOf(whole);
+    return QStringLiteral("%1/%2/%3.png").arg(folder, hash.left(2), hash.mid(2));
 }
 
 } // namespace host

@@ -130,7 +130,7 @@ void fillFromJson(Input& input, const QByteArray& line)
     QJsonObject own = parsed.object;
     own.remove(pathKey);
     if (!own.isEmpty())
-        input.request = hashOf(own);
+        input.request = shortHashOf(own);
 }
 
 } // namespace

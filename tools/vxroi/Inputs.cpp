@@ -114,9 +114,13 @@ ListedInputs::ListedInputs(const QString& path, bool isNulSeparated, const Shard
 {
 }
 
-std::optional<Input> ListedInputs::next()
+std::optional<Input> ListedInputs::next() { return nextOf(&ListReader::next); }
+
+std::optional<Input> ListedInputs::waitForNext() { return nextOf(&ListReader::waitForNext); }
+
+std::optional<Input> ListedInputs::nextOf(std::optional<ListEntry> (ListReader::*read)())
 {
-    while (const std::optional<ListEntry> entry = list.next()) {
+    while (const std::optional<ListEntry> entry = (list.*read)()) {
         if (entry->bytes.isEmpty() && !entry->isTooLong)
             continue;
         Input input = inputFrom(*entry, isJsonAllowed);

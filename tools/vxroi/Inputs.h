@@ -68,12 +68,18 @@ public:
     ListedInputs(const QString& path, bool isNulSeparated, const Shard& part);
 
     std::optional<Input> next() override;
+
+    /// The next input, as soon as it has arrived; none when there are no more.
+    std::optional<Input> waitForNext();
+
     bool isAtEnd() const override { return list.isAtEnd(); }
     int descriptor() const override { return list.descriptor(); }
     qint64 count() const override { return -1; }
     QString name() const override { return list.name(); }
 
 private:
+    std::optional<Input> nextOf(std::optional<ListEntry> (ListReader::*read)());
+
     bool isJsonAllowed;
     ListReader list;
     Shard shard;

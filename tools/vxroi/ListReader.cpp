@@ -66,6 +66,18 @@ std::optional<ListEntry> ListReader::next()
     }
 }
 
+std::optional<ListEntry> ListReader::waitForNext()
+{
+    constexpr int forever = -1;
+    std::optional<ListEntry> entry = next();
+    while (!entry && !isAtEnd()) {
+        pollfd waiting { source, POLLIN, 0 };
+        poll(&waiting, 1, forever);
+        entry = next();
+    }
+    return entry;
+}
+
 // Whether something has arrived: bytes or the end.
 bool ListReader::readMore()
 {

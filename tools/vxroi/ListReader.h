@@ -32,6 +32,10 @@ public:
     /// \throws host::HostError when reading fails, or an entry has more than a thousand times mostBytes.
     std::optional<ListEntry> next();
 
+    /// The next entry, as soon as it has arrived; none when there are no more.
+    /// \throws host::HostError as next().
+    std::optional<ListEntry> waitForNext();
+
     bool isAtEnd() const { return hasEnded && unread.isEmpty(); }
 
     /// What to wait for when there is no next entry yet.

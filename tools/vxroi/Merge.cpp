@@ -1,7 +1,6 @@
 #include "Merge.h"
 
 #include "Inputs.h"
-#include "Wakeup.h"
 
 #include "host/FileName.h"
 #include "host/Json.h"
@@ -74,13 +73,8 @@ void Merge::forEachInput(const std::function<void(const Input&)>& visit) const
 {
     if (!arguments.from.empty()) {
         ListedInputs inputs(pathFrom(arguments.from), arguments.nulSeparated, {});
-        const Wakeup wakeup;
-        while (!inputs.isAtEnd()) {
-            if (const std::optional<Input> input = inputs.next())
-                visit(*input);
-            else if (!inputs.isAtEnd())
-                wakeup.wait(inputs.descriptor());
-        }
+        while (const std::optional<Input> input = inputs.waitForNext())
+            visit(*input);
     } else if (!arguments.folder.empty()) {
         const QStringList paths = picturesIn(pathFrom(arguments.folder), arguments.recursive);
         for (const QString& path : paths) {
@@ -162,8 +156,7 @@ std::optional<Merge::Found> Merge::find(const Input& input) const
             const bool isBetter = !best || hasFailed(best->record) || !hasFailed(record.object);
             const bool isDouble = best.has_value();
             if (isBetter)
-                best = Found { part.records->lineAt(record.place), record.object,
-                    part.file.fileName() };
+                best = Found { record.line, record.object, part.file.fileName() };
             best->isDouble = isDouble;
         });
     }
@@ -197,7 +190,7 @@ void Merge::runAgain(const Input& input)
 void Merge::noteOutputs(const QJsonObject& record)
 {
     for (const QString& output : writtenOutputsOf(record)) {
-        const bool isNew = outputs.insert(std::hash<std::string>()(output.toStdString())).second;
+        const bool isNew = outputs.insert(RecordIndex::hashOf(output)).second;
         if (isNew)
             continue;
         ++clashCount;

@@ -4,14 +4,13 @@
 #include "HelpSection.h"
 #include "host/FileName.h"
 #include "host/HostError.h"
+#include "host/Json.h"
 #include "host/OutputName.h"
 #include "host/SalienceSettings.h"
 
 #include <CLI/CLI.hpp>
 
-#include <QCryptographicHash>
 #include <QJsonArray>
-#include <QJsonDocument>
 
 namespace vxroi {
 
@@ -284,15 +283,13 @@ QString CropOptions::request(const AnalysisOptions& analysis) const
     wanted.insert(QStringLiteral("dryRun"), dryRun);
     wanted.insert(QStringLiteral("salience"), host::textOf(analysis.rules().salience));
     wanted.insert(QStringLiteral("onBroken"), QString::fromStdString(analysis.onBroken));
-    return hashOf(wanted);
+    return shortHashOf(wanted);
 }
 
-QString hashOf(const QJsonObject& object)
+QString shortHashOf(const QJsonObject& object)
 {
     constexpr int digits = 16;
-    const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
-    return QString::fromLatin1(
-        QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(digits));
+    return host::hashOf(object).left(digits);
 }
 
 void addMapsOption(CLI::App& command, std::string& folder)

@@ -81,7 +81,7 @@ struct CropOptions {
 };
 
 /// A hash of what \a object holds, 16 hexadecimal digits.
-QString hashOf(const QJsonObject& object);
+QString shortHashOf(const QJsonObject& object);
 
 /// Adds --maps, a folder in which maps are kept.
 void addMapsOption(CLI::App& command, std::string& folder);

@@ -22,6 +22,11 @@ using host::HostError;
 constexpr QLatin1String pathKey("path", 4);
 constexpr QLatin1String statusKey("status", 6);
 
+bool isBefore(const RecordPlace& one, const RecordPlace& other)
+{
+    return one.offset < other.offset;
+}
+
 // Whether \a line may be what is left of a record: its first part, and zeros where the rest did not reach the disk.
 bool isDamagedRecord(const QByteArray& line)
 {
@@ -51,16 +56,23 @@ bool hasFailed(const QJsonObject& record)
     return textIn(record, "status") != QLatin1String("ok");
 }
 
+QVector<QJsonObject> outputsOf(const QJsonObject& record)
+{
+    QVector<QJsonObject> outputs;
+    const QJsonArray crops = record.value(QLatin1String("crops")).toArray();
+    for (const QJsonValue& crop : crops)
+        outputs.append(crop.toObject().value(QLatin1String("output")).toObject());
+    return outputs;
+}
+
 QStringList writtenOutputsOf(const QJsonObject& record)
 {
-    QStringList outputs;
-    const QJsonArray crops = record.value(QLatin1String("crops")).toArray();
-    for (const QJsonValue& crop : crops) {
-        const QJsonObject output = crop.toObject().value(QLatin1String("output")).toObject();
-        if (output.value(statusKey).toString() == QLatin1String("written"))
-            outputs.append(output.value(pathKey).toString());
+    QStringList written;
+    for (const QJsonObject& output : outputsOf(record)) {
+        if (textIn(output, "status") == QLatin1String("written"))
+            written.append(textIn(output, "path"));
     }
-    return outputs;
+    return written;
 }
 
 std::size_t RecordIndex::hashOf(const QString& text)
@@ -83,11 +95,10 @@ RecordIndex::RecordIndex(QFile& openFile)
     if (file.error() != QFileDevice::NoError)
         throw HostError(ExitCode::UnreadableInput, file.fileName(), file.errorString(),
             QStringLiteral("name a file of records"));
-    const auto isBefore = [](const Entry& one, const Entry& other) {
+    std::sort(entries.begin(), entries.end(), [](const Entry& one, const Entry& other) {
         return one.pathHash != other.pathHash ? one.pathHash < other.pathHash
-                                              : one.place.offset < other.place.offset;
-    };
-    std::sort(entries.begin(), entries.end(), isBefore);
+                                              : isBefore(one.place, other.place);
+    });
 }
 
 void RecordIndex::add(const QByteArray& line, qint64 offset, qint64 lineNumber)
@@ -121,22 +132,25 @@ QVector<RecordPlace> RecordIndex::places() const
     QVector<RecordPlace> places;
     for (const Entry& entry : entries)
         places.append(entry.place);
-    std::sort(places.begin(), places.end(),
-        [](const RecordPlace& one, const RecordPlace& other) { return one.offset < other.offset; });
+    std::sort(places.begin(), places.end(), isBefore);
     return places;
+}
+
+std::vector<RecordIndex::Entry>::const_iterator RecordIndex::firstOf(std::size_t pathHash) const
+{
+    return std::lower_bound(entries.begin(), entries.end(), pathHash,
+        [](const Entry& entry, std::size_t value) { return entry.pathHash < value; });
 }
 
 QVector<IndexedRecord> RecordIndex::of(const QString& path) const
 {
     QVector<IndexedRecord> records;
     const std::size_t hash = hashOf(path);
-    const auto isBelow
-        = [](const Entry& entry, std::size_t value) { return entry.pathHash < value; };
-    auto entry = std::lower_bound(entries.begin(), entries.end(), hash, isBelow);
-    for (; entry != entries.end() && entry->pathHash == hash; ++entry) {
-        const QJsonObject object = host::parseObject(lineAt(entry->place)).object;
+    for (auto entry = firstOf(hash); entry != entries.end() && entry->pathHash == hash; ++entry) {
+        const QByteArray line = lineAt(entry->place);
+        const QJsonObject object = host::parseObject(line).object;
         if (object.value(pathKey).toString() == path)
-            records.prepend({ object, entry->place });
+            records.prepend({ object, entry->place, line });
     }
     return records;
 }
@@ -153,18 +167,13 @@ QByteArray RecordIndex::lineAt(const RecordPlace& place) const
 void RecordIndex::see(const QString& path)
 {
     const std::size_t hash = hashOf(path);
-    const auto isBelow
-        = [](const Entry& entry, std::size_t value) { return entry.pathHash < value; };
-    const auto entry = std::lower_bound(entries.begin(), entries.end(), hash, isBelow);
-    if (entry != entries.end() && entry->pathHash == hash)
-        entry->isSeen = true; // the first of its path stands for all
+    const auto index = static_cast<std::size_t>(firstOf(hash) - entries.begin());
+    if (index < entries.size() && entries[index].pathHash == hash)
+        entries[index].isSeen = true; // the first of its path stands for all
 }
 
 QStringList RecordIndex::outputsOutside(std::vector<RecordPlace> parts) const
 {
-    const auto isBefore = [](const RecordPlace& one, const RecordPlace& other) {
-        return one.offset < other.offset;
-    };
     std::sort(parts.begin(), parts.end(), isBefore);
     QStringList outputs;
     for (const Entry& entry : entries) {

@@ -20,6 +20,7 @@ struct RecordPlace {
 struct IndexedRecord {
     QJsonObject object;
     RecordPlace place;
+    QByteArray line; ///< with its end
 };
 
 /// The records in a file, by their inputs.
@@ -58,6 +59,9 @@ public:
     /// When the file was last written, in seconds since 1970.
     qint64 modified() const { return modifiedSeconds; }
 
+    /// What it knows a path or an output by.
+    static std::size_t hashOf(const QString& text);
+
     qint64 damagedBytes() const { return damaged; }
 
     /// Where the last record ends in the file, in bytes; those that are added stand after it.
@@ -70,7 +74,7 @@ private:
         bool isSeen = false;
     };
 
-    static std::size_t hashOf(const QString& text);
+    std::vector<Entry>::const_iterator firstOf(std::size_t pathHash) const;
     void add(const QByteArray& line, qint64 offset, qint64 lineNumber);
 
     QFile& file;
@@ -88,6 +92,9 @@ bool isRecord(const QJsonObject& object);
 QString textIn(const QJsonObject& object, const char* key);
 
 bool hasFailed(const QJsonObject& record);
+
+/// What a record has under "output" of each crop.
+QVector<QJsonObject> outputsOf(const QJsonObject& record);
 
 /// The outputs that a record names as written.
 QStringList writtenOutputsOf(const QJsonObject& record);

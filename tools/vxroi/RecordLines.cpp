@@ -15,15 +15,11 @@ RecordLines::RecordLines(const QString& path)
 
 std::optional<host::CropRecord> RecordLines::next()
 {
-    for (;;) {
-        const std::optional<ListEntry> line = lines.next();
-        if (line && (line->isTooLong || !line->bytes.trimmed().isEmpty()))
+    while (const std::optional<ListEntry> line = lines.waitForNext()) {
+        if (line->isTooLong || !line->bytes.trimmed().isEmpty())
             return recordFrom(*line);
-        if (!line && lines.isAtEnd())
-            return std::nullopt;
-        if (!line)
-            wakeup.wait(lines.descriptor());
     }
+    return std::nullopt;
 }
 
 host::CropRecord RecordLines::recordFrom(const ListEntry& line) const

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ListReader.h"
-#include "Wakeup.h"
 
 #include "host/CropRecord.h"
 
@@ -23,7 +22,6 @@ public:
 private:
     host::CropRecord recordFrom(const ListEntry& line) const;
 
-    Wakeup wakeup;
     ListReader lines;
 };
 

@@ -1,7 +1,6 @@
 #include "Resumption.h"
 
 #include <QFileInfo>
-#include <QJsonArray>
 
 #include <algorithm>
 
@@ -16,15 +15,6 @@ bool asksForTheSame(const QJsonObject& record, const CropTask& task)
     return textIn(record, "version") == QLatin1String(VXROI_VERSION)
         && textIn(record, "request") == task.request.ofRun
         && textIn(record, "line") == task.request.ofLine;
-}
-
-QVector<QJsonObject> outputsOf(const QJsonObject& record)
-{
-    QVector<QJsonObject> outputs;
-    const QJsonArray crops = record.value(QLatin1String("crops")).toArray();
-    for (const QJsonValue& crop : crops)
-        outputs.append(crop.toObject().value(QLatin1String("output")).toObject());
-    return outputs;
 }
 
 // The state of a file as records have it: an empty object where there is none.
@@ -48,19 +38,18 @@ Resumption::Resumption(RecordIndex& earlier, const OwnOutputs& ownOutputs, Retry
 Earlier Resumption::judge(const CropTask& task) const
 {
     Earlier earlier;
-    std::copy_if(task.outputs.begin(), task.outputs.end(), std::back_inserter(earlier.ownOutputs),
-        [this](const QString& output) { return outputs.contains(output); });
     const QVector<IndexedRecord> all = records.of(task.path);
     const auto* const same = std::find_if(all.begin(), all.end(),
         [&task](const IndexedRecord& record) { return asksForTheSame(record.object, task); });
-    if (same == all.end())
-        return earlier;
-    earlier.hasFailed = hasFailed(same->object);
-    if (stands(*same, task)) {
+    earlier.hasFailed = same != all.end() && hasFailed(same->object);
+    if (same != all.end() && stands(*same, task)) {
         earlier.record = same->place;
         earlier.object = same->object;
         earlier.namedOutputs = writtenOutputsOf(same->object);
+        return earlier;
     }
+    std::copy_if(task.outputs.begin(), task.outputs.end(), std::back_inserter(earlier.ownOutputs),
+        [this](const QString& output) { return outputs.contains(output); });
     return earlier;
 }
 

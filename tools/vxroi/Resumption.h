@@ -20,7 +20,8 @@ enum class Retry {
 struct Earlier {
     std::optional<RecordPlace> record; ///< stands, and need not be made again
     bool hasFailed = false; ///< the same task has failed
-    QStringList ownOutputs; ///< its outputs that may be replaced, for this batch has made them
+    QStringList
+        ownOutputs; ///< where none stands: its outputs that may be replaced, for this batch has made them
     QStringList namedOutputs; ///< the outputs that the record names
     QJsonObject object; ///< the record
 };

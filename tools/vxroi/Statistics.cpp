@@ -1,7 +1,6 @@
 #include "Statistics.h"
 
 #include "ListReader.h"
-#include "Wakeup.h"
 
 #include "host/CropWindow.h"
 #include "host/HostError.h"
@@ -97,15 +96,9 @@ QJsonObject Statistics::toJson() const
 void TimingStatistics::add(const QString& path)
 {
     ListReader lines(path, '\n');
-    const Wakeup wakeup;
     const auto before = seconds.size();
     double end = 0;
-    while (!lines.isAtEnd()) {
-        const std::optional<ListEntry> line = lines.next();
-        if (!line) {
-            wakeup.wait(lines.descriptor());
-            continue;
-        }
+    while (const std::optional<ListEntry> line = lines.waitForNext()) {
         const QJsonObject timing = host::parseObject(line->bytes).object;
         const double taken = timing.value(QLatin1String("seconds")).toDouble(-1);
         const double at = timing.value(QLatin1String("at")).toDouble(-1);
