@@ -42,16 +42,17 @@ QByteArray readWhile(int stream, const std::function<void()>& write)
     return bytes;
 }
 
-const QByteArray large(1 << 20, 'x'); // more than a pipe holds
+/// More than a pipe holds.
+QByteArray large() { return QByteArray(1 << 20, 'x'); }
 
 } // namespace
 
 TEST(StandardStreams, outputArrivesWholeThroughAPipeThatDoesNotWait)
 {
-    EXPECT_EQ(readWhile(STDOUT_FILENO, [] { host::writeOutput(large); }), large);
+    EXPECT_EQ(readWhile(STDOUT_FILENO, [] { host::writeOutput(large()); }), large());
 }
 
 TEST(StandardStreams, errorsArriveWholeThroughAPipeThatDoesNotWait)
 {
-    EXPECT_EQ(readWhile(STDERR_FILENO, [] { host::writeError(large.toStdString()); }), large);
+    EXPECT_EQ(readWhile(STDERR_FILENO, [] { host::writeError(large().toStdString()); }), large());
 }

@@ -93,8 +93,7 @@ TEST_F(VxroiResume, refusesAFileBesideTheRecordsThatIsNotItsOwn)
 
 TEST_F(VxroiResume, knowsOutputsAfterANameThatIsCutShort)
 {
-    const char entries[] = "+out/p00.png\0+out/p0";
-    folder.save(QByteArray(entries, sizeof entries - 1), QStringLiteral("records.outputs"));
+    folder.save(QByteArray("+out/p00.png") + '\0' + "+out/p0", QStringLiteral("records.outputs"));
     shell(QStringLiteral(
         "mkdir out; echo ours > out/p00.png; echo mine > out/p0; mkfifo list; "
         "\"$VXROI\" batch -q --from list --ratio 1:1 -o 'out/{stem}.png' --resume records & "

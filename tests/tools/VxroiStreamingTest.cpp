@@ -122,11 +122,9 @@ TEST_F(VxroiStreaming, holdsNoMoreMemoryAfterAMillionLines)
     if (support::isSanitized)
         GTEST_SKIP() << "the sanitizer keeps what is freed";
     start("--ratio 1:1 -o out/{stem}-{ratio}.png --if-exists skip");
-    const QList<QByteArray> hostile {
-        "{\"path\": \"a\", \"keep\": [{\"a\": [1, 2], \"a\": [3, 4]}]}", "{", "in/none.png",
-        "{\"path\": \"in/none.png\", \"out\": \"/etc/x.png\"}", QByteArray(300, '['),
-        "{\"path\": [[[[]]]]}", "{\"path\": \"in/none-%.png\", \"out\": \"out-%.png\"}"
-    };
+    const QList<QByteArray> hostile { R"({"path": "a", "keep": [{"a": [1, 2], "a": [3, 4]}]})", "{",
+        "in/none.png", R"({"path": "in/none.png", "out": "/etc/x.png"})", QByteArray(300, '['),
+        R"({"path": [[[[]]]]})", R"({"path": "in/none-%.png", "out": "out-%.png"})" };
     constexpr int lineCount = 1'000'000;
     constexpr int partSize = 500;
     int early = 0;
