@@ -317,6 +317,17 @@ TEST_F(VxroiResume, repairsWhatACrashHasLeftAndSaysSo)
     expectAsUndisturbed("--ratio 1:1");
 }
 
+TEST_F(VxroiResume, makesAnewARecordThatSomebodyHasHollowedOut)
+{
+    resume("--ratio 1:1");
+    const QByteArray whole = contentOf(QStringLiteral("records"));
+    shell(QStringLiteral(R"(sed -i '1s/"crops":\[.*\],"file"/"crops":[{}],"file"/' records)"));
+    EXPECT_NE(contentOf(QStringLiteral("records")), whole);
+    const Outcome outcome = resume("--ratio 1:1 --json");
+    EXPECT_TRUE(outcome.err.contains("8 kept, 1 done")) << outcome.err.toStdString();
+    EXPECT_EQ(contentOf(QStringLiteral("records")), whole);
+}
+
 TEST_F(VxroiResume, leavesAFileAloneThatSomebodyHasPutInTheOutputsPlace)
 {
     resume("--ratio 1:1");

@@ -62,6 +62,9 @@ TEST_F(VxroiShard, takesItsShardFromTheArrayJob)
             "LSB_JOBINDEX=3 LSB_JOBINDEX_END=5 LSB_JOBINDEX_STEP=2",
             "LSB_JOBINDEX=0 CI_NODE_INDEX=2 CI_NODE_TOTAL=3" })
         EXPECT_EQ(shardOf(variables).out, second) << variables;
+    EXPECT_EQ(shardOf("CI_NODE_INDEX=08 CI_NODE_TOTAL=08").out,
+        batch(QStringLiteral("in -r --ratio 1:1 --shard 8/8")).out)
+        << "numbers are decimal";
     EXPECT_EQ(shardOf("CI_NODE_INDEX=4 CI_NODE_TOTAL=3").exitCode, 64);
 }
 

@@ -117,6 +117,27 @@ TEST_F(VxroiStreaming, refusesAnOutputThatAnEarlierLineHasWritten)
     EXPECT_EQ(end(), 1);
 }
 
+TEST_F(VxroiStreaming, takesAHundredShapesAPictureAndNoMore)
+{
+    start();
+    const auto lineWith = [](int count) {
+        QByteArray ratios = "\"1:1\"";
+        for (int i = 2; i <= count; ++i)
+            ratios += ",\"" + QByteArray::number(i) + ":7\"";
+        return QByteArray(R"({"path": "in/p00.png", "ratios": [)") + ratios + "]}";
+    };
+    EXPECT_EQ(answerTo(lineWith(100)).count("\"shape\""), 100);
+    EXPECT_TRUE(answerTo(lineWith(101)).contains("101 shapes are too many"));
+    EXPECT_EQ(end(), 1);
+}
+
+TEST_F(VxroiStreaming, readsAListThatBeginsWithAByteOrderMark)
+{
+    start();
+    EXPECT_TRUE(answerTo("\xef\xbb\xbfin/p00.png").contains("\"path\":\"in/p00.png\""));
+    EXPECT_EQ(end(), 0);
+}
+
 TEST_F(VxroiStreaming, holdsNoMoreMemoryAfterAMillionLines)
 {
     if (support::isSanitized)

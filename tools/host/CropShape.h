@@ -21,6 +21,9 @@ struct CropShape {
     bool isFilledBy(const QSize& window) const;
 };
 
+/// The most shapes that one picture is cropped to.
+constexpr int mostShapes = 100;
+
 /// Reads ratios separated by commas, such as "1:1,16:9".
 /// \throws HostError when one is none; see parseAspectRatio().
 QVector<CropShape> parseRatios(const QString& text);

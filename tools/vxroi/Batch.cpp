@@ -64,6 +64,23 @@ TaskPlan planOf(const BatchArguments& arguments)
     return plan;
 }
 
+std::unique_ptr<OwnOutputs> ownOutputsOf(
+    const BatchArguments& arguments, std::optional<RecordFile>& records)
+{
+    return records ? std::make_unique<OwnOutputs>(pathFrom(arguments.resume), records->earlier())
+                   : nullptr;
+}
+
+host::CropRules rulesOf(
+    const BatchArguments& arguments, const std::unique_ptr<OwnOutputs>& ownOutputs)
+{
+    host::CropRules rules = arguments.crop.rules(arguments.analysis);
+    rules.knownBy = arguments.checksum ? host::KnownBy::Checksum : host::KnownBy::Time;
+    rules.isResumed = ownOutputs != nullptr;
+    rules.journal = ownOutputs.get();
+    return rules;
+}
+
 Retry retryCalled(const std::string& name)
 {
     if (name == "all")
@@ -84,7 +101,8 @@ Batch::Batch(const BatchArguments& arguments)
     : inputs(inputsOf(arguments))
     , plan(planOf(arguments))
     , records(recordsOf(arguments))
-    , rules(rulesOf(arguments))
+    , ownOutputs(ownOutputsOf(arguments, records))
+    , rules(rulesOf(arguments, ownOutputs))
     , cropper(rules, arguments.analysis.maxPixels)
     , printer(arguments.printer)
     , progress(inputs->count(), arguments.quiet)
@@ -95,18 +113,6 @@ Batch::Batch(const BatchArguments& arguments)
         resumption.emplace(records->earlier(), *ownOutputs, retryCalled(arguments.retry), rules);
     if (!arguments.timings.empty())
         timings.emplace(pathFrom(arguments.timings));
-}
-
-host::CropRules Batch::rulesOf(const BatchArguments& arguments)
-{
-    host::CropRules ofRun = arguments.crop.rules(arguments.analysis);
-    ofRun.knownBy = arguments.checksum ? host::KnownBy::Checksum : host::KnownBy::Time;
-    if (records) {
-        ownOutputs.emplace(pathFrom(arguments.resume), records->earlier());
-        ofRun.isResumed = true;
-        ofRun.journal = &*ownOutputs;
-    }
-    return ofRun;
 }
 
 ExitCode Batch::run()
@@ -123,7 +129,9 @@ ExitCode Batch::run()
         finishOne();
     if (Interruption::isRequested())
         throw HostError(ExitCode::Interrupted, QStringLiteral("interrupted"),
-            QStringLiteral("%1 pictures have their records").arg(progress.count()),
+            progress.count() == 1
+                ? QStringLiteral("one picture has its record")
+                : QStringLiteral("%1 pictures have their records").arg(progress.count()),
             QStringLiteral("a run with --resume does the rest"));
     finishRecords();
     sayHowItWent();
@@ -174,10 +182,10 @@ Batch::Answer Batch::answer(const PlannedTask& planned)
     Answer answer { task.path };
     const Earlier earlier = isResumed() && !task.failure ? resumption->judge(task) : Earlier();
     if (earlier.record) {
-        answer.kept = *earlier.record;
-        answer.outputs = earlier.namedOutputs;
+        answer.kept = *earlier.place;
+        answer.outputs = earlier.record->writtenOutputs();
         if (printer.isAsked())
-            answer.printed = printer.linesOf(CropRecord::fromJson(earlier.object));
+            answer.printed = printer.linesOf(*earlier.record);
         answer.outcome = earlier.hasFailed ? Outcome::Failed : Outcome::Kept;
         return answer;
     }

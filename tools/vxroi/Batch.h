@@ -42,7 +42,6 @@ private:
     };
 
     bool isResumed() const { return records.has_value(); }
-    host::CropRules rulesOf(const BatchArguments& arguments);
     void step();
     void begin(const Input& input);
     Answer answer(const PlannedTask& planned);
@@ -57,7 +56,7 @@ private:
     const TaskPlan plan;
     OutputClaims claims;
     std::optional<RecordFile> records; ///< none: they go to standard output
-    std::optional<OwnOutputs> ownOutputs;
+    const std::unique_ptr<OwnOutputs> ownOutputs; ///< none without records
     const host::CropRules rules;
     host::Cropper cropper;
     std::optional<Resumption> resumption;

@@ -17,6 +17,9 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
+// Some editors begin a text with it.
+constexpr const char* byteOrderMark = "\xef\xbb\xbf";
+
 int openList(const QString& path)
 {
     if (host::isStandardStream(path))
@@ -105,6 +108,8 @@ ListEntry ListReader::take(int size)
         entry.bytes.clear();
     if (separator == '\n' && entry.bytes.endsWith('\r'))
         entry.bytes.chop(1);
+    if (separator == '\n' && entry.number == 1 && entry.bytes.startsWith(byteOrderMark))
+        entry.bytes.remove(0, static_cast<int>(qstrlen(byteOrderMark)));
     return entry;
 }
 

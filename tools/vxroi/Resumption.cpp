@@ -23,6 +23,16 @@ QJsonObject fileObject(const QString& path, host::KnownBy knownBy)
     return path.isEmpty() ? QJsonObject() : host::stateOf(path, knownBy).value_or(QJsonObject());
 }
 
+// None where somebody else has written in the file.
+std::optional<host::CropRecord> recordFrom(const QJsonObject& object)
+{
+    try {
+        return host::CropRecord::fromJson(object);
+    } catch (const host::HostError&) {
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 Resumption::Resumption(RecordIndex& earlier, const OwnOutputs& ownOutputs, Retry retryFailures,
@@ -42,10 +52,10 @@ Earlier Resumption::judge(const CropTask& task) const
     const auto* const same = std::find_if(all.begin(), all.end(),
         [&task](const IndexedRecord& record) { return asksForTheSame(record.object, task); });
     earlier.hasFailed = same != all.end() && hasFailed(same->object);
-    if (same != all.end() && stands(*same, task)) {
-        earlier.record = same->place;
-        earlier.object = same->object;
-        earlier.namedOutputs = writtenOutputsOf(same->object);
+    if (same != all.end() && stands(*same, task))
+        earlier.record = recordFrom(same->object);
+    if (earlier.record) {
+        earlier.place = same->place;
         return earlier;
     }
     std::copy_if(task.outputs.begin(), task.outputs.end(), std::back_inserter(earlier.ownOutputs),

@@ -18,12 +18,11 @@ enum class Retry {
 
 /// What an earlier run has to say of a task.
 struct Earlier {
-    std::optional<RecordPlace> record; ///< stands, and need not be made again
+    std::optional<RecordPlace> place; ///< of a record that stands, and need not be made again
+    std::optional<host::CropRecord> record; ///< that record
     bool hasFailed = false; ///< the same task has failed
     QStringList
         ownOutputs; ///< where none stands: its outputs that may be replaced, for this batch has made them
-    QStringList namedOutputs; ///< the outputs that the record names
-    QJsonObject object; ///< the record
 };
 
 /// Decides what is left to do of a run that goes on with another one's records.

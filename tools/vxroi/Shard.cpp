@@ -24,7 +24,7 @@ struct ArrayJob {
     const char* step;
     const char* count;
     const char*
-        lastIndex; ///< where the scheduler tells no count; none either: it does not say how many there are
+        lastIndex; ///< where it tells no count; without either, it does not say how many jobs there are
 };
 
 constexpr std::array<ArrayJob, 8> arrayJobs { {
@@ -44,7 +44,7 @@ constexpr int noNumber = -1;
 int valueOf(const char* variable, int valueIfUnset)
 {
     bool isNumber = false;
-    const int value = variable != nullptr ? qEnvironmentVariableIntValue(variable, &isNumber) : 0;
+    const int value = variable != nullptr ? qgetenv(variable).toInt(&isNumber) : 0;
     return isNumber ? value : valueIfUnset;
 }
 

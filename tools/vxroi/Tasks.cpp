@@ -1,6 +1,7 @@
 #include "Tasks.h"
 
 #include "host/FileName.h"
+
 #include <algorithm>
 
 namespace vxroi {
@@ -15,6 +16,14 @@ void requireWithin(const QString& folder, const QString& output, const QString& 
     if (!host::isWithin(folder, output))
         throw HostError(ExitCode::CannotCreate, output,
             QStringLiteral("leads out of the folder %1").arg(folder), remedy);
+}
+
+void requireFewShapes(const QVector<host::CropShape>& shapes, const QString& subject)
+{
+    if (shapes.size() > host::mostShapes)
+        throw HostError(ExitCode::Usage, subject,
+            QStringLiteral("%1 shapes are too many").arg(shapes.size()),
+            QStringLiteral("name at most %1 at a time").arg(host::mostShapes));
 }
 
 HostError namedTwice(const QString& output)
@@ -32,6 +41,7 @@ TaskPlan::TaskPlan(const CropOptions& options, const AnalysisOptions& analysis, 
     , request(options.request(analysis))
     , areListsConfined(!mayListsLeave)
 {
+    requireFewShapes(commonShapes, QStringLiteral("the crop"));
     if (!options.output.empty())
         commonOutput = host::OutputName(pathFrom(options.output));
     if (!options.map.empty())
@@ -61,6 +71,7 @@ PlannedTask TaskPlan::plan(const Input& input) const
         if (!input.failure && task.shapes.isEmpty())
             throw HostError(ExitCode::Usage, input.path, QStringLiteral("no shape is named"),
                 QStringLiteral("add --ratio or --size, or \"ratios\" to its line"));
+        requireFewShapes(task.shapes, input.path);
         addOutputs(input, planned);
     } catch (const HostError& error) {
         task.failure = error;
