@@ -1,4 +1,4 @@
-#include "host/AspectRatio.h"
+#include "host/crop/AspectRatio.h"
 
 #include "host/HostError.h"
 

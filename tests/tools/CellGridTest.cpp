@@ -1,4 +1,4 @@
-#include "host/CellGrid.h"
+#include "host/crop/CellGrid.h"
 
 #include "host/HostError.h"
 

@@ -1,4 +1,4 @@
-#include "host/Constraints.h"
+#include "host/crop/Constraints.h"
 
 #include "host/HostError.h"
 

@@ -1,4 +1,4 @@
-#include "host/CropRecord.h"
+#include "host/records/CropRecord.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,4 +1,4 @@
-#include "host/CropShape.h"
+#include "host/crop/CropShape.h"
 
 #include "host/HostError.h"
 

@@ -1,4 +1,4 @@
-#include "host/Cropper.h"
+#include "host/crop/Cropper.h"
 
 #include "SampleFiles.h"
 #include "support/Random.h"

@@ -2,7 +2,7 @@
 
 #include "SampleFiles.h"
 #include "host/HostError.h"
-#include "host/SalienceSettings.h"
+#include "host/crop/SalienceSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/FileState.h"
+#include "host/files/FileState.h"
 #include "SampleFiles.h"
 
 #include <gtest/gtest.h>

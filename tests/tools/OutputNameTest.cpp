@@ -1,4 +1,4 @@
-#include "host/OutputName.h"
+#include "host/files/OutputName.h"
 
 #include "host/HostError.h"
 

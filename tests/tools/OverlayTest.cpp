@@ -1,4 +1,4 @@
-#include "host/Overlay.h"
+#include "host/crop/Overlay.h"
 
 #include <gtest/gtest.h>
 

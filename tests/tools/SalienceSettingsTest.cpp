@@ -1,4 +1,4 @@
-#include "host/SalienceSettings.h"
+#include "host/crop/SalienceSettings.h"
 
 #include "host/HostError.h"
 

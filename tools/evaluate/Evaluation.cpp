@@ -1,7 +1,7 @@
 #include "Evaluation.h"
 
-#include "host/CropWindow.h"
 #include "host/HostError.h"
+#include "host/crop/CropWindow.h"
 #include "host/picture/PictureFile.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "Evaluation.h"
 
 #include "host/HostError.h"
-#include "host/SalienceSettings.h"
+#include "host/crop/SalienceSettings.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
 #include "Figures.h"
 
-#include "host/CropWindow.h"
-#include "host/Overlay.h"
-#include "host/SalienceMap.h"
-#include "host/SalienceSettings.h"
+#include "host/crop/CropWindow.h"
+#include "host/crop/Overlay.h"
+#include "host/crop/SalienceMap.h"
+#include "host/crop/SalienceSettings.h"
 #include "scenes/SampleScenes.h"
 
 namespace figures {

@@ -1,7 +1,7 @@
 #include "HostError.h"
 
-#include "FileName.h"
 #include "StandardError.h"
+#include "host/files/FileName.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "PreviewWindow.h"
 
-#include "host/Analysis.h"
-#include "host/AspectRatio.h"
 #include "host/HostError.h"
-#include "host/Overlay.h"
+#include "host/crop/Analysis.h"
+#include "host/crop/AspectRatio.h"
+#include "host/crop/Overlay.h"
 #include "host/picture/PictureFile.h"
 
 #include <QFileDialog>

@@ -1,14 +1,14 @@
 #include "ClusterCommand.h"
 
 #include "OutputFiles.h"
-#include "WorkerThreads.h"
+#include "vxroi/work/WorkerThreads.h"
 
-#include "host/Analysis.h"
-#include "host/CellGrid.h"
 #include "host/HostError.h"
-#include "host/Json.h"
 #include "host/StandardOutput.h"
+#include "host/crop/Analysis.h"
+#include "host/crop/CellGrid.h"
 #include "host/picture/PictureFile.h"
+#include "host/records/Json.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Options.h"
+#include "vxroi/options/Options.h"
 
 #include <string>
 

@@ -1,16 +1,16 @@
 #include "CommandLine.h"
 
-#include "BatchCommand.h"
 #include "ClusterCommand.h"
 #include "CropCommand.h"
 #include "MapCommand.h"
-#include "MergeCommand.h"
-#include "ReportCommand.h"
-#include "StatsCommand.h"
-#include "WrongCommandLine.h"
-#include "host/FileName.h"
 #include "host/StandardError.h"
 #include "host/StandardOutput.h"
+#include "host/files/FileName.h"
+#include "vxroi/batch/BatchCommand.h"
+#include "vxroi/options/WrongCommandLine.h"
+#include "vxroi/records/MergeCommand.h"
+#include "vxroi/records/StatsCommand.h"
+#include "vxroi/report/ReportCommand.h"
 
 #include <CLI/CLI.hpp>
 

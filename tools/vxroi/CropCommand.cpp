@@ -1,10 +1,10 @@
 #include "CropCommand.h"
 
-#include "Tasks.h"
-#include "WorkerThreads.h"
 #include "host/HostError.h"
 #include "host/StandardError.h"
 #include "host/StandardOutput.h"
+#include "vxroi/inputs/Tasks.h"
+#include "vxroi/work/WorkerThreads.h"
 
 #include <CLI/CLI.hpp>
 

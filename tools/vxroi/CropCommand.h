@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Options.h"
-#include "RecordPrinter.h"
+#include "vxroi/options/Options.h"
+#include "vxroi/records/RecordPrinter.h"
 
 #include <string>
 #include <vector>

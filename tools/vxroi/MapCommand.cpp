@@ -1,15 +1,15 @@
 #include "MapCommand.h"
 
 #include "OutputFiles.h"
-#include "WorkerThreads.h"
-#include "host/FileName.h"
+#include "host/files/FileName.h"
+#include "vxroi/work/WorkerThreads.h"
 
-#include "host/Analysis.h"
-#include "host/AspectRatio.h"
-#include "host/CropWindow.h"
 #include "host/HostError.h"
-#include "host/Overlay.h"
-#include "host/SalienceMap.h"
+#include "host/crop/Analysis.h"
+#include "host/crop/AspectRatio.h"
+#include "host/crop/CropWindow.h"
+#include "host/crop/Overlay.h"
+#include "host/crop/SalienceMap.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,9 +1,9 @@
 #include "OutputFiles.h"
 
-#include "Checks.h"
-#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/OutputName.h"
+#include "host/files/FileName.h"
+#include "host/files/OutputName.h"
+#include "vxroi/options/Checks.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,9 +1,9 @@
 #include "CommandLine.h"
-#include "Interruption.h"
-#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/ImageMemory.h"
 #include "host/StandardError.h"
+#include "host/files/FileName.h"
+#include "host/picture/ImageMemory.h"
+#include "vxroi/work/Interruption.h"
 
 #include <QCoreApplication>
 

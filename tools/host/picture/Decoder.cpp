@@ -1,7 +1,5 @@
 #include "Decoder.h"
 
-#include "../FileName.h"
-#include "../HostError.h"
 #include "Bitmap.h"
 #include "Colours.h"
 #include "Engine.h"
@@ -10,6 +8,8 @@
 #include "Metadata.h"
 #include "PictureSource.h"
 #include "Pixels.h"
+#include "host/HostError.h"
+#include "host/files/FileName.h"
 
 #include <algorithm>
 #include <cstring>

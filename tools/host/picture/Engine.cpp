@@ -1,9 +1,9 @@
 #include "Engine.h"
 
-#include "../HostError.h"
-#include "../ImageMemory.h"
-#include "../StandardError.h"
 #include "Formats.h"
+#include "ImageMemory.h"
+#include "host/HostError.h"
+#include "host/StandardError.h"
 
 #include <cstdlib>
 #include <mutex>

@@ -1,7 +1,7 @@
 #include "Limits.h"
 
-#include "../HostError.h"
 #include "PictureSource.h"
+#include "host/HostError.h"
 
 #include <QDataStream>
 

@@ -1,11 +1,11 @@
 #include "PictureFile.h"
 
-#include "../HostError.h"
 #include "Colours.h"
 #include "Engine.h"
 #include "Pixels.h"
 #include "QtPixels.h"
 #include "Scaling.h"
+#include "host/HostError.h"
 
 #include <VXCrop/VXCrop.h>
 

@@ -1,9 +1,9 @@
 #include "PictureWriter.h"
 
-#include "../FileName.h"
-#include "../HostError.h"
 #include "Encoder.h"
 #include "QtPixels.h"
+#include "host/HostError.h"
+#include "host/files/FileName.h"
 
 #include <QFileInfo>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "../OutputFile.h"
 #include "Deadline.h"
 #include "Formats.h"
 #include "WritingRules.h"
+#include "host/files/OutputFile.h"
 
 #include <vips/vips8>
 

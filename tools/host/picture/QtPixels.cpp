@@ -1,6 +1,6 @@
 #include "QtPixels.h"
 
-#include "../ImageMemory.h"
+#include "ImageMemory.h"
 #include "Pixels.h"
 
 #include <QColorSpace>

@@ -1,7 +1,7 @@
 #include "Scaling.h"
 
-#include "../ImageMemory.h"
 #include "Colours.h"
+#include "ImageMemory.h"
 #include "QtPixels.h"
 
 #include <algorithm>

@@ -1,0 +1,70 @@
+#include "CellGrid.h"
+
+#include "host/HostError.h"
+#include "host/picture/ImageMemory.h"
+
+#include <VXRegionOfInterest/VXSalienzClusterer.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+// The multiple of count that is nearest to length, and at least count.
+int multipleNear(int length, int count)
+{
+    return std::max(1, (length + count / 2) / count) * count;
+}
+
+QRect areaOf(int column, int row, const QSize& grid, const QSize& picture)
+{
+    const auto border = [](int index, int count, int length) {
+        return static_cast<int>(qint64 { index } * length / count);
+    };
+    const QPoint first(border(column, grid.width(), picture.width()),
+        border(row, grid.height(), picture.height()));
+    const QPoint behind(border(column + 1, grid.width(), picture.width()),
+        border(row + 1, grid.height(), picture.height()));
+    return { first, behind - QPoint(1, 1) };
+}
+
+} // namespace
+
+CellGrid rateCells(const QImage& map, const QSize& pictureSize, const QSize& grid)
+{
+    const QSize even(
+        multipleNear(map.width(), grid.width()), multipleNear(map.height(), grid.height()));
+    VXSalienzClusterer clusterer;
+    clusterer.setCountCubesV(grid.width()); // the clusterer's axes are crossed
+    clusterer.setCountCubesH(grid.height());
+    CellGrid result { clusterer.cluster(
+                          held(map.scaled(even, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))),
+        {} };
+    const QSize cell(even.width() / grid.width(), even.height() / grid.height());
+    for (int row = 0; row < grid.height(); ++row) {
+        for (int column = 0; column < grid.width(); ++column)
+            result.cells.append({ column, row, areaOf(column, row, grid, pictureSize),
+                qRed(result.picture.pixel(column * cell.width(), row * cell.height())) });
+    }
+    return result;
+}
+
+QSize parseGrid(const QString& text)
+{
+    constexpr int least = 2;
+    constexpr int most = 200;
+    static const QRegularExpression pattern(QStringLiteral(R"(\A([0-9]{1,3})x([0-9]{1,3})\z)"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    const QSize grid(match.captured(1).toInt(), match.captured(2).toInt());
+    if (std::min(grid.width(), grid.height()) < least
+        || std::max(grid.width(), grid.height()) > most)
+        throw HostError(ExitCode::Usage, QStringLiteral("--grid %1").arg(text),
+            QStringLiteral("not a grid"),
+            QStringLiteral("write columns and rows, 2 to 200 each, such as 12x8"));
+    return grid;
+}
+
+} // namespace host

@@ -1,0 +1,106 @@
+#include "OutputName.h"
+
+#include "FileName.h"
+#include "host/HostError.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <filesystem>
+#include <system_error>
+
+namespace host {
+
+namespace {
+
+// Any of the places.
+const QRegularExpression& placePattern()
+{
+    static const QRegularExpression pattern = [] {
+        QStringList names;
+        for (const Explanation& place : OutputName::places())
+            names.append(QRegularExpression::escape(place.name));
+        return QRegularExpression(names.join(QLatin1Char('|')));
+    }();
+    return pattern;
+}
+
+} // namespace
+
+QVector<Explanation> OutputName::places()
+{
+    return { { QStringLiteral("{dir}"), QStringLiteral("the folder that the picture is in") },
+        { QStringLiteral("{stem}"), QStringLiteral("the picture's name without its suffix") },
+        { QStringLiteral("{ratio}"),
+            QStringLiteral("the shape of the crop, such as 16x9; not in the name of a map") },
+        { QStringLiteral("{ext}"),
+            QStringLiteral("the suffix, of the picture's name or as --format says") } };
+}
+
+OutputName::OutputName(const QString& pattern, Of owner)
+    : text(pattern)
+{
+    const bool isOfCrop = owner == Of::Crop;
+    const bool hasOtherBraces
+        = QString(text).remove(placePattern()).contains(QRegularExpression(QStringLiteral("[{}]")));
+    if (hasOtherBraces || (!isOfCrop && text.contains(QLatin1String("{ratio}"))))
+        throw HostError(ExitCode::Usage,
+            QStringLiteral("%1 %2").arg(
+                isOfCrop ? QStringLiteral("--output") : QStringLiteral("--map"), pattern),
+            QStringLiteral("braces hold something else than a known place"),
+            isOfCrop ? QStringLiteral("use {dir}, {stem}, {ratio} and {ext}")
+                     : QStringLiteral("use {dir}, {stem} and {ext}"));
+}
+
+QString OutputName::nameFor(
+    const QString& input, const CropShape& shape, const QString& suffix) const
+{
+    const QFileInfo info(input);
+    const QHash<QString, QString> values { { QStringLiteral("{dir}"), info.path() },
+        { QStringLiteral("{stem}"), info.completeBaseName() },
+        { QStringLiteral("{ext}"), suffix.isEmpty() ? info.suffix() : suffix },
+        { QStringLiteral("{ratio}"), shape.fileName() } };
+    QString name;
+    int done = 0;
+    for (auto found = placePattern().globalMatch(text); found.hasNext();) {
+        const QRegularExpressionMatch place = found.next();
+        name += text.midRef(done, place.capturedStart() - done) + values.value(place.captured());
+        done = place.capturedEnd();
+    }
+    return name + text.midRef(done);
+}
+
+QString OutputName::folderFor(const QString& input) const
+{
+    constexpr QLatin1String directory("{dir}", 5);
+    QString begin = text;
+    if (begin.startsWith(directory))
+        begin.replace(0, directory.size(), QFileInfo(input).path());
+    else if (!begin.contains(placePattern()))
+        return QFileInfo(begin).path();
+    const QString folder = QFileInfo(begin.left(begin.indexOf(placePattern()))).path();
+    return folder.isEmpty() ? QStringLiteral(".") : folder;
+}
+
+QString canonicalPathOf(const QString& path)
+{
+    std::error_code error;
+    const auto canonical = std::filesystem::weakly_canonical(
+        std::filesystem::absolute(bytesOfName(path).toStdString(), error), error);
+    return textOfName(QByteArray::fromStdString(canonical.string()));
+}
+
+bool isWithin(const QString& folder, const QString& path)
+{
+    const QString inner = canonicalPathOf(path);
+    const QString outer = canonicalPathOf(folder);
+    if (inner.isEmpty() || outer.isEmpty())
+        return false;
+    return inner.startsWith(outer.endsWith(QLatin1Char('/')) ? outer : outer + QLatin1Char('/'));
+}
+
+bool OutputName::hasPlaces() const { return text.contains(placePattern()); }
+
+} // namespace host

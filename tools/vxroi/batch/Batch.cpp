@@ -1,0 +1,252 @@
+#include "Batch.h"
+
+#include "vxroi/work/Interruption.h"
+
+#include "host/StandardOutput.h"
+#include "host/files/FileName.h"
+#include "host/picture/Engine.h"
+
+#include <QElapsedTimer>
+
+#include <utility>
+
+namespace vxroi {
+
+namespace {
+
+using host::CropRecord;
+using host::ExitCode;
+using host::HostError;
+
+void requireSensible(const BatchArguments& arguments)
+{
+    if (arguments.folder.empty() == arguments.from.empty())
+        throw HostError(ExitCode::Usage, QStringLiteral("batch"),
+            QStringLiteral("wants a folder or a list, and not both"),
+            QStringLiteral("name a folder, or add --from FILE"));
+    if (arguments.crop.output == "-")
+        throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
+            QStringLiteral("standard output is for records"),
+            QStringLiteral("name files, such as {stem}-{ratio}.jpg"));
+    if (arguments.resume == "-")
+        throw HostError(ExitCode::Usage, QStringLiteral("--resume -"),
+            QStringLiteral("only a file can be resumed"),
+            QStringLiteral("name one, or leave --resume out"));
+    if (arguments.crop.map == "-")
+        throw HostError(ExitCode::Usage, QStringLiteral("--map -"),
+            QStringLiteral("standard input is one map for many pictures"),
+            QStringLiteral("name files, such as masks/{stem}.png"));
+}
+
+std::unique_ptr<Inputs> inputsOf(const BatchArguments& arguments)
+{
+    requireSensible(arguments);
+    const Shard shard = parseShard(arguments.shard);
+    if (arguments.folder.empty())
+        return std::make_unique<ListedInputs>(
+            pathFrom(arguments.from), arguments.nulSeparated, shard);
+    return std::make_unique<FolderInputs>(
+        pathFrom(arguments.folder), arguments.recursive, shard, arguments.crop);
+}
+
+std::optional<RecordFile> recordsOf(const BatchArguments& arguments)
+{
+    if (arguments.resume.empty())
+        return std::nullopt;
+    return std::optional<RecordFile>(std::in_place, pathFrom(arguments.resume));
+}
+
+TaskPlan planOf(const BatchArguments& arguments)
+{
+    TaskPlan plan(arguments.crop, arguments.analysis, arguments.mayLeave);
+    if (arguments.from.empty())
+        plan.requireShapes();
+    return plan;
+}
+
+std::unique_ptr<OwnOutputs> ownOutputsOf(
+    const BatchArguments& arguments, std::optional<RecordFile>& records)
+{
+    return records ? std::make_unique<OwnOutputs>(pathFrom(arguments.resume), records->earlier())
+                   : nullptr;
+}
+
+host::CropRules rulesOf(
+    const BatchArguments& arguments, const std::unique_ptr<OwnOutputs>& ownOutputs)
+{
+    host::CropRules rules = arguments.crop.rules(arguments.analysis);
+    rules.knownBy = arguments.checksum ? host::KnownBy::Checksum : host::KnownBy::Time;
+    rules.isResumed = ownOutputs != nullptr;
+    rules.journal = ownOutputs.get();
+    return rules;
+}
+
+Retry retryCalled(const std::string& name)
+{
+    if (name == "all")
+        return Retry::All;
+    return name == "none" ? Retry::None : Retry::FromOutside;
+}
+
+std::string problemOf(const QString& place, const HostError& failure)
+{
+    const std::string where
+        = place.isEmpty() ? std::string() : host::bytesOfName(place).toStdString() + ": ";
+    return "vxroi: " + where + failure.what() + '\n';
+}
+
+} // namespace
+
+Batch::Batch(const BatchArguments& arguments)
+    : inputs(inputsOf(arguments))
+    , plan(planOf(arguments))
+    , records(recordsOf(arguments))
+    , ownOutputs(ownOutputsOf(arguments, records))
+    , rules(rulesOf(arguments, ownOutputs))
+    , cropper(rules, arguments.analysis.maxPixels)
+    , printer(arguments.printer)
+    , progress(inputs->count(), arguments.quiet)
+    , isEndless(arguments.from == "-")
+    , work(arguments.jobs > 0 ? arguments.jobs : defaultWorkerCount(), [this] { wakeup.notify(); })
+{
+    if (records)
+        resumption.emplace(records->earlier(), *ownOutputs, retryCalled(arguments.retry), rules);
+    if (!arguments.timings.empty())
+        timings.emplace(pathFrom(arguments.timings));
+}
+
+ExitCode Batch::run()
+{
+    sayWhatIsDamaged();
+    // Before the first line of a stream comes, and in the thread that ends last: what the system notes of a module
+    // that cannot be found goes only with its thread.
+    if (!inputs->isAtEnd())
+        host::startEngine();
+    const Interruption interruption(wakeup);
+    while (!Interruption::isRequested() && !inputs->isAtEnd())
+        step();
+    while (!work.isEmpty())
+        finishOne();
+    if (Interruption::isRequested())
+        throw HostError(ExitCode::Interrupted, QStringLiteral("interrupted"),
+            progress.count() == 1
+                ? QStringLiteral("one picture has its record")
+                : QStringLiteral("%1 pictures have their records").arg(progress.count()),
+            QStringLiteral("a run with --resume does the rest"));
+    finishRecords();
+    sayHowItWent();
+    return progress.count(Outcome::Failed) > 0 ? ExitCode::SomeFailed : ExitCode::Success;
+}
+
+void Batch::finishRecords()
+{
+    if (!isResumed())
+        return;
+    const QStringList former = records->formerOutputs();
+    records->finish();
+    ownOutputs->finish(former, namedOutputs);
+}
+
+// Answers come first, so that whoever waits for one before the next input gets it.
+void Batch::step()
+{
+    if (!work.isEmpty() && (work.isFull() || work.isFirstDone()))
+        finishOne();
+    else if (const std::optional<Input> input = inputs->next())
+        begin(*input);
+    else if (!inputs->isAtEnd())
+        wakeup.wait(inputs->descriptor());
+}
+
+void Batch::begin(const Input& input)
+{
+    PlannedTask planned = plan.plan(input);
+    while (isEndless && !claims.areFree(planned))
+        finishOne();
+    claims.claim(planned);
+    if (isResumed())
+        records->earlier().see(input.path);
+    filesInWork.push_back(planned.files);
+    work.begin([this, planned = std::move(planned)]() -> std::optional<Answer> {
+        if (Interruption::isRequested())
+            return std::nullopt;
+        return answer(planned);
+    });
+}
+
+Batch::Answer Batch::answer(const PlannedTask& planned)
+{
+    QElapsedTimer timer;
+    timer.start();
+    host::CropTask task = planned.task;
+    Answer answer { task.path };
+    const Earlier earlier = isResumed() && !task.failure ? resumption->judge(task) : Earlier();
+    if (earlier.record) {
+        answer.kept = *earlier.place;
+        answer.outputs = earlier.record->writtenOutputs();
+        if (printer.isAsked())
+            answer.printed = printer.linesOf(*earlier.record);
+        answer.outcome = earlier.hasFailed ? Outcome::Failed : Outcome::Kept;
+        return answer;
+    }
+    task.ownOutputs = earlier.ownOutputs;
+    const CropRecord record = cropper.crop(task);
+    answer.record = record.toJson() + '\n';
+    answer.printed = printer.linesOf(record);
+    answer.outputs = record.writtenOutputs();
+    answer.outcome = earlier.hasFailed ? Outcome::Retried : Outcome::Done;
+    if (record.failure) {
+        answer.outcome = Outcome::Failed;
+        answer.problem = problemOf(planned.place, *record.failure);
+    }
+    answer.seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    return answer;
+}
+
+void Batch::finishOne()
+{
+    const std::optional<Answer> answer = work.finishFirst();
+    if (isEndless)
+        claims.release(filesInWork.front());
+    filesInWork.pop_front();
+    wasCutShort = wasCutShort || !answer;
+    if (wasCutShort)
+        return;
+    write(*answer);
+    if (timings && !answer->record.isEmpty())
+        timings->write(answer->path, answer->seconds);
+    progress.add(answer->outcome, answer->problem);
+}
+
+void Batch::write(const Answer& answer)
+{
+    if (!isResumed() || printer.isAsked())
+        host::writeOutput(answer.printed);
+    if (!isResumed())
+        return;
+    if (answer.record.isEmpty())
+        records->keep(answer.kept);
+    else
+        records->write(answer.record);
+    namedOutputs += QSet<QString>(answer.outputs.begin(), answer.outputs.end());
+}
+
+void Batch::sayWhatIsDamaged()
+{
+    const qint64 bytes = isResumed() ? records->earlier().damagedBytes() : 0;
+    if (bytes > 0)
+        progress.say("vxroi: the records were damaged by a crash: " + std::to_string(bytes)
+            + " bytes are left out\n");
+}
+
+void Batch::sayHowItWent()
+{
+    const qint64 dropped = isResumed() ? records->earlier().unseenCount() : -1;
+    if (progress.count() == 0 && dropped <= 0)
+        progress.say("vxroi: " + host::bytesOfName(inputs->name()).toStdString()
+            + ": there is nothing to do\n");
+    else
+        progress.finish(dropped);
+}
+
+} // namespace vxroi

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "BatchCommand.h"
+#include "OwnOutputs.h"
+#include "Progress.h"
+#include "RecordFile.h"
+#include "Resumption.h"
+#include "TimingsFile.h"
+#include "vxroi/inputs/Inputs.h"
+#include "vxroi/inputs/Tasks.h"
+#include "vxroi/work/OrderedWork.h"
+#include "vxroi/work/Wakeup.h"
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace vxroi {
+
+/// One run of `vxroi batch` over all its inputs. Pictures are cropped by the workers; all else is done by the thread that calls run(), in
+/// the order of the inputs.
+class Batch {
+public:
+    /// \throws host::HostError when the command line is wrong, or a file cannot be opened.
+    explicit Batch(const BatchArguments& arguments);
+
+    /// \throws host::HostError when the list cannot be read, the records cannot be written, or a signal asks for the end.
+    host::ExitCode run();
+
+private:
+    // What becomes of one input.
+    struct Answer {
+        QString path;
+        std::string problem = {}; ///< empty: none
+        Outcome outcome = Outcome::Done;
+        QByteArray record = {}; ///< a line; empty: that of an earlier run stands
+        RecordPlace kept = {};
+        QByteArray printed = {}; ///< lines for standard output
+        QStringList outputs = {}; ///< that its record names
+        double seconds = 0;
+    };
+
+    bool isResumed() const { return records.has_value(); }
+    void step();
+    void begin(const Input& input);
+    Answer answer(const PlannedTask& planned);
+    void finishOne();
+    void write(const Answer& answer);
+    void finishRecords();
+    void sayWhatIsDamaged();
+    void sayHowItWent();
+
+    const Wakeup wakeup;
+    const std::unique_ptr<Inputs> inputs;
+    const TaskPlan plan;
+    OutputClaims claims;
+    std::optional<RecordFile> records; ///< none: they go to standard output
+    const std::unique_ptr<OwnOutputs> ownOutputs; ///< none without records
+    const host::CropRules rules;
+    host::Cropper cropper;
+    std::optional<Resumption> resumption;
+    std::optional<TimingsFile> timings;
+    const RecordPrinter printer;
+    Progress progress;
+    const bool
+        isEndless; ///< inputs come one after the other: outputs of the past are not remembered
+    bool wasCutShort = false; ///< an input was not begun: no record may follow
+    QSet<QString> namedOutputs; ///< by records that a later run may resume
+    std::deque<QStringList> filesInWork; ///< the outputs of what was begun and is not finished
+    OrderedWork<std::optional<Answer>> work;
+};
+
+} // namespace vxroi

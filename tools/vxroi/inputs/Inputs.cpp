@@ -1,0 +1,139 @@
+#include "Inputs.h"
+
+#include "InputLine.h"
+
+#include "host/HostError.h"
+#include "host/files/FileName.h"
+#include "host/picture/Formats.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace vxroi {
+
+namespace {
+
+using host::ExitCode;
+using host::HostError;
+
+bool isCalledAsPicture(const std::filesystem::path& path)
+{
+    const QString suffix = QString::fromStdString(path.extension().string()).mid(1);
+    return host::formatCalled(suffix) != nullptr;
+}
+
+// Folders that cannot be read stand in the list themselves, so that they get a record that says so.
+void addPicturesIn(const std::filesystem::path& folder, bool isRecursive, QStringList& paths)
+{
+    std::error_code error;
+    const std::filesystem::directory_iterator entries(folder, error);
+    if (error)
+        paths.append(pathFrom(folder.string()));
+    for (const std::filesystem::directory_entry& entry : entries) {
+        const std::filesystem::path& path = entry.path();
+        const bool isHidden = path.filename().string().front() == '.';
+        const bool isFolder = entry.is_directory(error);
+        if (isHidden || (isFolder && entry.is_symlink(error)))
+            continue;
+        if (isFolder && isRecursive)
+            addPicturesIn(path, isRecursive, paths);
+        else if (!isFolder && isCalledAsPicture(path))
+            paths.append(pathFrom(path.string()));
+    }
+}
+
+// The absolute paths of what a run writes for \a paths.
+QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
+{
+    QSet<QString> outputs;
+    if (options.output.empty())
+        return outputs;
+    const host::OutputName name(pathFrom(options.output));
+    const QString suffix = QString::fromStdString(options.writing.format);
+    for (const QString& path : paths) {
+        for (const host::CropShape& shape : options.shapes())
+            outputs.insert(QFileInfo(name.nameFor(path, shape, suffix)).absoluteFilePath());
+    }
+    return outputs;
+}
+
+// Whether \a path names the pipe or the terminal that \a list reads, as /dev/stdin may: to read it as a picture would
+// take lines away from the list.
+bool isListItself(const QString& path, int list)
+{
+    struct stat ofPath = {};
+    struct stat ofList = {};
+    return stat(host::bytesOfName(path).constData(), &ofPath) == 0 && fstat(list, &ofList) == 0
+        && !S_ISREG(ofList.st_mode) && ofPath.st_dev == ofList.st_dev
+        && ofPath.st_ino == ofList.st_ino;
+}
+
+} // namespace
+
+QStringList picturesIn(const QString& folder, bool isRecursive)
+{
+    QStringList paths;
+    addPicturesIn(host::bytesOfName(folder).toStdString(), isRecursive, paths);
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+FolderInputs::FolderInputs(
+    const QString& folder, bool isRecursive, const Shard& shard, const CropOptions& options)
+    : root(folder)
+{
+    if (!QFileInfo(folder).isDir())
+        throw HostError(ExitCode::MissingInput, folder, QStringLiteral("is no folder"),
+            QStringLiteral("name a folder of pictures, or give a list with --from"));
+    const QStringList found = picturesIn(folder, isRecursive);
+    const QSet<QString> outputs = outputsOf(found, options);
+    std::copy_if(found.begin(), found.end(), std::back_inserter(paths), [&](const QString& path) {
+        // By the name within the folder: the folder may lie elsewhere on another machine.
+        return !outputs.contains(QFileInfo(path).absoluteFilePath())
+            && shard.contains(QDir(folder).relativeFilePath(path));
+    });
+}
+
+std::optional<Input> FolderInputs::next()
+{
+    if (nextIndex == paths.size())
+        return std::nullopt;
+    return Input { paths.at(nextIndex++) };
+}
+
+ListedInputs::ListedInputs(const QString& path, bool isNulSeparated, const Shard& part)
+    : isJsonAllowed(!isNulSeparated)
+    , list(path, isNulSeparated ? '\0' : '\n')
+    , shard(part)
+{
+}
+
+std::optional<Input> ListedInputs::next() { return nextOf(&ListReader::next); }
+
+std::optional<Input> ListedInputs::waitForNext() { return nextOf(&ListReader::waitForNext); }
+
+std::optional<Input> ListedInputs::nextOf(std::optional<ListEntry> (ListReader::*read)())
+{
+    while (const std::optional<ListEntry> entry = (list.*read)()) {
+        if (entry->bytes.isEmpty() && !entry->isTooLong)
+            continue;
+        Input input = inputFrom(*entry, isJsonAllowed);
+        input.entry = entry->bytes;
+        input.place = list.placeOf(*entry);
+        if (isListItself(input.path, descriptor()) || isListItself(input.map, descriptor()))
+            input.failure = HostError(ExitCode::Usage, input.path,
+                QStringLiteral("a picture or its map is the list itself"),
+                QStringLiteral("name a file, or another pipe"));
+        if (shard.contains(input.path))
+            return input;
+    }
+    return std::nullopt;
+}
+
+} // namespace vxroi

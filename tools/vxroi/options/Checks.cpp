@@ -1,0 +1,43 @@
+#include "Checks.h"
+
+#include "Options.h"
+#include "host/Suggestion.h"
+#include "host/files/FileName.h"
+
+#include <CLI/CLI.hpp>
+
+namespace vxroi {
+
+CLI::Validator oneOf(const std::vector<std::string>& names)
+{
+    QStringList choices;
+    for (const std::string& name : names)
+        choices.append(QString::fromStdString(name));
+    const auto check = [choices](const std::string& written) {
+        const QString value = pathFrom(written);
+        if (choices.contains(value))
+            return std::string();
+        const QString complaint
+            = QStringLiteral("%1 is no choice; %2").arg(value, host::suggestion(value, choices));
+        return host::bytesOfName(complaint).toStdString();
+    };
+    return CLI::Validator(check, '{' + choices.join(QLatin1Char(',')).toStdString() + '}');
+}
+
+CLI::Validator wholeNumber(qint64 least, qint64 most)
+{
+    const auto check = [least, most](const std::string& written) {
+        const QString value = pathFrom(written);
+        bool isNumber = false;
+        const qint64 number = value.toLongLong(&isNumber);
+        if (isNumber && number >= least && number <= most)
+            return std::string();
+        const QString complaint
+            = QStringLiteral("%1 is no whole number from %2 to %3").arg(value).arg(least).arg(most);
+        return host::bytesOfName(complaint).toStdString();
+    };
+    const QString range = QStringLiteral("INT in [%1 - %2]").arg(least).arg(most);
+    return CLI::Validator(check, range.toStdString());
+}
+
+} // namespace vxroi
