@@ -1,25 +1,22 @@
 #include "VXCrop.h"
 
-#include "AxisSearch.h"
+#include "AllowedStarts.h"
+#include "BestPlaces.h"
+#include "Direction.h"
+#include "Measure.h"
 #include "WorkingImage.h"
 
 #include <VXRegionOfInterest/VXAbstractROI.h>
 #include <VXRegionOfInterest/VXBackgroundROI.h>
-#include <VXRegionOfInterest/VXSalienzMaximizerHorizontal.h>
-#include <VXRegionOfInterest/VXSalienzMaximizerVertical.h>
 #include <VXRegionOfInterest/VXSalienzMixer.h>
 #include <VXRegionOfInterest/VXVeryImportantAreasROI.h>
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
-#include <numeric>
 
 namespace {
 
 using namespace vx::crop;
-
-using Sums = QList<long long>;
 
 const QSize workingBound(640, 480);
 constexpr int weightOfAreas = 20; // the mixer's own
@@ -56,49 +53,6 @@ bool isWorkingImage(const QImage& image)
     return image.format() == QImage::Format_RGB32
         && image.size() == VXCrop::workingSize(image.size());
 }
-
-// The axis on which a window has room to move. It fills the other one.
-struct Direction {
-    Direction(const QSize& pictureSize, const QSize& window)
-        : isAcross(window.width() < pictureSize.width())
-        , picture(pictureSize)
-        , axis(isAcross ? Axis { picture.width(), window.width() }
-                        : Axis { picture.height(), window.height() })
-    {
-    }
-
-    Span extentOf(const QRect& area) const
-    {
-        return isAcross ? Span { area.left(), area.right() } : Span { area.top(), area.bottom() };
-    }
-
-    QRect windowAt(int start) const
-    {
-        return isAcross ? QRect(start, 0, axis.windowLength, picture.height())
-                        : QRect(0, start, picture.width(), axis.windowLength);
-    }
-
-    Sums sumsOf(const QImage& map) const
-    {
-        return isAcross ? VXSalienzMaximizerHorizontal().sums(map)
-                        : VXSalienzMaximizerVertical().sums(map);
-    }
-
-    // The part of a map that is within the window at a start.
-    QRect partOf(const QSize& map, int start) const
-    {
-        const int positions = isAcross ? map.width() : map.height();
-        const int first = std::min(scaled(start, positions, axis.pictureLength), positions - 1);
-        const int end = std::clamp(
-            scaled(start + axis.windowLength, positions, axis.pictureLength), first + 1, positions);
-        return isAcross ? QRect(first, 0, end - first, map.height())
-                        : QRect(0, first, map.width(), end - first);
-    }
-
-    bool isAcross;
-    QSize picture;
-    Axis axis;
-};
 
 QVector<QRect> partsWithin(const QSize& picture, const QVector<QRect>& areas)
 {
@@ -166,80 +120,6 @@ int startAt(const Direction& direction, const QPointF& focus)
     const double start = centre * direction.axis.pictureLength - direction.axis.windowLength / 2.0;
     return std::clamp(static_cast<int>(std::lround(start)), 0, direction.axis.lastStart());
 }
-
-// The middle of what sums hold, from 0 to their number; of nothing, the middle of all.
-double centreOf(const Sums& sums)
-{
-    double moment = 0;
-    double all = 0;
-    for (int i = 0; i < sums.size(); ++i) {
-        const auto sum = static_cast<double>(sums.at(i));
-        moment += sum * (i + 0.5);
-        all += sum;
-    }
-    return all > 0 ? moment / all : sums.size() / 2.0;
-}
-
-QPointF centreOf(const QImage& map, const QRect& part)
-{
-    // A view of the part; nothing is copied.
-    const QImage view(map.constScanLine(part.top()) + std::ptrdiff_t { 4 } * part.left(),
-        part.width(), part.height(), map.bytesPerLine(), map.format());
-    return { (part.left() + centreOf(VXSalienzMaximizerHorizontal().sums(view))) / map.width(),
-        (part.top() + centreOf(VXSalienzMaximizerVertical().sums(view))) / map.height() };
-}
-
-double shareOf(const Sums& sums, int first, int count)
-{
-    const auto sum = [&](int from, int number) {
-        return std::accumulate(sums.begin() + from, sums.begin() + from + number, 0LL);
-    };
-    const long long all = sum(0, sums.size());
-    return all == 0 ? 0.0 : static_cast<double>(sum(first, count)) / static_cast<double>(all);
-}
-
-// What the map says of windows that lie somewhere.
-class Measure {
-public:
-    Measure(const QImage& salienceMap, const Direction& windowDirection)
-        : map(salienceMap)
-        , direction(windowDirection)
-        , sums(direction.sumsOf(map))
-    {
-    }
-
-    const Sums& alongAxis() const { return sums; }
-
-    VXCropWindow at(int start, VXCropReason reason) const
-    {
-        const QRect window = direction.windowAt(start);
-        return { window, within(window, centreOf(map, direction.partOf(map.size(), start))), reason,
-            heldAt(start), heldAt(direction.axis.centreStart()) };
-    }
-
-private:
-    // A pixel of the map may reach beyond a window that is thinner than it.
-    QPointF within(const QRect& window, const QPointF& point) const
-    {
-        const auto clamped = [](double share, double first, double count, double all) {
-            return std::clamp(share, first / all, (first + count) / all);
-        };
-        const QSize& all = direction.picture;
-        return { clamped(point.x(), window.x(), window.width(), all.width()),
-            clamped(point.y(), window.y(), window.height(), all.height()) };
-    }
-
-    double heldAt(int start) const
-    {
-        const QRect part = direction.partOf(map.size(), start);
-        return direction.isAcross ? shareOf(sums, part.left(), part.width())
-                                  : shareOf(sums, part.top(), part.height());
-    }
-
-    const QImage& map;
-    const Direction& direction;
-    Sums sums;
-};
 
 } // namespace
 
