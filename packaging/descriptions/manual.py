@@ -6,7 +6,7 @@ import textwrap
 
 LINE_LENGTH = 78
 
-PLACES = "In the names of outputs and maps that belong to many pictures, these stand for parts of each one's name."
+PLACEHOLDERS = "In the names of outputs and maps that belong to many pictures, these stand for parts of each one's name."
 
 
 def escaped(text):
@@ -81,7 +81,7 @@ def lines(program, examples, changelog):
         yield f".SH {command.name.upper()}"
         yield from paragraph(f"{command.text}.")
         yield from definitions((term_of(option), option.full_text) for option in command.options)
-    yield from names_section("PLACES IN NAMES", PLACES, program.section("Places"))
+    yield from names_section("PLACEHOLDERS IN NAMES", PLACEHOLDERS, program.section("Placeholders"))
     yield from names_section("PRESETS", "What --preset takes.",
                              program.section("Presets"))
     yield from names_section("METHODS", "What --weight takes, each with a weight from -1000 to 1000.",

@@ -1,6 +1,6 @@
 """docs/options.md"""
 
-HEADINGS = (("Places", "Places in names of files"), ("Presets", "Presets"), ("Methods", "Methods"),
+HEADINGS = (("Placeholders", "Placeholders in names of files"), ("Presets", "Presets"), ("Methods", "Methods"),
             ("Settings", "Settings of the histogram method"))
 
 

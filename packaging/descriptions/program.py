@@ -115,7 +115,7 @@ class Program:
         help_text = self.help_of(name)
         usage = re.search(r"^Usage: (.*)$", help_text, re.MULTILINE).group(1)
         sections = {heading: list(entries(help_text, heading))
-                    for heading in ("Places", "Presets", "Methods", "Settings")}
+                    for heading in ("Placeholders", "Presets", "Methods", "Settings")}
         options = [option_from(*entry, sections)
                    for entry in entries(help_text, "Positionals", "Options", "Writing", "Analysis")]
         return Command(name, text, usage, options, sections)

@@ -60,7 +60,7 @@ for command in commands:
         for option in told ^ set(named):
             problems.append(f"{where}, {command}: {option} is in one of it and --help only")
 
-names = re.findall(r"^  ([a-z0-9{}-]+) {2,}\S", help_of("crop").partition("\nPlaces:\n")[2], re.MULTILINE)
+names = re.findall(r"^  ([a-z0-9{}-]+) {2,}\S", help_of("crop").partition("\nPlaceholders:\n")[2], re.MULTILINE)
 assert {"{stem}", "photo", "gauss", "bins1"} <= set(names), names
 for name in names:
     if f"| `{name}` |" not in page:

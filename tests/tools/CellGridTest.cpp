@@ -75,11 +75,3 @@ TEST(CellGrid, coversThePictureWithoutGapsOrOverlaps)
     EXPECT_EQ(coverage, QVector<int>(picture.width() * picture.height(), 1));
     EXPECT_TRUE(cellAt(grid, 5, 0, 0).area.isEmpty()) << "a row of less than a pixel";
 }
-
-TEST(CellGrid, refusesWhatIsNoGrid)
-{
-    EXPECT_EQ(host::parseGrid(QStringLiteral("12x8")), QSize(12, 8));
-    EXPECT_EQ(host::parseGrid(QStringLiteral("200x2")), QSize(200, 2));
-    for (const char* const text : { "", "12", "1x8", "8x1", "201x8", "8x201", "12:8", "-2x8" })
-        EXPECT_THROW(host::parseGrid(QLatin1String(text)), host::HostError) << text;
-}

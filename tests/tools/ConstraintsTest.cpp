@@ -1,6 +1,7 @@
 #include "host/crop/Constraints.h"
 
 #include "host/HostError.h"
+#include "vxroi/options/Areas.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ namespace {
 
 host::Area area(const char* text)
 {
-    return host::parseArea(QLatin1String(text), QStringLiteral("--keep"));
+    return vxroi::parseArea(QLatin1String(text), QStringLiteral("--keep"));
 }
 
 } // namespace

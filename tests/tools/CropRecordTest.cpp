@@ -70,9 +70,9 @@ TEST(CropRecord, isReadAsItWasWritten)
 {
     host::CropRecord record = sampleRecord();
     EXPECT_EQ(readBack(record).toJson(), record.toJson());
-    for (const host::Written written :
-        { host::Written::File, host::Written::Planned, host::Written::Skipped }) {
-        record.crops.first().written = written;
+    for (const host::OutputState state :
+        { host::OutputState::Written, host::OutputState::Planned, host::OutputState::Skipped }) {
+        record.crops.first().state = state;
         record.crops.first().outputPath = QStringLiteral("out.png");
         EXPECT_EQ(readBack(record).toJson(), record.toJson());
     }
@@ -120,12 +120,12 @@ TEST(CropRecord, mayHaveNoWindowWhereTheCropWasSkipped)
     object.insert(QStringLiteral("crops"), QJsonArray { crop });
     const host::CropResult read = host::CropRecord::fromJson(object).crops.first();
     EXPECT_TRUE(read.chosen.window.isNull());
-    EXPECT_EQ(read.written, host::Written::Skipped);
+    EXPECT_EQ(read.state, host::OutputState::Skipped);
     EXPECT_EQ(read.outputPath, QStringLiteral("a.jpg"));
 
     crop.remove(QStringLiteral("output"));
     object.insert(QStringLiteral("crops"), QJsonArray { crop });
-    EXPECT_EQ(refusalOf(object), QStringLiteral("\"decidedBy\" names no reason"));
+    EXPECT_EQ(refusalOf(object), QStringLiteral("\"decidedBy\" is not the name of a reason"));
 }
 
 TEST(CropRecord, isRefusedWhereItIsNone)
@@ -146,7 +146,8 @@ TEST(CropRecord, isRefusedWhereItIsNone)
     }
     QJsonObject nameless = record;
     nameless.insert(QStringLiteral("path"), QString(QChar(0)));
-    EXPECT_EQ(refusalOf(nameless), QStringLiteral("\"path\" holds characters that no name has"));
+    EXPECT_EQ(
+        refusalOf(nameless), QStringLiteral("\"path\" contains characters that no file name has"));
 }
 
 TEST(CropRecord, isRefusedWhereAnyOfItsCropsIsNone)

@@ -1,4 +1,6 @@
 #include "host/crop/Cropper.h"
+#include "vxroi/options/Areas.h"
+#include "vxroi/options/Shapes.h"
 
 #include "SampleFiles.h"
 #include "support/Random.h"
@@ -36,10 +38,10 @@ public:
         const QSize shape(1 + random.below(90), 1 + random.below(90));
         isSized = random.below(2) == 0;
         task.shapes.append(isSized
-                ? host::parseSizes(
+                ? vxroi::parseSize(
                     QStringLiteral("%1x%2").arg(shape.width()).arg(shape.height()), {})
                       .first()
-                : host::parseRatios(QStringLiteral("%1:%2").arg(shape.width()).arg(shape.height()))
+                : vxroi::parseRatios(QStringLiteral("%1:%2").arg(shape.width()).arg(shape.height()))
                       .first());
         task.outputs.append(folder + QStringLiteral("-out.bmp"));
         if (random.below(3) == 0)
@@ -78,11 +80,11 @@ public:
 private:
     host::Area randomArea()
     {
-        return host::parseArea(QStringLiteral("%1,%2,%3,%4")
-                                   .arg(random.below(size.width()))
-                                   .arg(random.below(size.height()))
-                                   .arg(1 + random.below(70))
-                                   .arg(1 + random.below(70)),
+        return vxroi::parseArea(QStringLiteral("%1,%2,%3,%4")
+                                    .arg(random.below(size.width()))
+                                    .arg(random.below(size.height()))
+                                    .arg(1 + random.below(70))
+                                    .arg(1 + random.below(70)),
             QString());
     }
 
@@ -128,7 +130,7 @@ TEST(Cropper, decidesTheSameWhetherThePixelsAreWrittenOrNot)
     for (const char* const name : { "a.png", "a.jpg", "a.bmp" }) {
         host::CropTask task;
         task.path = folder.save(samples::picture({ 2000, 1300 }), QString::fromUtf8(name));
-        task.shapes = host::parseRatios(QStringLiteral("1:1,2:5"));
+        task.shapes = vxroi::parseRatios(QStringLiteral("1:1,2:5"));
         host::CropRules rules;
         rules.analysis.salience = VXCropSettings::library();
         host::Cropper cropper(rules, 1);
@@ -149,7 +151,7 @@ TEST(Cropper, writesAllCropsOfAPictureOrNone)
     const samples::SampleFolder folder;
     host::CropTask task;
     task.path = folder.save(samples::picture({ 60, 40 }), QStringLiteral("a.png"));
-    task.shapes = host::parseRatios(QStringLiteral("1:1,2:1"));
+    task.shapes = vxroi::parseRatios(QStringLiteral("1:1,2:1"));
     task.outputs = QStringList { folder.path(QStringLiteral("one.png")),
         folder.path(QStringLiteral("none/two.png")) };
     host::Cropper cropper(quickRules(), 1000);

@@ -9,12 +9,12 @@ namespace {
 QString nameFor(const char* pattern, const char* input)
 {
     return host::OutputName(QString::fromUtf8(pattern))
-        .nameFor(QString::fromUtf8(input), host::parseRatios(QStringLiteral("16:9")).first());
+        .nameFor(QString::fromUtf8(input), { QStringLiteral("16:9"), { 16, 9 }, {} });
 }
 
 } // namespace
 
-TEST(OutputName, fillsItsPlacesFromThePicturesName)
+TEST(OutputName, replacesItsPlaceholdersFromThePicturesName)
 {
     EXPECT_EQ(nameFor("out/{stem}-{ratio}.{ext}", "a/b.c.jpg"), QStringLiteral("out/b.c-16x9.jpg"));
     EXPECT_EQ(nameFor("{dir}/crops/{stem}.png", "a/b/c.jpg"), QStringLiteral("a/b/crops/c.png"));
@@ -22,7 +22,7 @@ TEST(OutputName, fillsItsPlacesFromThePicturesName)
     EXPECT_EQ(nameFor("same.png", "c.jpg"), QStringLiteral("same.png"));
 }
 
-TEST(OutputName, fillsNoPlaceOfTheNamesItPutsIn)
+TEST(OutputName, replacesNoPlaceholderInTheNamesItPutsIn)
 {
     EXPECT_EQ(nameFor("{stem}.{ext}", "{ext}{ratio}.png"), QStringLiteral("{ext}{ratio}.png"));
 }
@@ -34,8 +34,8 @@ TEST(OutputName, refusesOtherBraces)
         EXPECT_THROW(nameFor(pattern, "a.jpg"), host::HostError) << pattern;
 }
 
-TEST(OutputName, tellsWhetherItHasPlaces)
+TEST(OutputName, tellsWhetherItHasPlaceholders)
 {
-    EXPECT_TRUE(host::OutputName(QStringLiteral("a/{stem}.png")).hasPlaces());
-    EXPECT_FALSE(host::OutputName(QStringLiteral("a/b.png")).hasPlaces());
+    EXPECT_TRUE(host::OutputName(QStringLiteral("a/{stem}.png")).hasPlaceholders());
+    EXPECT_FALSE(host::OutputName(QStringLiteral("a/b.png")).hasPlaceholders());
 }

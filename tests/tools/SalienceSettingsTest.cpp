@@ -1,6 +1,7 @@
 #include "host/crop/SalienceSettings.h"
 
 #include "host/HostError.h"
+#include "vxroi/options/SalienceOptions.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ namespace {
 
 using host::HostError;
 
-VXCropSettings preset(const char* name) { return host::presetCalled(QLatin1String(name)); }
+VXCropSettings preset(const char* name) { return vxroi::presetCalled(QLatin1String(name)); }
 
 std::string textOf(const VXCropSettings& settings) { return host::textOf(settings).toStdString(); }
 
@@ -17,7 +18,7 @@ std::string textOf(const VXCropSettings& settings) { return host::textOf(setting
 TEST(SalienceSettings, presetsHaveNames)
 {
     EXPECT_EQ(
-        host::presetNames(), (QStringList { QStringLiteral("photo"), QStringLiteral("library") }));
+        vxroi::presetNames(), (QStringList { QStringLiteral("photo"), QStringLiteral("library") }));
     EXPECT_EQ(preset("photo").background, VXCropSettings::photo().background);
     EXPECT_EQ(preset("library").sobel, VXCropSettings::library().sobel);
     EXPECT_THROW(preset("portrait"), HostError);
@@ -28,7 +29,7 @@ TEST(SalienceSettings, setsTheWeightOfEveryMethod)
     VXCropSettings settings = host::withoutMethods();
     for (const char* const text :
         { "sobel=-1000", "gauss=2", "histogram=3", "achanta=-7", "background=1000" })
-        host::setWeight(settings, QLatin1String(text));
+        vxroi::setWeight(settings, QLatin1String(text));
     EXPECT_EQ(settings.sobel, -1000);
     EXPECT_EQ(settings.gauss, 2);
     EXPECT_EQ(settings.histogram, 3);
@@ -41,7 +42,7 @@ TEST(SalienceSettings, tuneSetsEveryFieldOfTheHistogramMethod)
     VXCropSettings settings = preset("library");
     for (const char* const text : { "bins1=16", "bins2=8", "threshold=0.5", "columns=7", "rows=5",
              "min-width=0.75", "min-height=0.125" })
-        host::tune(settings, QLatin1String(text));
+        vxroi::tune(settings, QLatin1String(text));
     EXPECT_EQ(settings.tuning.bins1, 16);
     EXPECT_EQ(settings.tuning.bins2, 8);
     EXPECT_EQ(settings.tuning.threshold, 0.5);
@@ -55,9 +56,9 @@ TEST(SalienceSettings, refusesWhatItDoesNotKnow)
 {
     VXCropSettings settings;
     for (const char* const text : { "", "sobel", "sobel=", "edges=1", "sobel=1001", "gauss=1.5" })
-        EXPECT_THROW(host::setWeight(settings, QLatin1String(text)), HostError) << text;
+        EXPECT_THROW(vxroi::setWeight(settings, QLatin1String(text)), HostError) << text;
     for (const char* const text : { "", "bins1", "bins1=", "bins1=1e9", "bins3=4", "threshold=x" })
-        EXPECT_THROW(host::tune(settings, QLatin1String(text)), HostError) << text;
+        EXPECT_THROW(vxroi::tune(settings, QLatin1String(text)), HostError) << text;
 }
 
 TEST(SalienceSettings, sameSettingsHaveTheSameText)
@@ -66,11 +67,11 @@ TEST(SalienceSettings, sameSettingsHaveTheSameText)
     EXPECT_EQ(textOf(preset("library")), "library");
     VXCropSettings settings = host::withoutMethods();
     EXPECT_EQ(textOf(settings), "none");
-    host::setWeight(settings, QStringLiteral("background=20"));
+    vxroi::setWeight(settings, QStringLiteral("background=20"));
     EXPECT_EQ(textOf(settings), "photo");
-    host::setWeight(settings, QStringLiteral("achanta=-3"));
-    host::tune(settings, QStringLiteral("min-width=0.25"));
-    host::tune(settings, QStringLiteral("rows=12"));
-    host::tune(settings, QStringLiteral("bins1=32"));
+    vxroi::setWeight(settings, QStringLiteral("achanta=-3"));
+    vxroi::tune(settings, QStringLiteral("min-width=0.25"));
+    vxroi::tune(settings, QStringLiteral("rows=12"));
+    vxroi::tune(settings, QStringLiteral("bins1=32"));
     EXPECT_EQ(textOf(settings), "achanta=-3 background=20 rows=12 min-width=0.25");
 }

@@ -1,5 +1,4 @@
-#include "host/StandardError.h"
-#include "host/StandardOutput.h"
+#include "host/StandardStreams.h"
 
 #include <QByteArray>
 

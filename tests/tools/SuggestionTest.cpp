@@ -1,4 +1,4 @@
-#include "host/Suggestion.h"
+#include "vxroi/options/Suggestion.h"
 
 #include <gtest/gtest.h>
 
@@ -6,14 +6,14 @@ namespace {
 
 int distance(const char* one, const char* other)
 {
-    return host::editDistance(QLatin1String(one), QLatin1String(other));
+    return vxroi::editDistance(QLatin1String(one), QLatin1String(other));
 }
 
 std::string nearest(const char* wrong)
 {
     static const QStringList names { QStringLiteral("crop"), QStringLiteral("map"),
         QStringLiteral("ratio"), QStringLiteral("recursive"), QStringLiteral("resume") };
-    return host::nearestName(QLatin1String(wrong), names).toStdString();
+    return vxroi::nearestName(QLatin1String(wrong), names).toStdString();
 }
 
 } // namespace
@@ -66,9 +66,9 @@ TEST(Suggestion, listsTheNamesWhereNoneIsNear)
 {
     const QStringList names { QStringLiteral("fail"), QStringLiteral("skip"),
         QStringLiteral("overwrite") };
-    EXPECT_EQ(host::suggestion(QStringLiteral("skp"), names).toStdString(), "did you mean skip?");
-    EXPECT_EQ(host::suggestion(QStringLiteral("replace"), names).toStdString(),
+    EXPECT_EQ(vxroi::suggestion(QStringLiteral("skp"), names).toStdString(), "did you mean skip?");
+    EXPECT_EQ(vxroi::suggestion(QStringLiteral("replace"), names).toStdString(),
         "choose fail, skip or overwrite");
-    EXPECT_EQ(host::alternatives(names.mid(0, 2)).toStdString(), "fail or skip");
-    EXPECT_EQ(host::alternatives(names.mid(0, 1)).toStdString(), "fail");
+    EXPECT_EQ(vxroi::alternatives(names.mid(0, 2)).toStdString(), "fail or skip");
+    EXPECT_EQ(vxroi::alternatives(names.mid(0, 1)).toStdString(), "fail");
 }

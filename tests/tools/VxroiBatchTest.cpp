@@ -131,7 +131,7 @@ TEST_F(VxroiBatch, refusesNamesThatNoFileHas)
     const QList<QJsonObject> all = records(batch(QStringLiteral("--from list --ratio 1:1")).out);
     ASSERT_EQ(all.size(), 3);
     for (const QJsonObject& record : all)
-        EXPECT_TRUE(reasonOf(record).contains(QStringLiteral("characters that no name has")));
+        EXPECT_TRUE(reasonOf(record).contains(QStringLiteral("characters that no file name has")));
     EXPECT_FALSE(QFile::exists(folder.path(QStringLiteral("a"))));
 }
 
@@ -233,8 +233,7 @@ TEST_F(VxroiBatch, isDoneWhenThereIsNothingToDo)
             = shell(QStringLiteral("\"$VXROI\" batch --ratio 1:1 ") + QLatin1String(inputs));
         EXPECT_EQ(outcome.exitCode, 0) << inputs;
         EXPECT_TRUE(outcome.out.isEmpty()) << inputs;
-        EXPECT_TRUE(outcome.err.endsWith(": there is nothing to do\n"))
-            << outcome.err.toStdString();
+        EXPECT_TRUE(outcome.err.endsWith(": nothing to do\n")) << outcome.err.toStdString();
         EXPECT_EQ(outcome.err.count('\n'), 1) << inputs;
     }
 }
@@ -245,7 +244,7 @@ TEST_F(VxroiBatch, namesTheListAndTheLineOfAFailure)
     const Outcome outcome = shell(QStringLiteral("\"$VXROI\" batch --from list --ratio 1:1"));
     EXPECT_TRUE(outcome.err.contains("vxroi: list, line 3: in/none.png: no such file; "))
         << outcome.err.toStdString();
-    EXPECT_TRUE(outcome.err.contains("vxroi: list, line 4: (line 4): \"path\" is no text; "));
+    EXPECT_TRUE(outcome.err.contains("vxroi: list, line 4: (line 4): \"path\" is not a text; "));
     EXPECT_TRUE(shell(
         QStringLiteral(
             "printf 'in/p00.png\\0in/none.png\\0' | \"$VXROI\" batch -0 --from - --ratio 1:1"))

@@ -98,11 +98,11 @@ TEST_F(VxroiOutputs, placesNeverLeadOutOfTheFolderThatThePatternNames)
     expectRefused(
         shell(QStringLiteral(
             "cd in && \"$VXROI\" crop ../../here/in/a.png --ratio 1:1 -o 'out/{dir}/{stem}.png'")),
-        "leads out of the folder out");
+        "lies outside the folder out");
     shell(QStringLiteral("cp in/a.png ...png")); // whose stem is ".."
     expectRefused(shell(QStringLiteral(
                       "\"$VXROI\" crop ./...png --ratio 1:1 -o 'out/{stem}/../{stem}/x.png'")),
-        "leads out of the folder out");
+        "lies outside the folder out");
     shell(QStringLiteral("mkdir out ../away; ln -s ../../away out/in"));
     const Outcome linked
         = shell(QStringLiteral("\"$VXROI\" crop in/a.png --ratio 1:1 -o 'out/{dir}/{stem}.png'"));
@@ -125,7 +125,7 @@ TEST_F(VxroiOutputs, listsNameOutputsInTheCurrentFolderOnlyUnlessAllowed)
             QStringLiteral("{\"path\": \"in/a.png\", \"out\": \"%1\"}\n").arg(output).toUtf8(),
             QStringLiteral("here/list"));
         expectRefused(shell(QStringLiteral("\"$VXROI\" batch --from list --ratio 1:1")),
-            "leads out of the folder");
+            "lies outside the folder");
     }
     EXPECT_EQ(shell(QStringLiteral("\"$VXROI\" batch -q --from list --ratio 1:1 --allow-outside"))
                   .exitCode,

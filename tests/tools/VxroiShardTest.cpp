@@ -81,7 +81,7 @@ TEST_F(VxroiShard, takesTheCountFromTheCommandLineWhereTheSchedulerHasNone)
     EXPECT_EQ(shardOf("SLURM_ARRAY_TASK_ID=7", "auto/3").out, second);
     const Outcome unknown = shardOf("JOB_COMPLETION_INDEX=1", "auto");
     EXPECT_EQ(unknown.exitCode, 64);
-    EXPECT_TRUE(unknown.err.contains("JOB_COMPLETION_INDEX does not tell how many jobs there are"));
+    EXPECT_TRUE(unknown.err.contains("JOB_COMPLETION_INDEX does not say how many jobs there are"));
     for (const char* const shard : { "auto/0", "auto/", "auto/x" })
         EXPECT_EQ(shardOf("JOB_COMPLETION_INDEX=1", shard).exitCode, 64) << shard;
     EXPECT_EQ(shardOf("", "auto/3").exitCode, 64) << "no array job";

@@ -72,7 +72,7 @@ TEST(VxroiUsage, versionIsOneLine)
 TEST(VxroiUsage, namesTheCommandThatIsMeant)
 {
     const char* const all = "choose crop, batch, map, merge, cluster, report or stats";
-    const std::string none = std::string("no command is named; ") + all + "; see vxroi --help";
+    const std::string none = std::string("no command given; ") + all + "; see vxroi --help";
     const std::string unknown
         = std::string("photo.jpg: no such command; ") + all + "; see vxroi --help";
     for (const Case& wrong :
@@ -132,11 +132,11 @@ TEST(VxroiUsage, namesTheChoiceThatIsMeant)
     for (const Case& wrong :
         {
             Case { "crop a.png --ratio 1:1 --fit padd",
-                "--fit: padd is no choice; did you mean pad? See vxroi crop --help" },
+                "--fit: padd is not a choice; did you mean pad? See vxroi crop --help" },
             Case { "crop a.png --ratio 1:1 --emit geometri",
-                "--emit: geometri is no choice; did you mean geometry? See vxroi crop --help" },
+                "--emit: geometri is not a choice; did you mean geometry? See vxroi crop --help" },
             Case { "map a.png -o b.png --if-exists replace",
-                "--if-exists: replace is no choice; choose fail or overwrite; see vxroi map "
+                "--if-exists: replace is not a choice; choose fail or overwrite; see vxroi map "
                 "--help" },
             Case { "crop a.png --ratio 1:1 --preset phot",
                 "--preset phot: no such preset; did you mean photo? See vxroi crop --help" },
@@ -172,15 +172,17 @@ TEST(VxroiUsage, saysWhatIsMissingOrTooMuch)
              Case { "cluster a.png map",
                  "map: one argument too many for vxroi cluster; see vxroi cluster --help" },
              Case { "map a.png -o b.png --ratio 1:1",
-                 "--ratio: has no use without --overlay; see vxroi map --help" },
+                 "--ratio: needs --overlay; see vxroi map --help" },
              Case { "crop a.png --ratio 1:1 --json --emit css",
-                 "--json: not together with --emit; leave one of them out; see vxroi crop --help" },
+                 "--json: cannot be combined with --emit; leave one of them out; see vxroi crop "
+                 "--help" },
              Case { "crop a.png --ratio 1:1 --upscale --json=perhaps",
                  "--json: takes no value; see vxroi crop --help" },
              Case { "crop a.png --ratio 1:1 --quality 101",
-                 "--quality: 101 is no whole number from 1 to 100; see vxroi crop --help" },
+                 "--quality: 101 is not a whole number from 1 to 100; see vxroi crop --help" },
              Case { "crop a.png --ratio 1:1 --max-seconds 1.5",
-                 "--max-seconds: 1.5 is no whole number from 1 to 1000000; see vxroi crop --help" },
+                 "--max-seconds: 1.5 is not a whole number from 1 to 1000000; see vxroi crop "
+                 "--help" },
          })
         expectComplaint(wrong);
 }

@@ -70,8 +70,12 @@ def browse(folder, page, *arguments):
 def look(folder, width):
     frame = folder / "frame.html"
     frame.write_text(FRAME % width, encoding="utf-8")
-    dom = browse(folder, frame, "--dump-dom", "--virtual-time-budget=20000", "--window-size=1300,1000")
-    return json.loads(html.unescape(re.search(r'data-seen="([^"]*)"', dom).group(1)))
+    for attempt in range(5):  # on a busy machine the browser may be asked before the page has answered
+        dom = browse(folder, frame, "--dump-dom", f"--virtual-time-budget={20000 << attempt}", "--window-size=1300,1000")
+        seen = re.search(r'data-seen="([^"]*)"', dom)
+        if seen:
+            return json.loads(html.unescape(seen.group(1)))
+    raise AssertionError("the page does not answer")
 
 
 def check(seen, width):

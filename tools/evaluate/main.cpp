@@ -2,6 +2,7 @@
 
 #include "host/HostError.h"
 #include "host/crop/SalienceSettings.h"
+#include "vxroi/options/SalienceOptions.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -22,10 +23,10 @@ const std::array<QSize, 3> ratios { QSize(1, 1), QSize(9, 16), QSize(3, 1) };
 VXCropSettings settingsOf(const QString& name)
 {
     if (!name.contains(QLatin1Char('=')))
-        return host::presetCalled(name);
+        return vxroi::presetCalled(name);
     VXCropSettings settings = host::withoutMethods();
     for (const QString& weight : name.split(QLatin1Char(',')))
-        host::setWeight(settings, weight);
+        vxroi::setWeight(settings, weight);
     return settings;
 }
 
@@ -118,7 +119,7 @@ try {
             QStringLiteral("give a folder with the folders images and points, then presets or "
                            "weights such as gauss=20,achanta=10"));
     if (settings.isEmpty())
-        settings = host::presetNames();
+        settings = vxroi::presetNames();
     for (const QString& name : settings)
         settingsOf(name);
     const QDir folder(QCoreApplication::arguments().at(1));

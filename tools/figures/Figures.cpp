@@ -5,6 +5,7 @@
 #include "host/crop/SalienceMap.h"
 #include "host/crop/SalienceSettings.h"
 #include "scenes/SampleScenes.h"
+#include "vxroi/options/SalienceOptions.h"
 
 namespace figures {
 
@@ -54,7 +55,7 @@ Figure tuned(const char* assignment)
     VXCropSettings settings = host::withoutMethods();
     settings.histogram = 1;
     if (*assignment != '\0')
-        host::tune(settings, QLatin1String(assignment));
+        vxroi::tune(settings, QLatin1String(assignment));
     const QString name = *assignment == '\0'
         ? QStringLiteral("default")
         : QString::fromLatin1(assignment).replace(QLatin1Char('='), QLatin1Char('-'));

@@ -1,6 +1,5 @@
 #include "HostError.h"
 
-#include "StandardError.h"
 #include "host/files/FileName.h"
 
 #include <algorithm>
@@ -38,12 +37,6 @@ HostError tooSlow(const QString& path, int mostSeconds)
 {
     return unreadableForNow(path, QStringLiteral("takes more than %1 seconds").arg(mostSeconds),
         QStringLiteral("allow more with --max-seconds"));
-}
-
-void writeWarning(const QString& path, const QString& warning)
-{
-    const QString line = onOneLine(QStringLiteral("%1: %2").arg(path, warning));
-    writeError("vxroi: " + bytesOfName(line).toStdString() + '\n');
 }
 
 QString onOneLine(QString text)

@@ -2,9 +2,7 @@
 
 #include "host/HostError.h"
 #include "host/crop/Analysis.h"
-#include "host/crop/AspectRatio.h"
 #include "host/crop/Overlay.h"
-#include "host/picture/PictureFile.h"
 
 #include <QFileDialog>
 #include <QStatusBar>
@@ -15,8 +13,9 @@ namespace viewer {
 PreviewWindow::PreviewWindow()
 {
     setWindowTitle(QStringLiteral("Salience"));
-    for (const char* const shape : { "1:1", "4:5", "3:2", "16:9", "9:16", "3:1" })
-        shapeBox.addItem(QLatin1String(shape));
+    for (const QSize& ratio :
+        { QSize(1, 1), QSize(4, 5), QSize(3, 2), QSize(16, 9), QSize(9, 16), QSize(3, 1) })
+        shapeBox.addItem(QStringLiteral("%1:%2").arg(ratio.width()).arg(ratio.height()), ratio);
     view.setAlignment(Qt::AlignCenter);
     view.setMinimumSize(320, 240);
     view.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // whatever it shows
@@ -30,9 +29,9 @@ PreviewWindow::PreviewWindow()
 
 void PreviewWindow::open(const QString& path)
 try {
-    host::PictureFile file(path, host::ReadingRules());
-    analysis = host::analysisOf(file, VXCropSettings::photo());
-    picture = file.readAll();
+    host::Analysis opened(path, { VXCropSettings::photo(), {} });
+    analysis = opened.run();
+    picture = opened.picture().readAll();
     setWindowTitle(path);
     refresh();
 } catch (const host::HostError& error) {
@@ -43,7 +42,7 @@ QRect PreviewWindow::crop() const
 {
     if (picture.isNull())
         return {};
-    return analysis.window(host::parseAspectRatio(shapeBox.currentText())).window;
+    return analysis.window(shapeBox.currentData().toSize()).window;
 }
 
 void PreviewWindow::chooseFile()

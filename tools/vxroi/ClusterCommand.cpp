@@ -1,14 +1,14 @@
 #include "ClusterCommand.h"
 
 #include "OutputFiles.h"
-#include "vxroi/work/WorkerThreads.h"
 
 #include "host/HostError.h"
-#include "host/StandardOutput.h"
-#include "host/crop/Analysis.h"
+#include "host/StandardStreams.h"
 #include "host/crop/CellGrid.h"
-#include "host/picture/PictureFile.h"
 #include "host/records/Json.h"
+#include "vxroi/options/CommonOptions.h"
+#include "vxroi/options/Shapes.h"
+#include "vxroi/work/WorkerThreads.h"
 
 #include <CLI/CLI.hpp>
 
@@ -48,7 +48,7 @@ void requireOutput(const ClusterArguments& arguments)
 {
     if (!arguments.json && arguments.output.empty())
         throw HostError(ExitCode::Usage, QStringLiteral("cluster"),
-            QStringLiteral("no output is named"), QStringLiteral("add --json or --output"));
+            QStringLiteral("no output given"), QStringLiteral("add --json or --output"));
     if (!arguments.output.empty())
         requirePng(pathFrom(arguments.output));
 }
@@ -59,33 +59,33 @@ void runCluster(const ClusterArguments& arguments)
 {
     requireOutput(arguments);
     const QString input = pathFrom(arguments.picture);
-    const QSize grid = host::parseGrid(QString::fromStdString(arguments.grid));
-    const host::AnalysisRules rules = arguments.analysis.rules();
-
     startWorkerThreads();
-    host::PictureFile picture(input, rules.reading);
-    const QImage map = host::analysisOf(picture, rules.salience).map();
-    const host::CellGrid rated = host::rateCells(map, picture.orientedSize(), grid);
+    host::Analysis analysis(input, arguments.analysis.rules);
+    const QSize picture = analysis.picture().orientedSize();
+    const host::CellGrid rated = host::rateCells(analysis.run().map(), picture, arguments.grid);
     if (!arguments.output.empty()) {
         OutputFiles files(input, arguments.ifExists);
         files.add(rated.picture, pathFrom(arguments.output));
         files.commit();
     }
     if (arguments.json)
-        host::writeOutput(tableOf(rated, grid, input, picture.orientedSize()));
+        host::writeOutput(tableOf(rated, arguments.grid, input, picture));
     if (!arguments.quiet)
-        for (const QString& warning : picture.warnings())
+        for (const QString& warning : analysis.warnings())
             host::writeWarning(input, warning);
 }
 
 void addClusterCommand(CLI::App& app, ClusterArguments& arguments)
 {
     CLI::App* const cluster
-        = app.add_subcommand("cluster", "Say how salient each cell of a grid over a picture is");
+        = app.add_subcommand("cluster", "Rate the cells of a grid laid over a picture");
     cluster->add_option("PICTURE", arguments.picture, "the picture file to read")->required();
-    cluster->add_option("--grid", arguments.grid, "columns and rows of the grid")
+    const auto takeGrid = [&arguments](const std::string& grid) {
+        arguments.grid = parseGrid(QString::fromStdString(grid));
+    };
+    cluster->add_option_function<std::string>("--grid", takeGrid, "columns and rows of the grid")
         ->type_name("CxR")
-        ->capture_default_str();
+        ->default_str("12x8");
     cluster->add_flag("--json", arguments.json, "print the cells as a table, as JSON");
     cluster->add_option("-o,--output", arguments.output, "paint the cells into this PNG file")
         ->type_name("FILE");

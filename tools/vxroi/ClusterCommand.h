@@ -1,6 +1,10 @@
 #pragma once
 
-#include "vxroi/options/Options.h"
+#include "vxroi/options/AnalysisOptions.h"
+
+#include "host/crop/Cropper.h"
+
+#include <QSize>
 
 #include <string>
 
@@ -9,10 +13,10 @@ namespace vxroi {
 /// The command line of `vxroi cluster`, as given.
 struct ClusterArguments {
     std::string picture;
-    std::string grid = "12x8";
+    QSize grid { 12, 8 }; ///< columns and rows
     bool json = false; ///< print the cells as a table
     std::string output; ///< empty: write no picture of the cells
-    std::string ifExists = "fail";
+    host::IfExists ifExists = host::IfExists::Fail;
     bool quiet = false;
     AnalysisOptions analysis;
 };

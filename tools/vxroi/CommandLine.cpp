@@ -3,10 +3,10 @@
 #include "ClusterCommand.h"
 #include "CropCommand.h"
 #include "MapCommand.h"
-#include "host/StandardError.h"
-#include "host/StandardOutput.h"
+#include "host/StandardStreams.h"
 #include "host/files/FileName.h"
 #include "vxroi/batch/BatchCommand.h"
+#include "vxroi/options/CommonOptions.h"
 #include "vxroi/options/WrongCommandLine.h"
 #include "vxroi/records/MergeCommand.h"
 #include "vxroi/records/StatsCommand.h"
@@ -66,6 +66,28 @@ std::vector<std::string> reversedArguments(int argc, char** argv)
     return arguments;
 }
 
+// What was written after each command.
+struct Commands {
+    CropArguments crop;
+    BatchArguments batch;
+    MapArguments map;
+    MergeArguments merge;
+    ClusterArguments cluster;
+    ReportArguments report;
+    StatsArguments stats;
+
+    void addTo(CLI::App& app, ExitCode& exitCode)
+    {
+        addCropCommand(app, crop, exitCode);
+        addBatchCommand(app, batch, exitCode);
+        addMapCommand(app, map);
+        addMergeCommand(app, merge, exitCode);
+        addClusterCommand(app, cluster);
+        addReportCommand(app, report, exitCode);
+        addStatsCommand(app, stats);
+    }
+};
+
 } // namespace
 
 ExitCode runCommandLine(int argc, char** argv)
@@ -75,20 +97,8 @@ try {
     app.footer(exitCodes);
     app.require_subcommand(1);
     ExitCode exitCode = ExitCode::Success;
-    CropArguments crop;
-    addCropCommand(app, crop, exitCode);
-    BatchArguments batch;
-    addBatchCommand(app, batch, exitCode);
-    MapArguments map;
-    addMapCommand(app, map);
-    MergeArguments merge;
-    addMergeCommand(app, merge, exitCode);
-    ClusterArguments cluster;
-    addClusterCommand(app, cluster);
-    ReportArguments report;
-    addReportCommand(app, report, exitCode);
-    StatsArguments stats;
-    addStatsCommand(app, stats);
+    Commands commands;
+    commands.addTo(app, exitCode);
 
     try {
         app.parse(reversedArguments(argc, argv));

@@ -1,9 +1,9 @@
 #include "CropCommand.h"
 
 #include "host/HostError.h"
-#include "host/StandardError.h"
-#include "host/StandardOutput.h"
+#include "host/StandardStreams.h"
 #include "vxroi/inputs/Tasks.h"
+#include "vxroi/options/CommonOptions.h"
 #include "vxroi/work/WorkerThreads.h"
 
 #include <CLI/CLI.hpp>
@@ -26,8 +26,8 @@ void complainOf(const CropRecord& record)
     for (const QString& warning : record.warnings)
         host::writeWarning(record.path, warning);
     for (const host::CropResult& crop : record.crops) {
-        if (crop.written == host::Written::Skipped)
-            host::writeWarning(crop.outputPath, QStringLiteral("already exists, and is skipped"));
+        if (crop.state == host::OutputState::Skipped)
+            host::writeWarning(crop.outputPath, QStringLiteral("already exists; skipped"));
     }
 }
 
@@ -43,7 +43,8 @@ host::ExitCode runCrop(const CropArguments& arguments)
     const TaskPlan plan(arguments.crop, arguments.analysis);
     plan.requireShapes();
     OutputClaims claims;
-    host::Cropper cropper(arguments.crop.rules(arguments.analysis), arguments.analysis.maxPixels);
+    host::Cropper cropper(
+        arguments.crop.rules(arguments.analysis), arguments.analysis.rules.reading.mostPixels);
     const bool isOnlyPicture = arguments.pictures.size() == 1;
     const bool isOnlyLine = isOnlyPicture && plan.shapes().size() == 1;
     startWorkerThreads();
@@ -66,7 +67,7 @@ host::ExitCode runCrop(const CropArguments& arguments)
 void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exitCode)
 {
     CLI::App* const crop
-        = app.add_subcommand("crop", "Choose the windows to keep of pictures, and crop them");
+        = app.add_subcommand("crop", "Choose the crops of pictures, and write them");
     crop->add_option(
             "PICTURE", arguments.pictures, "the picture files to read; - is standard input")
         ->required();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vxroi/options/Options.h"
+#include "vxroi/options/CropOptions.h"
 #include "vxroi/records/RecordPrinter.h"
 
 #include <string>
@@ -13,7 +13,7 @@ struct CropArguments {
     std::vector<std::string> pictures;
     CropOptions crop;
     AnalysisOptions analysis;
-    RecordPrinter printer { RecordPrinter::UnlessAsked::Geometry };
+    RecordPrinter printer { RecordPrinter::Output::Geometry };
     bool quiet = false;
 };
 

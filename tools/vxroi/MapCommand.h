@@ -1,9 +1,15 @@
 #pragma once
 
-#include "vxroi/options/Options.h"
+#include "vxroi/options/AnalysisOptions.h"
+
+#include "host/crop/Constraints.h"
+#include "host/crop/Cropper.h"
+
+#include <QSize>
+
+#include <optional>
 
 #include <string>
-#include <vector>
 
 namespace vxroi {
 
@@ -13,12 +19,11 @@ struct MapArguments {
     std::string output; ///< empty: write no blended map
     std::string perMethod; ///< a folder; empty: write no maps of single methods
     std::string overlay; ///< empty: write no overlay
-    std::string ratio; ///< empty: outline no crop in the overlay
-    std::vector<std::string> keep;
-    std::vector<std::string> avoid;
+    std::optional<QSize> ratio; ///< none: outline no crop in the overlay
+    host::Constraints constraints;
     std::string map; ///< a file to take the map from; empty: it is computed
     bool stretch = false; ///< stretch the levels of maps from black to white
-    std::string ifExists = "fail";
+    host::IfExists ifExists = host::IfExists::Fail;
     bool quiet = false;
     AnalysisOptions analysis;
 };

@@ -3,9 +3,6 @@
 #include "host/HostError.h"
 #include "host/files/FileName.h"
 #include "host/files/OutputName.h"
-#include "vxroi/options/Checks.h"
-
-#include <CLI/CLI.hpp>
 
 #include <QFileInfo>
 
@@ -16,25 +13,18 @@ namespace vxroi {
 using host::ExitCode;
 using host::HostError;
 
-void addIfExistsOption(CLI::App& command, std::string& ifExists)
-{
-    command.add_option("--if-exists", ifExists, "what to do with outputs that already exist")
-        ->type_name("WHAT")
-        ->check(oneOf({ "fail", "overwrite" }))
-        ->capture_default_str();
-}
-
-void requireFreeName(const QString& input, const QString& output, const std::string& ifExists)
+void requireFreeName(const QString& input, const QString& output, host::IfExists ifExists)
 {
     host::refuseToOverwriteInput(input, output);
     host::requireReplaceable(output);
-    if (ifExists == "fail" && !host::isStandardStream(output) && QFileInfo::exists(output))
+    if (ifExists == host::IfExists::Fail && !host::isStandardStream(output)
+        && QFileInfo::exists(output))
         host::throwIsThere(output);
 }
 
-OutputFiles::OutputFiles(QString inputPath, std::string ifExistsWish)
+OutputFiles::OutputFiles(QString inputPath, host::IfExists ifOutputsExist)
     : input(std::move(inputPath))
-    , ifExists(std::move(ifExistsWish))
+    , ifExists(ifOutputsExist)
 {
 }
 
@@ -52,7 +42,7 @@ void OutputFiles::add(const QImage& image, const QString& path)
 void OutputFiles::commit()
 {
     for (host::PictureWriter& file : files)
-        file.commit(ifExists == "overwrite");
+        file.commit(ifExists == host::IfExists::Overwrite);
 }
 
 void requirePng(const QString& path)

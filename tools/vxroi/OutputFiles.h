@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/crop/Cropper.h"
 #include "host/picture/PictureWriter.h"
 
 #include <QImage>
@@ -7,27 +8,19 @@
 #include <QString>
 
 #include <deque>
-#include <string>
-
-namespace CLI {
-class App;
-}
 
 namespace vxroi {
 
-/// Adds --if-exists to a command that writes a few files: fail or overwrite.
-void addIfExistsOption(CLI::App& command, std::string& ifExists);
-
-/// Refuses an output that is \a input, or that already exists unless \a ifExists is "overwrite".
+/// Refuses an output that is \a input, or that already exists unless it may be replaced.
 /// \throws host::HostError
-void requireFreeName(const QString& input, const QString& output, const std::string& ifExists);
+void requireFreeName(const QString& input, const QString& output, host::IfExists ifExists);
 
 /// Picture files that are written together and appear together, once all of them could be encoded.
 class OutputFiles {
 public:
     /// \param inputPath the file that they are made from, which none of them may be.
-    /// \param ifExistsWish what addIfExistsOption() got.
-    OutputFiles(QString inputPath, std::string ifExistsWish);
+    /// \param ifOutputsExist fail or overwrite.
+    OutputFiles(QString inputPath, host::IfExists ifOutputsExist);
 
     /// \throws host::HostError when the name is taken, or writing fails.
     void add(const QImage& image, const QString& path);
@@ -37,7 +30,7 @@ public:
 
 private:
     QString input;
-    std::string ifExists;
+    host::IfExists ifExists;
     QSet<QString> paths;
     std::deque<host::PictureWriter> files;
 };

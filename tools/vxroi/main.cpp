@@ -1,6 +1,6 @@
 #include "CommandLine.h"
 #include "host/HostError.h"
-#include "host/StandardError.h"
+#include "host/StandardStreams.h"
 #include "host/files/FileName.h"
 #include "host/picture/ImageMemory.h"
 #include "vxroi/work/Interruption.h"

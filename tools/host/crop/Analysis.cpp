@@ -1,5 +1,7 @@
 #include "Analysis.h"
 
+#include "MapStore.h"
+#include "SalienceSettings.h"
 #include "host/HostError.h"
 
 #include <algorithm>
@@ -33,7 +35,7 @@ QImage meanMap(PictureFile& picture, const VXCropSettings& salience)
     auto sum = sums.begin();
     for (int y = 0; y < mean.height(); ++y) {
         std::transform(sum, sum + mean.width(), mean.scanLine(y),
-            [count](int levels) { return static_cast<uchar>(levels / count); });
+            [count](int total) { return static_cast<uchar>(total / count); });
         sum += mean.width();
     }
     return mean;
@@ -45,17 +47,10 @@ HostError notUsable(const QString& map, const HostError& error)
         QStringLiteral("not usable as a map: %1").arg(error.reason()), error.remedy());
 }
 
-} // namespace
-
-VXCrop analysisOf(PictureFile& picture, const VXCropSettings& salience)
-{
-    if (picture.frameCount() > 1)
-        return VXCrop::fromMap(meanMap(picture, salience), picture.orientedSize());
-    return VXCrop::fromWorkingImage(picture.readWorkingImage(), picture.orientedSize(), salience);
-}
-
 std::unique_ptr<PictureFile> openMap(const QString& path, const ReadingRules& rules)
 try {
+    if (path.isEmpty())
+        return nullptr;
     ReadingRules ofMap = rules;
     ofMap.areAllFramesRead = false;
     return std::make_unique<PictureFile>(path, ofMap);
@@ -63,14 +58,59 @@ try {
     throw notUsable(path, error);
 }
 
-VXCrop analysisFromMap(PictureFile& map, const QSize& picture, QStringList& warnings)
+} // namespace
+
+Analysis::Analysis(const QString& path, const AnalysisRules& analysisRules, const QString& mapPath)
+    : rules(analysisRules)
+    , file(path, rules.reading)
+    , map(openMap(mapPath, rules.reading))
+{
+}
+
+qint64 Analysis::countedPixels() const
+{
+    return std::max(file.countedPixels(), map ? map->countedPixels() : 0);
+}
+
+VXCrop Analysis::run() { return map ? takeMap() : compute(); }
+
+VXCrop Analysis::runOrTakeKept(const QJsonObject& state)
+{
+    if (map || !rules.maps)
+        return run();
+    const MapKey key { file.path(), state, textOf(rules.salience), file.frameCount() };
+    const QImage kept = rules.maps->find(key, file.orientedSize());
+    if (!kept.isNull())
+        return VXCrop::fromMap(kept, file.orientedSize());
+    const QStringList warningsBefore = file.warnings();
+    VXCrop computed = compute();
+    if (file.warnings() == warningsBefore)
+        rules.maps->keep(key, computed.map());
+    return computed;
+}
+
+QStringList Analysis::warnings() const
+{
+    QStringList warnings;
+    if (map) {
+        for (const QString& warning : map->warnings())
+            warnings.append(QStringLiteral("its map %1: %2").arg(onOneLine(map->path()), warning));
+    }
+    return warnings + file.warnings();
+}
+
+VXCrop Analysis::compute()
+{
+    if (file.frameCount() > 1)
+        return VXCrop::fromMap(meanMap(file, rules.salience), file.orientedSize());
+    return VXCrop::fromWorkingImage(file.readWorkingImage(), file.orientedSize(), rules.salience);
+}
+
+VXCrop Analysis::takeMap()
 try {
-    VXCrop analysis = VXCrop::fromMap(map.readAll(), picture);
-    for (const QString& warning : map.warnings())
-        warnings.append(QStringLiteral("its map %1: %2").arg(onOneLine(map.path()), warning));
-    return analysis;
+    return VXCrop::fromMap(map->readAll(), file.orientedSize());
 } catch (const HostError& error) {
-    throw notUsable(map.path(), error);
+    throw notUsable(map->path(), error);
 }
 
 } // namespace host

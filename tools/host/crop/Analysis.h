@@ -4,30 +4,58 @@
 
 #include <VXCrop/VXCrop.h>
 
+#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace host {
+
+class MapStore;
 
 /// How pictures are read and analysed.
 struct AnalysisRules {
     VXCropSettings salience;
     ReadingRules reading;
+    std::shared_ptr<const MapStore> maps = {}; ///< where maps are kept; none: nowhere
 };
 
-/// Analyses a picture; of several frames, it takes the mean of the maps of at most ten.
-/// \throws HostError when it is damaged.
-VXCrop analysisOf(PictureFile& picture, const VXCropSettings& salience);
+/// A picture that is open, and what draws the eye in it.
+class Analysis {
+public:
+    /// Opens the picture.
+    /// \param mapPath a picture to take the salience map from; empty: it is computed.
+    /// \throws HostError when one of them is missing, is not a picture, or breaks the rules.
+    Analysis(const QString& path, const AnalysisRules& analysisRules, const QString& mapPath = {});
 
-/// Opens a picture that is a salience map.
-/// \throws HostError when it is missing, is no picture, or breaks the rules.
-std::unique_ptr<PictureFile> openMap(const QString& path, const ReadingRules& rules);
+    PictureFile& picture() { return file; }
 
-/// Takes the salience map of a picture of size \a picture from \a map; see VXCrop::fromMap(). What the user should
-/// know of the map is added to \a warnings.
-/// \throws HostError when it is damaged.
-VXCrop analysisFromMap(PictureFile& map, const QSize& picture, QStringList& warnings);
+    /// How many pixels may be held at a time; see PictureFile::countedPixels().
+    qint64 countedPixels() const;
+
+    /// Takes the map from the picture that was named for it, see VXCrop::fromMap(), or computes it: of several frames,
+    /// it is the mean of the maps of at most ten.
+    /// \throws HostError when a picture is damaged.
+    VXCrop run();
+
+    /// The same, but a map that was kept before is taken, and one that is computed is kept, unless reading the picture
+    /// gave warnings: they would be missed the next time.
+    /// \param state that of the picture's file; see stateOf().
+    /// \throws HostError when a picture is damaged, or the map cannot be written.
+    VXCrop runOrTakeKept(const QJsonObject& state);
+
+    /// What the user should know of the picture and its map.
+    QStringList warnings() const;
+
+private:
+    VXCrop compute();
+    VXCrop takeMap();
+
+    AnalysisRules rules;
+    PictureFile file;
+    std::unique_ptr<PictureFile> map; ///< none: it is computed
+};
 
 } // namespace host

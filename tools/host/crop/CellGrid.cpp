@@ -1,11 +1,8 @@
 #include "CellGrid.h"
 
-#include "host/HostError.h"
 #include "host/picture/ImageMemory.h"
 
 #include <VXRegionOfInterest/VXSalienzClusterer.h>
-
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -50,21 +47,6 @@ CellGrid rateCells(const QImage& map, const QSize& pictureSize, const QSize& gri
                 qRed(result.picture.pixel(column * cell.width(), row * cell.height())) });
     }
     return result;
-}
-
-QSize parseGrid(const QString& text)
-{
-    constexpr int least = 2;
-    constexpr int most = 200;
-    static const QRegularExpression pattern(QStringLiteral(R"(\A([0-9]{1,3})x([0-9]{1,3})\z)"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    const QSize grid(match.captured(1).toInt(), match.captured(2).toInt());
-    if (std::min(grid.width(), grid.height()) < least
-        || std::max(grid.width(), grid.height()) > most)
-        throw HostError(ExitCode::Usage, QStringLiteral("--grid %1").arg(text),
-            QStringLiteral("not a grid"),
-            QStringLiteral("write columns and rows, 2 to 200 each, such as 12x8"));
-    return grid;
 }
 
 } // namespace host

@@ -28,8 +28,4 @@ struct CellGrid {
 /// \param grid columns and rows, each at least 2.
 CellGrid rateCells(const QImage& map, const QSize& pictureSize, const QSize& grid);
 
-/// Reads a grid such as "12x8", columns and rows, each 2 to 200.
-/// \throws HostError when \a text is anything else.
-QSize parseGrid(const QString& text);
-
 } // namespace host

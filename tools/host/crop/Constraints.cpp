@@ -2,10 +2,6 @@
 
 #include "host/HostError.h"
 
-#include <QRegularExpression>
-#include <QStringList>
-
-#include <array>
 #include <cmath>
 
 namespace host {
@@ -29,15 +25,6 @@ QVector<QRect> within(const QSize& picture, const QVector<Area>& areas, const QS
     return parts;
 }
 
-Length lengthOf(const QString& text)
-{
-    QString digits = text;
-    const bool isPercent = digits.endsWith(QLatin1Char('%'));
-    if (isPercent)
-        digits.chop(1);
-    return { digits.toDouble(), isPercent };
-}
-
 } // namespace
 
 double Length::in(int side) const { return isPercent ? value * side / 100 : value; }
@@ -51,35 +38,6 @@ QRect Area::in(const QSize& picture) const
     const auto lastColumn = static_cast<int>(std::ceil(x + width.in(picture.width()))) - 1;
     const auto lastRow = static_cast<int>(std::ceil(y + height.in(picture.height()))) - 1;
     return QRect(QPoint(firstColumn, firstRow), QPoint(lastColumn, lastRow));
-}
-
-Area parseArea(const QString& text, const QString& option)
-{
-    // Pixels are whole, shares are not.
-    static const QRegularExpression pattern(
-        QStringLiteral(R"(\A(-?[0-9]{1,9}|-?[0-9]{1,3}(?:\.[0-9]{1,4})?%)(?:,(?1)){3}\z)"));
-    const QStringList parts = text.split(QLatin1Char(','));
-    Area area { lengthOf(parts.value(0)), lengthOf(parts.value(1)), lengthOf(parts.value(2)),
-        lengthOf(parts.value(3)), QStringLiteral("%1 %2").arg(option, text) };
-    if (!pattern.match(text).hasMatch() || !(area.width.value > 0) || !(area.height.value > 0))
-        throw HostError(ExitCode::Usage, area.text, QStringLiteral("not an area"),
-            QStringLiteral("write left, top, width and height in pixels or percent, such as "
-                           "10,20,300,200"));
-    return area;
-}
-
-QPointF parsePoint(const QString& text)
-{
-    const QStringList parts = text.split(QLatin1Char(','));
-    std::array<bool, 2> areNumbers {};
-    const QPointF point(
-        parts.value(0).toDouble(&areNumbers.at(0)), parts.value(1).toDouble(&areNumbers.at(1)));
-    const bool isInside = point.x() >= 0 && point.x() <= 1 && point.y() >= 0 && point.y() <= 1;
-    if (parts.size() != 2 || !areNumbers.at(0) || !areNumbers.at(1) || !isInside)
-        throw HostError(ExitCode::Usage, QStringLiteral("--focus %1").arg(text),
-            QStringLiteral("not a point"),
-            QStringLiteral("write two numbers from 0 to 1, such as 0.5,0.33"));
-    return point;
 }
 
 VXCropConstraints within(const QSize& picture, const Constraints& constraints, const QString& path)

@@ -40,15 +40,6 @@ struct Constraints {
     std::optional<QPointF> focus;
 };
 
-/// Reads four numbers such as "10,20,300,200" or "25%,0,50%,100%": left, top, width and height in pixels or in
-/// percent of the picture.
-/// \throws HostError when \a text is anything else, or the area is empty.
-Area parseArea(const QString& text, const QString& option);
-
-/// Reads a point such as "0.5,0.33", each from 0 to 1.
-/// \throws HostError when \a text is anything else.
-QPointF parsePoint(const QString& text);
-
 /// \a constraints in pixels of the picture at \a path, cut off at its edges.
 /// \throws HostError when an area lies outside the picture.
 VXCropConstraints within(const QSize& picture, const Constraints& constraints, const QString& path);

@@ -18,11 +18,11 @@ namespace {
 
 constexpr qint64 thousand = 1000;
 
-// Whether all outputs were there before.
+// Whether all outputs existed before.
 bool isNothingToDo(const CropRecord& record)
 {
     return std::all_of(record.crops.begin(), record.crops.end(),
-        [](const CropResult& crop) { return crop.written == Written::Skipped; });
+        [](const CropResult& crop) { return crop.state == OutputState::Skipped; });
 }
 
 void warnOfLostFrames(CropRecord& record, const CropResult& crop, const WritingRules& rules)
@@ -61,9 +61,9 @@ CropRecord Cropper::crop(const CropTask& task, const Look& look)
     } catch (const HostError& error) {
         record.failure = error;
     } catch (const std::bad_alloc&) {
-        record.failure = HostError(ExitCode::Internal, task.path,
-            QStringLiteral("there is not enough memory for it"),
-            QStringLiteral("crop fewer pictures at once, or smaller ones"));
+        record.failure
+            = HostError(ExitCode::Internal, task.path, QStringLiteral("there is not enough memory"),
+                QStringLiteral("crop fewer pictures at once, or smaller ones"));
     }
     if (record.failure)
         record.crops.clear();
@@ -83,44 +83,35 @@ void Cropper::plan(CropRecord& record, const CropTask& task) const
             requireReplaceable(crop.outputPath);
             requireKnownFormat(crop.outputPath, rules.writing);
         }
-        crop.written = planFor(crop.outputPath, task);
+        crop.state = planFor(crop.outputPath, task);
         record.crops.append(crop);
     }
 }
 
 void Cropper::fill(CropRecord& record, const CropTask& task, const Look& look)
 {
-    PictureFile picture(task.path, rules.analysis.reading);
+    Analysis analysis(task.path, rules.analysis, task.map);
+    PictureFile& picture = analysis.picture();
     record.format = picture.format();
     record.stored = picture.storedSize();
     record.oriented = picture.orientedSize();
     record.orientation = picture.orientation();
-
     record.frames = picture.frameCount();
     if (isNothingToDo(record))
         return;
-    const std::unique_ptr<PictureFile> map
-        = task.map.isEmpty() ? nullptr : openMap(task.map, rules.analysis.reading);
-    const qint64 pixelCount = std::max(picture.countedPixels(), map ? map->countedPixels() : 0);
-    const int needed = static_cast<int>(std::min<qint64>(pixelCount / thousand + 1, budget));
+    const int needed
+        = static_cast<int>(std::min<qint64>(analysis.countedPixels() / thousand + 1, budget));
     unusedBudget.acquire(needed);
     const QSemaphoreReleaser releaser(unusedBudget, needed);
 
-    const VXCrop analysis = map ? analysisFromMap(*map, record.oriented, record.warnings)
-                                : analyse(picture, record, task);
-    choose(record, task, analysis, picture);
+    // Areas to keep are blended with the maps of single methods, which are not kept.
+    const bool mayTakeKept = record.file && task.constraints.keep.isEmpty();
+    const VXCrop analysed = mayTakeKept ? analysis.runOrTakeKept(*record.file) : analysis.run();
+    choose(record, task, analysed, picture);
     if (look)
-        look(picture, analysis);
+        look(picture, analysed);
     write(record, task, picture);
-    record.warnings += picture.warnings();
-}
-
-// Areas to keep are blended with the maps of single methods, which are not kept.
-VXCrop Cropper::analyse(PictureFile& picture, const CropRecord& record, const CropTask& task) const
-{
-    if (rules.maps && task.constraints.keep.isEmpty())
-        return rules.maps->analysisOf(picture, record.file, rules.analysis);
-    return analysisOf(picture, rules.analysis.salience);
+    record.warnings += analysis.warnings();
 }
 
 void Cropper::choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
@@ -166,23 +157,23 @@ bool Cropper::mayReplace(const QString& output, const CropTask& task) const
     return rules.ifExists == IfExists::Overwrite || task.ownOutputs.contains(output);
 }
 
-Written Cropper::planFor(const QString& output, const CropTask& task) const
+OutputState Cropper::planFor(const QString& output, const CropTask& task) const
 {
     if (output.isEmpty())
-        return Written::Nothing;
+        return OutputState::None;
     const bool exists = !isStandardStream(output) && QFileInfo::exists(output);
     if (exists && !rules.isResumed)
         return planForOtherContent(output, task);
-    return rules.isDryRun ? Written::Planned : Written::File;
+    return rules.isDryRun ? OutputState::Planned : OutputState::Written;
 }
 
-Written Cropper::planForOtherContent(const QString& output, const CropTask& task) const
+OutputState Cropper::planForOtherContent(const QString& output, const CropTask& task) const
 {
     if (!mayReplace(output, task) && rules.ifExists == IfExists::Fail)
         throwIsThere(output);
     if (!mayReplace(output, task))
-        return Written::Skipped;
-    return rules.isDryRun ? Written::Planned : Written::File;
+        return OutputState::Skipped;
+    return rules.isDryRun ? OutputState::Planned : OutputState::Written;
 }
 
 void Cropper::write(CropRecord& record, const CropTask& task, PictureFile& picture) const
@@ -190,7 +181,7 @@ void Cropper::write(CropRecord& record, const CropTask& task, PictureFile& pictu
     QVector<CropResult*> crops;
     QVector<Cut> cuts;
     for (CropResult& crop : record.crops) {
-        if (crop.written != Written::File)
+        if (crop.state != OutputState::Written)
             continue;
         crops.append(&crop);
         cuts.append(
@@ -211,10 +202,10 @@ void Cropper::write(CropRecord& record, const CropTask& task, PictureFile& pictu
         files.emplace_back(pictures.at(i), crop.outputPath, writing, picture.deadline());
         const PictureWriter::Existing existing = files.back().existing();
         if (existing == PictureWriter::Existing::Other)
-            crop.written = planForOtherContent(crop.outputPath, task);
+            crop.state = planForOtherContent(crop.outputPath, task);
         const bool isThere
             = existing == PictureWriter::Existing::Same && rules.ifExists != IfExists::Overwrite;
-        if (crop.written != Written::File || isThere)
+        if (crop.state != OutputState::Written || isThere)
             files.pop_back();
     }
     commit(files, task);

@@ -3,7 +3,6 @@
 #include "Analysis.h"
 #include "Constraints.h"
 #include "CropShape.h"
-#include "MapStore.h"
 #include "host/files/FileState.h"
 #include "host/picture/PictureWriter.h"
 #include "host/records/CropRecord.h"
@@ -17,7 +16,7 @@
 
 namespace host {
 
-/// What to do when an output file is there already.
+/// What to do when an output file already exists.
 enum class IfExists {
     Fail,
     Skip,
@@ -57,7 +56,6 @@ struct CropRules {
     bool isResumed
         = false; ///< a file that is what would be written is from an earlier run: it counts
     KnownBy knownBy = KnownBy::Time; ///< how records tell files
-    std::shared_ptr<const MapStore> maps = {}; ///< where maps are kept; none: nowhere
     OutputJournal* journal = nullptr; ///< none: nobody wants to know
     Fit fit = Fit::Smaller;
     WritingRules writing = {};
@@ -95,7 +93,6 @@ public:
 private:
     void plan(CropRecord& record, const CropTask& task) const;
     void fill(CropRecord& record, const CropTask& task, const Look& look);
-    VXCrop analyse(PictureFile& picture, const CropRecord& record, const CropTask& task) const;
     void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
     void write(CropRecord& record, const CropTask& task, PictureFile& picture) const;
@@ -103,8 +100,8 @@ private:
     void setOutputSize(
         CropRecord& record, CropResult& crop, const CropShape& shape, int frameCount) const;
     bool mayReplace(const QString& output, const CropTask& task) const;
-    Written planFor(const QString& output, const CropTask& task) const;
-    Written planForOtherContent(const QString& output, const CropTask& task) const;
+    OutputState planFor(const QString& output, const CropTask& task) const;
+    OutputState planForOtherContent(const QString& output, const CropTask& task) const;
 
     CropRules rules;
     int budget; ///< in thousands of pixels

@@ -1,40 +1,58 @@
 #pragma once
 
-#include "host/Explanation.h"
-
 #include <VXCrop/VXCropSettings.h>
 
 #include <QString>
-#include <QStringList>
-#include <QVector>
+
+#include <array>
 
 /// \file
-/// How a picture is analysed, as text.
+/// How a picture is analysed, by names.
 
 namespace host {
 
-/// The settings called \a name, one of presetNames().
-/// \throws HostError when there are none.
-VXCropSettings presetCalled(const QString& name);
+/// Settings that have a name.
+struct Preset {
+    const char* name;
+    const char* text; ///< what it is for, in a few words
+    VXCropSettings (*settings)();
+};
 
-/// "photo", the default, and "library".
-QStringList presetNames();
+inline constexpr std::array<Preset, 2> presets { {
+    { "photo", "for photographs: what differs from the picture's border", VXCropSettings::photo },
+    { "library", "the default weights of the library's blend of four methods",
+        VXCropSettings::library },
+} };
 
-/// What the presets are for, the methods find and the settings of the histogram method do.
-QVector<Explanation> explainedPresets();
-QVector<Explanation> explainedMethods();
-QVector<Explanation> explainedTunings();
+/// One setting of the histogram method, and its range.
+template <typename Value> struct HistogramSetting {
+    const char* name;
+    const char* text; ///< what it does, in a few words
+    Value VXCropSettings::HistogramTuning::*value;
+    Value least;
+    Value most;
+};
+
+inline constexpr std::array<HistogramSetting<int>, 4> wholeSettings { {
+    { "bins1", "bins of the blue difference, the first channel",
+        &VXCropSettings::HistogramTuning::bins1, 1, 256 },
+    { "bins2", "bins of the red difference, the second channel",
+        &VXCropSettings::HistogramTuning::bins2, 1, 256 },
+    { "columns", "blocks across the picture", &VXCropSettings::HistogramTuning::columns, 1, 100 },
+    { "rows", "blocks down the picture", &VXCropSettings::HistogramTuning::rows, 1, 100 },
+} };
+
+inline constexpr std::array<HistogramSetting<double>, 3> realSettings { {
+    { "threshold", "blocks that differ by no more than this are merged",
+        &VXCropSettings::HistogramTuning::threshold, 0.0, 1e6 },
+    { "min-width", "minimum width of a region, as a share of the picture",
+        &VXCropSettings::HistogramTuning::minWidth, 0.0, 1.0 },
+    { "min-height", "minimum height of a region, as a share of the picture",
+        &VXCropSettings::HistogramTuning::minHeight, 0.0, 1.0 },
+} };
 
 /// Settings with every method off.
 VXCropSettings withoutMethods();
-
-/// Changes one weight, given as "sobel=20".
-/// \throws HostError when \a text names no method, or its value is not between ±1000.
-void setWeight(VXCropSettings& settings, const QString& text);
-
-/// Changes one setting of the histogram method, given as "bins1=32".
-/// \throws HostError when \a text names no setting, or its value is out of range.
-void tune(VXCropSettings& settings, const QString& text);
 
 /// The settings in one line: the preset's name or the weights that are not 0, then what is tuned.
 /// The same settings give the same text, whatever options made them: "photo", "gauss=20 achanta=10

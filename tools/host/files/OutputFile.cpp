@@ -2,7 +2,7 @@
 
 #include "FileName.h"
 #include "host/HostError.h"
-#include "host/StandardOutput.h"
+#include "host/StandardStreams.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,7 +25,7 @@ constexpr QLatin1String draftPrefix(".vxroi-", 7);
 [[noreturn]] void throwWriteFailed(const QString& path, const QString& reason)
 {
     throw HostError(ExitCode::WriteFailed, path, reason,
-        QStringLiteral("make room on the disk or choose another folder"));
+        QStringLiteral("free some space on the disk or choose another folder"));
 }
 
 // A file without a name, which goes away with the process that writes it; -1 where the file system has none.
@@ -64,7 +64,7 @@ void requireReplaceable(const QString& output)
         throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is a link to nothing"),
             QStringLiteral("remove the link or choose another name"));
     if (existing.exists() && !existing.isFile())
-        throw HostError(ExitCode::CannotCreate, output, QStringLiteral("is there and is no file"),
+        throw HostError(ExitCode::CannotCreate, output, QStringLiteral("exists and is not a file"),
             QStringLiteral("choose another name"));
 }
 
@@ -79,8 +79,8 @@ void throwIsThere(const QString& output)
 void createFolder(const QString& path)
 {
     if (!QDir().mkpath(path))
-        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be made a folder"),
-            QStringLiteral("name a folder, or a place where one can be made"));
+        throw HostError(ExitCode::CannotCreate, path, QStringLiteral("cannot be created"),
+            QStringLiteral("name a folder, or a path where one can be created"));
 }
 
 OutputFile::OutputFile(QString path)

@@ -15,13 +15,13 @@ namespace host {
 
 namespace {
 
-// Any of the places.
-const QRegularExpression& placePattern()
+// Any of the placeholders.
+const QRegularExpression& placeholderPattern()
 {
     static const QRegularExpression pattern = [] {
         QStringList names;
-        for (const Explanation& place : OutputName::places())
-            names.append(QRegularExpression::escape(place.name));
+        for (const Explanation& placeholder : OutputName::placeholders())
+            names.append(QRegularExpression::escape(placeholder.name));
         return QRegularExpression(names.join(QLatin1Char('|')));
     }();
     return pattern;
@@ -29,7 +29,7 @@ const QRegularExpression& placePattern()
 
 } // namespace
 
-QVector<Explanation> OutputName::places()
+QVector<Explanation> OutputName::placeholders()
 {
     return { { QStringLiteral("{dir}"), QStringLiteral("the folder that the picture is in") },
         { QStringLiteral("{stem}"), QStringLiteral("the picture's name without its suffix") },
@@ -43,13 +43,12 @@ OutputName::OutputName(const QString& pattern, Of owner)
     : text(pattern)
 {
     const bool isOfCrop = owner == Of::Crop;
-    const bool hasOtherBraces
-        = QString(text).remove(placePattern()).contains(QRegularExpression(QStringLiteral("[{}]")));
+    const bool hasOtherBraces = QString(text)
+                                    .remove(placeholderPattern())
+                                    .contains(QRegularExpression(QStringLiteral("[{}]")));
     if (hasOtherBraces || (!isOfCrop && text.contains(QLatin1String("{ratio}"))))
-        throw HostError(ExitCode::Usage,
-            QStringLiteral("%1 %2").arg(
-                isOfCrop ? QStringLiteral("--output") : QStringLiteral("--map"), pattern),
-            QStringLiteral("braces hold something else than a known place"),
+        throw HostError(ExitCode::Usage, pattern,
+            QStringLiteral("braces hold something other than a known placeholder"),
             isOfCrop ? QStringLiteral("use {dir}, {stem}, {ratio} and {ext}")
                      : QStringLiteral("use {dir}, {stem} and {ext}"));
 }
@@ -64,10 +63,11 @@ QString OutputName::nameFor(
         { QStringLiteral("{ratio}"), shape.fileName() } };
     QString name;
     int done = 0;
-    for (auto found = placePattern().globalMatch(text); found.hasNext();) {
-        const QRegularExpressionMatch place = found.next();
-        name += text.midRef(done, place.capturedStart() - done) + values.value(place.captured());
-        done = place.capturedEnd();
+    for (auto found = placeholderPattern().globalMatch(text); found.hasNext();) {
+        const QRegularExpressionMatch placeholder = found.next();
+        name += text.midRef(done, placeholder.capturedStart() - done)
+            + values.value(placeholder.captured());
+        done = placeholder.capturedEnd();
     }
     return name + text.midRef(done);
 }
@@ -78,9 +78,9 @@ QString OutputName::folderFor(const QString& input) const
     QString begin = text;
     if (begin.startsWith(directory))
         begin.replace(0, directory.size(), QFileInfo(input).path());
-    else if (!begin.contains(placePattern()))
+    else if (!begin.contains(placeholderPattern()))
         return QFileInfo(begin).path();
-    const QString folder = QFileInfo(begin.left(begin.indexOf(placePattern()))).path();
+    const QString folder = QFileInfo(begin.left(begin.indexOf(placeholderPattern()))).path();
     return folder.isEmpty() ? QStringLiteral(".") : folder;
 }
 
@@ -101,6 +101,6 @@ bool isWithin(const QString& folder, const QString& path)
     return inner.startsWith(outer.endsWith(QLatin1Char('/')) ? outer : outer + QLatin1Char('/'));
 }
 
-bool OutputName::hasPlaces() const { return text.contains(placePattern()); }
+bool OutputName::hasPlaceholders() const { return text.contains(placeholderPattern()); }
 
 } // namespace host

@@ -208,9 +208,9 @@ bool Decoder::tolerateMore()
 void Decoder::noteDamage()
 {
     if (failOn == VIPS_FAIL_ON_ERROR)
-        warn(QStringLiteral("its decoder warns of faults in the file, which may show"));
+        warn(QStringLiteral("its decoder reports errors in the file, which may be visible"));
     if (failOn == VIPS_FAIL_ON_NONE)
-        warn(QStringLiteral("damaged or truncated: what is missing is blank"));
+        warn(QStringLiteral("damaged or truncated: the missing part is blank"));
 }
 
 void Decoder::warn(const QString& note)
@@ -224,7 +224,7 @@ void Decoder::refuseManyFaults(const vips::VError& error) const
 {
     if (std::strstr(error.what(), "warnings") != nullptr)
         throw HostError(ExitCode::UnreadableInput, name,
-            QStringLiteral("its decoder gave up after a hundred faults"),
+            QStringLiteral("its decoder gave up after a hundred errors"),
             QStringLiteral("get a complete copy"));
 }
 

@@ -3,7 +3,7 @@
 #include "Formats.h"
 #include "ImageMemory.h"
 #include "host/HostError.h"
-#include "host/StandardError.h"
+#include "host/StandardStreams.h"
 
 #include <cstdlib>
 #include <mutex>

@@ -17,7 +17,7 @@ constexpr std::size_t mostMetadataBytes = std::size_t { 8 } << 20U;
 {
     throw HostError(ExitCode::UnreadableInput, path,
         QStringLiteral("its metadata takes more than 8 megabytes"),
-        QStringLiteral("remove what it does not need"));
+        QStringLiteral("strip the metadata that it does not need"));
 }
 
 void* addBytes(VipsImage* /*image*/, const char* /*name*/, GValue* value, void* sum)
@@ -72,7 +72,7 @@ void refuseManyScans(const QString& path, QIODevice& jpeg)
     if (contentOf(jpeg).count(QByteArray("\xff\xda\0", 3)) > mostScans)
         throw HostError(ExitCode::UnreadableInput, path,
             QStringLiteral("the JPEG has more than %1 scans").arg(mostScans),
-            QStringLiteral("save it again without progression"));
+            QStringLiteral("save it again with fewer scans"));
 }
 
 } // namespace host

@@ -118,7 +118,7 @@ std::unique_ptr<QIODevice> openFileOrPipe(const QString& path, qint64 mostBytes)
         throw HostError(ExitCode::MissingInput, path, QStringLiteral("is a folder"),
             QStringLiteral("name a picture in it"));
     if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode))
-        throw HostError(ExitCode::MissingInput, path, QStringLiteral("is no file"),
+        throw HostError(ExitCode::MissingInput, path, QStringLiteral("is not a file"),
             QStringLiteral("name a picture file, or a pipe"));
     return S_ISFIFO(status.st_mode) ? contentOfPipe(path, mostBytes) : openFile(path, mostBytes);
 }

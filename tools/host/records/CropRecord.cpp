@@ -44,12 +44,12 @@ QJsonObject windowJson(const CropResult& crop, const QSize& picture)
 // Of an output that was there before, nobody knows the window and the size.
 QJsonObject cropJson(const CropResult& crop, const QSize& picture)
 {
-    const bool isSkipped = crop.written == Written::Skipped;
+    const bool isSkipped = crop.state == OutputState::Skipped;
     QJsonObject object = isSkipped ? QJsonObject() : windowJson(crop, picture);
     QJsonObject output = isSkipped ? QJsonObject() : jsonOf(crop.outputSize);
-    if (crop.written != Written::Nothing) {
+    if (crop.state != OutputState::None) {
         output.insert(QStringLiteral("path"), crop.outputPath);
-        output.insert(QStringLiteral("status"), nameOf(crop.written));
+        output.insert(QStringLiteral("status"), nameOf(crop.state));
     }
     object.insert(QStringLiteral("shape"), crop.shape);
     object.insert(QStringLiteral("output"), output);
@@ -68,16 +68,16 @@ QJsonObject failureJson(const HostError& failure)
 
 } // namespace
 
-QString nameOf(Written written)
+QString nameOf(OutputState state)
 {
-    switch (written) {
-    case Written::File:
+    switch (state) {
+    case OutputState::Written:
         return QStringLiteral("written");
-    case Written::Planned:
+    case OutputState::Planned:
         return QStringLiteral("planned");
-    case Written::Skipped:
+    case OutputState::Skipped:
         return QStringLiteral("skipped");
-    case Written::Nothing:
+    case OutputState::None:
         break;
     }
     return QString();
@@ -89,7 +89,7 @@ QStringList CropRecord::writtenOutputs() const
 {
     QStringList outputs;
     for (const CropResult& crop : crops) {
-        if (crop.written == Written::File)
+        if (crop.state == OutputState::Written)
             outputs.append(crop.outputPath);
     }
     return outputs;

@@ -14,15 +14,15 @@
 namespace host {
 
 /// What became of the file of one crop.
-enum class Written {
-    Nothing, ///< none was asked for
-    File,
+enum class OutputState {
+    None, ///< none was asked for
+    Written,
     Planned, ///< a dry run: it would have been written
-    Skipped, ///< a file of that name is there already
+    Skipped, ///< a file of that name already exists
 };
 
-/// The name of \a written in records: "written", "planned", "skipped"; none for Nothing.
-QString nameOf(Written written);
+/// The name of \a state in records: "written", "planned", "skipped"; empty for None.
+QString nameOf(OutputState state);
 
 /// A share as records have it: with four digits after the point, so that it reads well.
 double roundedShare(double share);
@@ -35,7 +35,7 @@ struct CropResult {
     QSize outputSize; ///< of the picture that is written
     QSize contentSize; ///< of the crop in it
     QString outputPath;
-    Written written = Written::Nothing;
+    OutputState state = OutputState::None;
 };
 
 /// What was asked for, as hashes of 16 hexadecimal digits: the same hashes ask for the same.

@@ -24,7 +24,7 @@ QString textIn(const QJsonObject& object, const char* key)
 {
     const QJsonValue value = object.value(QLatin1String(key));
     if (!value.isUndefined() && !value.isString())
-        refuseKey(key, QStringLiteral("is no text"));
+        refuseKey(key, QStringLiteral("is not a text"));
     return value.toString();
 }
 
@@ -32,7 +32,7 @@ QJsonObject objectIn(const QJsonObject& object, const char* key)
 {
     const QJsonValue value = object.value(QLatin1String(key));
     if (!value.isUndefined() && !value.isObject())
-        refuseKey(key, QStringLiteral("is no object"));
+        refuseKey(key, QStringLiteral("is not an object"));
     return value.toObject();
 }
 
@@ -40,7 +40,7 @@ QJsonArray arrayIn(const QJsonObject& object, const char* key)
 {
     const QJsonValue value = object.value(QLatin1String(key));
     if (!value.isUndefined() && !value.isArray())
-        refuseKey(key, QStringLiteral("is no array"));
+        refuseKey(key, QStringLiteral("is not an array"));
     return value.toArray();
 }
 
@@ -80,16 +80,16 @@ QRect windowFrom(const QJsonObject& object, const QSize& picture)
     const QSize size(countIn(object, "width", 1), countIn(object, "height", 1));
     const QSize room = picture - size;
     if (corner.x() > room.width() || corner.y() > room.height())
-        refuse(QStringLiteral("a window is not within the picture"));
+        refuse(QStringLiteral("a crop is not within the picture"));
     return { corner, size };
 }
 
-Written writtenCalled(const QString& name)
+OutputState stateCalled(const QString& name)
 {
-    for (const Written written :
-        { Written::Nothing, Written::File, Written::Planned, Written::Skipped }) {
-        if (nameOf(written) == name)
-            return written;
+    for (const OutputState state :
+        { OutputState::None, OutputState::Written, OutputState::Planned, OutputState::Skipped }) {
+        if (nameOf(state) == name)
+            return state;
     }
     refuse(QStringLiteral("the status \"%1\" of an output is not known").arg(name));
 }
@@ -98,7 +98,7 @@ void fillWindow(CropResult& crop, const QJsonObject& object, const CropRecord& r
 {
     const auto reason = reasonCalled(textIn(object, "decidedBy"));
     if (!reason)
-        refuseKey("decidedBy", QStringLiteral("names no reason"));
+        refuseKey("decidedBy", QStringLiteral("is not the name of a reason"));
     const QJsonObject focus = objectIn(object, "focus");
     crop.chosen = { windowFrom(objectIn(object, "oriented"), record.oriented),
         QPointF(shareIn(focus, "x"), shareIn(focus, "y")), *reason, shareIn(object, "salience"),
@@ -112,8 +112,8 @@ CropResult cropFrom(const QJsonObject& object, const CropRecord& record)
     crop.shape = neededTextIn(object, "shape");
     const QJsonObject output = objectIn(object, "output");
     crop.outputPath = textIn(output, "path");
-    crop.written = writtenCalled(textIn(output, "status"));
-    const bool isLeftOut = crop.written == Written::Skipped;
+    crop.state = stateCalled(textIn(output, "status"));
+    const bool isLeftOut = crop.state == OutputState::Skipped;
     if (!isLeftOut || !output.value(QLatin1String("width")).isUndefined())
         crop.outputSize = sizeFrom(output);
     if (!isLeftOut || object.contains(QLatin1String("oriented")))
@@ -165,7 +165,7 @@ CropRecord CropRecord::fromJson(const QJsonObject& object)
     CropRecord record;
     record.path = neededTextIn(object, "path");
     if (!mayBeName(record.path))
-        refuseKey("path", QStringLiteral("holds characters that no name has"));
+        refuseKey("path", QStringLiteral("contains characters that no file name has"));
     record.version = textIn(object, "version");
     record.settings = textIn(object, "settings");
     record.request = { textIn(object, "request"), textIn(object, "line") };

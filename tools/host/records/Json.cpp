@@ -88,6 +88,12 @@ QString hashOf(const QJsonObject& object)
     return QString::fromLatin1(QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex());
 }
 
+QString shortHashOf(const QJsonObject& object)
+{
+    constexpr int digits = 16;
+    return hashOf(object).left(digits);
+}
+
 QJsonObject jsonOf(const QSize& size)
 {
     return { { QStringLiteral("width"), size.width() },

@@ -20,6 +20,9 @@ JsonObject parseObject(const QByteArray& text);
 /// The SHA-256 of what \a object holds, 64 hexadecimal digits.
 QString hashOf(const QJsonObject& object);
 
+/// Its first 16 digits.
+QString shortHashOf(const QJsonObject& object);
+
 /// {"width", "height"}
 QJsonObject jsonOf(const QSize& size);
 

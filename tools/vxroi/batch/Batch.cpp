@@ -2,9 +2,10 @@
 
 #include "vxroi/work/Interruption.h"
 
-#include "host/StandardOutput.h"
+#include "host/StandardStreams.h"
 #include "host/files/FileName.h"
 #include "host/picture/Engine.h"
+#include "vxroi/options/CommonOptions.h"
 
 #include <QElapsedTimer>
 
@@ -22,7 +23,7 @@ void requireSensible(const BatchArguments& arguments)
 {
     if (arguments.folder.empty() == arguments.from.empty())
         throw HostError(ExitCode::Usage, QStringLiteral("batch"),
-            QStringLiteral("wants a folder or a list, and not both"),
+            QStringLiteral("takes a folder or a list, not both"),
             QStringLiteral("name a folder, or add --from FILE"));
     if (arguments.crop.output == "-")
         throw HostError(ExitCode::Usage, QStringLiteral("--output -"),
@@ -81,13 +82,6 @@ host::CropRules rulesOf(
     return rules;
 }
 
-Retry retryCalled(const std::string& name)
-{
-    if (name == "all")
-        return Retry::All;
-    return name == "none" ? Retry::None : Retry::FromOutside;
-}
-
 std::string problemOf(const QString& place, const HostError& failure)
 {
     const std::string where
@@ -103,14 +97,14 @@ Batch::Batch(const BatchArguments& arguments)
     , records(recordsOf(arguments))
     , ownOutputs(ownOutputsOf(arguments, records))
     , rules(rulesOf(arguments, ownOutputs))
-    , cropper(rules, arguments.analysis.maxPixels)
+    , cropper(rules, arguments.analysis.rules.reading.mostPixels)
     , printer(arguments.printer)
     , progress(inputs->count(), arguments.quiet)
     , isEndless(arguments.from == "-")
     , work(arguments.jobs > 0 ? arguments.jobs : defaultWorkerCount(), [this] { wakeup.notify(); })
 {
     if (records)
-        resumption.emplace(records->earlier(), *ownOutputs, retryCalled(arguments.retry), rules);
+        resumption.emplace(records->earlier(), *ownOutputs, arguments.retry, rules);
     if (!arguments.timings.empty())
         timings.emplace(pathFrom(arguments.timings));
 }
@@ -132,7 +126,7 @@ ExitCode Batch::run()
             progress.count() == 1
                 ? QStringLiteral("one picture has its record")
                 : QStringLiteral("%1 pictures have their records").arg(progress.count()),
-            QStringLiteral("a run with --resume does the rest"));
+            QStringLiteral("run it again with --resume to do the rest"));
     finishRecords();
     sayHowItWent();
     return progress.count(Outcome::Failed) > 0 ? ExitCode::SomeFailed : ExitCode::Success;
@@ -243,8 +237,8 @@ void Batch::sayHowItWent()
 {
     const qint64 dropped = isResumed() ? records->earlier().unseenCount() : -1;
     if (progress.count() == 0 && dropped <= 0)
-        progress.say("vxroi: " + host::bytesOfName(inputs->name()).toStdString()
-            + ": there is nothing to do\n");
+        progress.say(
+            "vxroi: " + host::bytesOfName(inputs->name()).toStdString() + ": nothing to do\n");
     else
         progress.finish(dropped);
 }

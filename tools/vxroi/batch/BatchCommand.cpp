@@ -2,6 +2,7 @@
 
 #include "Batch.h"
 #include "vxroi/options/Checks.h"
+#include "vxroi/options/CommonOptions.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,17 +15,17 @@ namespace {
 void addInputOptions(CLI::App& batch, BatchArguments& arguments)
 {
     batch.add_option("FOLDER", arguments.folder, "the folder of pictures");
-    batch.add_flag("-r,--recursive", arguments.recursive, "also the folders within it");
+    batch.add_flag("-r,--recursive", arguments.recursive, "include the folders within it");
     CLI::Option* const from
         = batch
               .add_option("--from", arguments.from,
                   "read paths, or inputs as JSON, from the lines of this file; - is standard input")
               ->type_name("FILE");
-    batch.add_flag("-0,--null", arguments.nulSeparated, "paths of the list end in NUL")
+    batch.add_flag("-0,--null", arguments.nulSeparated, "paths in the list are NUL-terminated")
         ->needs(from);
     batch
         .add_flag("--allow-outside", arguments.mayLeave,
-            "let \"out\" of a list's lines lead out of the current folder")
+            "let \"out\" of a list's lines name files outside the current folder")
         ->needs(from);
 }
 
@@ -35,16 +36,14 @@ void addRecordOptions(CLI::App& batch, BatchArguments& arguments)
               .add_option("--resume", arguments.resume,
                   "write records to this file, and do only what an earlier run has not done")
               ->type_name("FILE");
-    batch
-        .add_option("--retry", arguments.retry,
-            "which failures of an earlier run are tried again: those from outside, such as a full "
-            "disk, all or none")
+    addChoice<Retry>(batch, "--retry", arguments.retry,
+        { { "outside", Retry::FromOutside }, { "all", Retry::All }, { "none", Retry::None } },
+        "which failures of an earlier run to retry: those from outside, such as a full disk, all "
+        "or none")
         ->type_name("WHICH")
-        ->check(oneOf({ "outside", "all", "none" }))
-        ->capture_default_str()
         ->needs(resume);
     batch.add_flag("--checksum", arguments.checksum,
-        "know a picture again by its content, not by its size and time");
+        "recognise a picture by its content, not by its size and time");
     batch
         .add_option("--timings", arguments.timings,
             "write how long each picture took to this file, for vxroi stats")
@@ -55,10 +54,10 @@ void addShareOptions(CLI::App& batch, BatchArguments& arguments)
 {
     batch
         .add_option("--shard", arguments.shard,
-            "crop only this part of the list, such as 2/8; auto or auto/8 asks the array job")
+            "crop only this part of the list, such as 2/8; auto or auto/8 takes it from the array "
+            "job")
         ->type_name("I/N");
-    batch
-        .add_option("-j,--jobs", arguments.jobs, "pictures at a time (default: one for each core)")
+    batch.add_option("-j,--jobs", arguments.jobs, "pictures at a time (default: one per core)")
         ->type_name("N")
         ->check(wholeNumber(1, 1024));
 }

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "vxroi/options/Options.h"
+#include "Resumption.h"
+
+#include "vxroi/options/CropOptions.h"
 #include "vxroi/records/RecordPrinter.h"
 
 #include <string>
@@ -16,12 +18,12 @@ struct BatchArguments {
     bool mayLeave = false; ///< outputs that the list names may lie outside the current folder
     std::string shard; ///< empty: all of the list
     std::string resume; ///< empty: records go to standard output
-    std::string retry = "outside";
+    Retry retry = Retry::FromOutside;
     bool checksum = false; ///< know files by their content, not by their time
     std::string timings; ///< empty: nobody wants to know
     int jobs = 0; ///< 0: one for each core
     bool quiet = false;
-    RecordPrinter printer { RecordPrinter::UnlessAsked::Json };
+    RecordPrinter printer { RecordPrinter::Output::Json };
     CropOptions crop;
     AnalysisOptions analysis;
 };

@@ -124,7 +124,7 @@ void OwnOutputs::append(const QByteArray& entries)
     const bool isOpen = file.isOpen() || file.open(QIODevice::Append | QIODevice::Unbuffered);
     if (!isOpen || file.write(entries) != entries.size())
         throw host::HostError(host::ExitCode::WriteFailed, file.fileName(), file.errorString(),
-            QStringLiteral("make room on the disk"));
+            QStringLiteral("free some space on the disk"));
 }
 
 void OwnOutputs::finish(const QStringList& former, const QSet<QString>& named)

@@ -1,6 +1,6 @@
 #include "Progress.h"
 
-#include "host/StandardError.h"
+#include "host/StandardStreams.h"
 
 #include <QStringList>
 

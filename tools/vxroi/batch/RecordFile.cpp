@@ -85,7 +85,7 @@ void RecordFile::requireWritten(bool isWritten) const
 {
     if (!isWritten)
         throw HostError(ExitCode::WriteFailed, file.fileName(), QStringLiteral("cannot be written"),
-            QStringLiteral("make room, and go on with --resume"));
+            QStringLiteral("free some space on the disk, and continue with --resume"));
 }
 
 void RecordFile::keep(const RecordPlace& record)

@@ -52,7 +52,7 @@ void TimingsFile::write(const QString& path, double seconds)
     const QByteArray line = QJsonDocument(timing).toJson(QJsonDocument::Compact) + '\n';
     if (file.write(line) != line.size() || !file.flush())
         throw HostError(ExitCode::WriteFailed, file.fileName(), file.errorString(),
-            QStringLiteral("make room on the disk"));
+            QStringLiteral("free some space on the disk"));
 }
 
 } // namespace vxroi

@@ -3,11 +3,15 @@
 #include "host/files/FileName.h"
 #include "host/files/OutputFile.h"
 #include "host/records/Json.h"
-#include "vxroi/options/Options.h"
+#include "vxroi/options/Areas.h"
+#include "vxroi/options/Shapes.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
+
+#include <cmath>
 
 namespace vxroi {
 
@@ -41,30 +45,35 @@ QString fileCalled(const QString& name)
 QString stringOf(const QJsonValue& value, const QString& key)
 {
     if (!value.isString() || value.toString().isEmpty())
-        refuse(QStringLiteral("\"%1\" is no text").arg(key));
+        refuse(QStringLiteral("\"%1\" is not a text").arg(key));
     if (!host::mayBeName(value.toString()))
-        refuse(QStringLiteral("\"%1\" holds characters that no name has").arg(key));
+        refuse(QStringLiteral("\"%1\" contains characters that no file name has").arg(key));
     return value.toString();
 }
 
 QJsonArray arrayOf(const QJsonValue& value, const QString& key)
 {
     if (!value.isArray())
-        refuse(QStringLiteral("\"%1\" is no array").arg(key));
+        refuse(QStringLiteral("\"%1\" is not an array").arg(key));
     return value.toArray();
 }
 
-// The numbers of an array, or texts such as "20%", with commas between them, as they are written on a command line.
-QString withCommas(const QJsonArray& numbers, const QString& key)
+// A number of pixels, which is whole, or a text such as "20%"; none for anything else.
+std::optional<host::Length> lengthOf(const QJsonValue& value)
 {
-    QStringList texts;
-    for (const QJsonValue& number : numbers) {
-        const bool isPercent = number.toString().endsWith(QLatin1Char('%'));
-        if (!number.isDouble() && !isPercent)
-            refuse(QStringLiteral("\"%1\" holds something else than numbers").arg(key));
-        texts.append(isPercent ? number.toString() : QString::number(number.toDouble(), 'g', 12));
-    }
-    return texts.join(QLatin1Char(','));
+    constexpr double mostPixels = 999'999'999;
+    if (value.toString().endsWith(QLatin1Char('%')))
+        return parseLength(value.toString());
+    const double pixels = value.toDouble();
+    const bool isWhole = std::floor(pixels) == pixels && std::abs(pixels) <= mostPixels;
+    return value.isDouble() && isWhole ? std::make_optional(host::Length { pixels, false })
+                                       : std::nullopt;
+}
+
+// The value as the line has it, for people.
+QString textOf(const QJsonArray& array)
+{
+    return QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact));
 }
 
 // The areas that the object has under the key, if any.
@@ -74,10 +83,25 @@ QVector<host::Area> areasIn(const QJsonObject& object, const QString& key)
     if (!object.contains(key))
         return areas;
     const QJsonArray array = arrayOf(object.value(key), key);
-    for (const QJsonValue& area : array)
-        areas.append(
-            host::parseArea(withCommas(arrayOf(area, key), key), QStringLiteral("--") + key));
+    for (const QJsonValue& area : array) {
+        const QJsonArray values = arrayOf(area, key);
+        QVector<std::optional<host::Length>> lengths;
+        for (const QJsonValue& value : values)
+            lengths.append(lengthOf(value));
+        areas.append(areaOf(lengths, QStringLiteral("\"%1\" %2").arg(key, textOf(values))));
+    }
     return areas;
+}
+
+QPointF focusIn(const QJsonObject& object)
+{
+    const QJsonArray values = arrayOf(object.value(focusKey), focusKey);
+    const auto number = [&](int index) {
+        const QJsonValue value = values.at(index);
+        return value.isDouble() && values.size() == 2 ? std::make_optional(value.toDouble())
+                                                      : std::nullopt;
+    };
+    return focusOf(number(0), number(1), QStringLiteral("\"%1\" %2").arg(focusKey, textOf(values)));
 }
 
 void requireKnownKeys(const QJsonObject& object)
@@ -96,8 +120,7 @@ void fill(Input& input, const QJsonObject& object)
     constraints.keep = areasIn(object, keepKey);
     constraints.avoid = areasIn(object, avoidKey);
     if (object.contains(focusKey))
-        constraints.focus
-            = host::parsePoint(withCommas(arrayOf(object.value(focusKey), focusKey), focusKey));
+        constraints.focus = focusIn(object);
     if (object.contains(keepKey) || object.contains(avoidKey) || object.contains(focusKey))
         input.constraints = constraints;
     if (object.contains(mapKey))
@@ -105,7 +128,7 @@ void fill(Input& input, const QJsonObject& object)
     if (object.contains(ratiosKey)) {
         const QJsonArray ratios = arrayOf(object.value(ratiosKey), ratiosKey);
         for (const QJsonValue& ratio : ratios)
-            input.shapes += host::parseRatios(stringOf(ratio, ratiosKey));
+            input.shapes += parseRatios(stringOf(ratio, ratiosKey));
     }
     if (object.contains(outKey))
         input.output = fileCalled(stringOf(object.value(outKey), outKey));
@@ -115,7 +138,7 @@ Input inputFromPath(const QByteArray& path)
 {
     if (path.contains('\0'))
         throw HostError(ExitCode::Usage, wholeLine,
-            QStringLiteral("holds characters that no name has"),
+            QStringLiteral("contains characters that no file name has"),
             QStringLiteral("end paths in a newline, or in NUL with -0"));
     return { fileCalled(host::textOfName(path)) };
 }
@@ -130,7 +153,7 @@ void fillFromJson(Input& input, const QByteArray& line)
     QJsonObject own = parsed.object;
     own.remove(pathKey);
     if (!own.isEmpty())
-        input.request = shortHashOf(own);
+        input.request = host::shortHashOf(own);
 }
 
 } // namespace

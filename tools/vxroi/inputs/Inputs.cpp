@@ -5,6 +5,7 @@
 #include "host/HostError.h"
 #include "host/files/FileName.h"
 #include "host/picture/Formats.h"
+#include "vxroi/options/CommonOptions.h"
 
 #include <QDir>
 #include <QFile>
@@ -55,7 +56,7 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
     if (options.output.empty())
         return outputs;
     const host::OutputName name(pathFrom(options.output));
-    const QString suffix = QString::fromStdString(options.writing.format);
+    const QString suffix = options.writing.suffix();
     for (const QString& path : paths) {
         for (const host::CropShape& shape : options.shapes())
             outputs.insert(QFileInfo(name.nameFor(path, shape, suffix)).absoluteFilePath());
@@ -89,7 +90,7 @@ FolderInputs::FolderInputs(
     : root(folder)
 {
     if (!QFileInfo(folder).isDir())
-        throw HostError(ExitCode::MissingInput, folder, QStringLiteral("is no folder"),
+        throw HostError(ExitCode::MissingInput, folder, QStringLiteral("is not a folder"),
             QStringLiteral("name a folder of pictures, or give a list with --from"));
     const QStringList found = picturesIn(folder, isRecursive);
     const QSet<QString> outputs = outputsOf(found, options);

@@ -65,7 +65,7 @@ ArrayJob arrayJob(const QString& text)
 {
     const auto* const job = std::find_if(arrayJobs.begin(), arrayJobs.end(), isIn);
     if (job == arrayJobs.end())
-        throwNoShard(text, QStringLiteral("this is no array job"));
+        throwNoShard(text, QStringLiteral("not in an array job"));
     return *job;
 }
 
@@ -74,7 +74,7 @@ Shard shardOfArrayJob(const QString& text)
     const ArrayJob job = arrayJob(text);
     if (job.count == nullptr && job.lastIndex == nullptr)
         throwNoShard(text,
-            QStringLiteral("%1 does not tell how many jobs there are")
+            QStringLiteral("%1 does not say how many jobs there are")
                 .arg(QLatin1String(job.index)));
     const qint64 first = valueOf(job.firstIndex, job.firstIndexIfUnset);
     const qint64 step = valueOf(job.step, 1);
@@ -130,7 +130,7 @@ Shard parseShard(const std::string& text)
     const QString given = QString::fromStdString(text);
     const Shard shard = shardFrom(given);
     if (shard.index < 1 || shard.index > shard.count)
-        throwNoShard(given, QStringLiteral("not a part of a whole"));
+        throwNoShard(given, QStringLiteral("not a part of the whole"));
     return shard;
 }
 

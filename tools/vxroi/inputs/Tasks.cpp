@@ -1,6 +1,7 @@
 #include "Tasks.h"
 
 #include "host/files/FileName.h"
+#include "vxroi/options/CommonOptions.h"
 
 #include <algorithm>
 
@@ -15,7 +16,7 @@ void requireWithin(const QString& folder, const QString& output, const QString& 
 {
     if (!host::isWithin(folder, output))
         throw HostError(ExitCode::CannotCreate, output,
-            QStringLiteral("leads out of the folder %1").arg(folder), remedy);
+            QStringLiteral("lies outside the folder %1").arg(folder), remedy);
 }
 
 void requireFewShapes(const QVector<host::CropShape>& shapes, const QString& subject)
@@ -36,8 +37,8 @@ HostError namedTwice(const QString& output)
 
 TaskPlan::TaskPlan(const CropOptions& options, const AnalysisOptions& analysis, bool mayListsLeave)
     : commonShapes(options.shapes())
-    , commonConstraints(options.constraints())
-    , suffix(QString::fromStdString(options.writing.format))
+    , commonConstraints(options.constraints)
+    , suffix(options.writing.suffix())
     , request(options.request(analysis))
     , areListsConfined(!mayListsLeave)
 {
@@ -52,7 +53,7 @@ void TaskPlan::requireShapes() const
 {
     if (commonShapes.isEmpty())
         throw HostError(ExitCode::Usage, QStringLiteral("the crop"),
-            QStringLiteral("no shape is named"),
+            QStringLiteral("no shape given"),
             QStringLiteral("add --ratio 16:9 or --size 1200x630"));
 }
 
@@ -69,7 +70,7 @@ PlannedTask TaskPlan::plan(const Input& input) const
     task.failure = input.failure;
     try {
         if (!input.failure && task.shapes.isEmpty())
-            throw HostError(ExitCode::Usage, input.path, QStringLiteral("no shape is named"),
+            throw HostError(ExitCode::Usage, input.path, QStringLiteral("no shape given"),
                 QStringLiteral("add --ratio or --size, or \"ratios\" to its line"));
         requireFewShapes(task.shapes, input.path);
         addOutputs(input, planned);
@@ -87,9 +88,9 @@ void TaskPlan::addOutputs(const Input& input, PlannedTask& planned) const
     const host::OutputName name = hasOwn ? host::OutputName(input.output) : *commonOutput;
     for (const host::CropShape& shape : planned.task.shapes) {
         QString output = name.nameFor(input.path, shape, suffix);
-        if (name.hasPlaces() && host::isStandardStream(output))
+        if (name.hasPlaceholders() && host::isStandardStream(output))
             output.prepend(QStringLiteral("./"));
-        if (name.hasPlaces())
+        if (name.hasPlaceholders())
             requireWithin(name.folderFor(input.path), output,
                 QStringLiteral("choose another name for the picture or the output"));
         if (hasOwn && areListsConfined)

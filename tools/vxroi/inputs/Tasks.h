@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/files/OutputName.h"
-#include "vxroi/options/Options.h"
+#include "vxroi/options/CropOptions.h"
 
 #include <QSet>
 

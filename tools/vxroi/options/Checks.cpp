@@ -1,10 +1,8 @@
 #include "Checks.h"
 
-#include "Options.h"
-#include "host/Suggestion.h"
+#include "CommonOptions.h"
+#include "Suggestion.h"
 #include "host/files/FileName.h"
-
-#include <CLI/CLI.hpp>
 
 namespace vxroi {
 
@@ -18,7 +16,7 @@ CLI::Validator oneOf(const std::vector<std::string>& names)
         if (choices.contains(value))
             return std::string();
         const QString complaint
-            = QStringLiteral("%1 is no choice; %2").arg(value, host::suggestion(value, choices));
+            = QStringLiteral("%1 is not a choice; %2").arg(value, suggestion(value, choices));
         return host::bytesOfName(complaint).toStdString();
     };
     return CLI::Validator(check, '{' + choices.join(QLatin1Char(',')).toStdString() + '}');
@@ -32,12 +30,21 @@ CLI::Validator wholeNumber(qint64 least, qint64 most)
         const qint64 number = value.toLongLong(&isNumber);
         if (isNumber && number >= least && number <= most)
             return std::string();
-        const QString complaint
-            = QStringLiteral("%1 is no whole number from %2 to %3").arg(value).arg(least).arg(most);
+        const QString complaint = QStringLiteral("%1 is not a whole number from %2 to %3")
+                                      .arg(value)
+                                      .arg(least)
+                                      .arg(most);
         return host::bytesOfName(complaint).toStdString();
     };
     const QString range = QStringLiteral("INT in [%1 - %2]").arg(least).arg(most);
     return CLI::Validator(check, range.toStdString());
+}
+
+CLI::Validator namesFile()
+{
+    return CLI::Validator(
+        [](const std::string& name) { return std::string(name.empty() ? "names no file" : ""); },
+        std::string());
 }
 
 } // namespace vxroi

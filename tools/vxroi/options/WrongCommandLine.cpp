@@ -1,7 +1,7 @@
 #include "WrongCommandLine.h"
 
-#include "Options.h"
-#include "host/Suggestion.h"
+#include "CommonOptions.h"
+#include "Suggestion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -64,8 +64,7 @@ QString unknownOption(const CLI::App& command, const QString& option)
 {
     const QString complaint = option + QStringLiteral(": no such option");
     QString written = option;
-    const QString nearest
-        = host::nearestName(written.remove(QLatin1Char('-')), optionNames(command));
+    const QString nearest = nearestName(written.remove(QLatin1Char('-')), optionNames(command));
     return nearest.isEmpty() ? complaint
                              : complaint + QStringLiteral("; did you mean --%1?").arg(nearest);
 }
@@ -74,12 +73,12 @@ QString complaintBeforeCommand(const CLI::App& app, const QString& word)
 {
     if (!isOption(word))
         return QStringLiteral("%1: no such command; %2")
-            .arg(word, host::suggestion(word, commandNames(app)));
+            .arg(word, suggestion(word, commandNames(app)));
     const QString option = optionIn(word);
     const QStringList owners = commandNames(app, option);
     return owners.isEmpty() ? unknownOption(app, option)
                             : QStringLiteral("%1: stands before the command; write it after %2")
-                                  .arg(option, host::alternatives(owners));
+                                  .arg(option, alternatives(owners));
 }
 
 QString complaintWithin(const CLI::App& command, const QString& word)
@@ -90,7 +89,7 @@ QString complaintWithin(const CLI::App& command, const QString& word)
     const QStringList owners = commandNames(*command.get_parent(), option);
     return owners.isEmpty() ? unknownOption(command, option)
                             : QStringLiteral("%1: an option of vxroi %2, not of %3")
-                                  .arg(option, host::alternatives(owners), programOf(command));
+                                  .arg(option, alternatives(owners), programOf(command));
 }
 
 // What a command needs or does not take together, and an empty text when that is all right.
@@ -104,12 +103,12 @@ QString complaintOfMissing(const CLI::App& command)
             continue;
         for (const CLI::Option* needed : option->get_needs()) {
             if (needed->count() == 0)
-                return QStringLiteral("%1: has no use without %2")
+                return QStringLiteral("%1: needs %2")
                     .arg(name, QString::fromStdString(needed->get_name()));
         }
         for (const CLI::Option* excluded : option->get_excludes()) {
             if (excluded->count() > 0)
-                return QStringLiteral("%1: not together with %2; leave one of them out")
+                return QStringLiteral("%1: cannot be combined with %2; leave one of them out")
                     .arg(name, QString::fromStdString(excluded->get_name()));
         }
     }
@@ -149,8 +148,7 @@ QString complaintOf(const CLI::App& app, const CLI::ParseError& error)
         return complaintBeforeCommand(app, strayWord);
     const CLI::App* const command = commandOf(app);
     if (command == nullptr)
-        return QStringLiteral("no command is named; ")
-            + host::suggestion(QString(), commandNames(app));
+        return QStringLiteral("no command given; ") + suggestion(QString(), commandNames(app));
     const QString word = leftWordOf(*command);
     if (!word.isEmpty())
         return complaintWithin(*command, word);

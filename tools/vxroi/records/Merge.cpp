@@ -2,9 +2,10 @@
 
 #include "vxroi/inputs/Inputs.h"
 
-#include "host/StandardError.h"
+#include "host/StandardStreams.h"
 #include "host/files/FileName.h"
 #include "host/records/Json.h"
+#include "vxroi/options/CommonOptions.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -59,7 +60,7 @@ Merge::Merge(const MergeArguments& mergeArguments)
 ExitCode Merge::run()
 {
     forEachInput([this](const Input& input) { add(input); });
-    const bool mayReplace = arguments.ifExists == "overwrite";
+    const bool mayReplace = arguments.ifExists == host::IfExists::Overwrite;
     merged.commit(mayReplace);
     if (again)
         again->commit(mayReplace);

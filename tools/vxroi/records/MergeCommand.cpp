@@ -4,7 +4,8 @@
 #include "host/files/OutputName.h"
 #include "vxroi/OutputFiles.h"
 
-#include <CLI/CLI.hpp>
+#include "vxroi/options/Checks.h"
+#include "vxroi/options/CommonOptions.h"
 
 namespace vxroi {
 
@@ -35,16 +36,16 @@ void addMergeCommand(CLI::App& app, MergeArguments& arguments, ExitCode& exitCod
     merge->add_option("RESULTS", arguments.results, "the files of records")->required();
     CLI::Option* const from = merge
                                   ->add_option("--from", arguments.from,
-                                      "the list of all parts; what has no record is missing")
+                                      "the list of all inputs; those without a record are missing")
                                   ->type_name("FILE");
-    merge->add_flag("-0,--null", arguments.nulSeparated, "paths of the list end in NUL")
+    merge->add_flag("-0,--null", arguments.nulSeparated, "paths in the list are NUL-terminated")
         ->needs(from);
     CLI::Option* const folder = merge
                                     ->add_option("--folder", arguments.folder,
-                                        "the folder of all parts, instead of a list")
+                                        "the folder of all inputs, instead of a list")
                                     ->type_name("DIR")
                                     ->excludes(from);
-    merge->add_flag("-r,--recursive", arguments.recursive, "also the folders within it")
+    merge->add_flag("-r,--recursive", arguments.recursive, "include the folders within it")
         ->needs(folder);
     merge
         ->add_option("-o,--output", arguments.output,
@@ -53,7 +54,7 @@ void addMergeCommand(CLI::App& app, MergeArguments& arguments, ExitCode& exitCod
         ->type_name("FILE");
     merge
         ->add_option("--again", arguments.again,
-            "write a list of what is missing or has failed to this file")
+            "write a list of the inputs that are missing or have failed to this file")
         ->check(namesFile())
         ->type_name("FILE");
     addIfExistsOption(*merge, arguments.ifExists);

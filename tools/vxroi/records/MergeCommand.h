@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/HostError.h"
+#include "host/crop/Cropper.h"
 
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@ struct MergeArguments {
     bool recursive = false;
     std::string output; ///< empty: standard output
     std::string again; ///< empty: nobody wants a list to run again
-    std::string ifExists = "fail";
+    host::IfExists ifExists = host::IfExists::Fail;
     bool quiet = false;
 };
 

@@ -4,8 +4,6 @@
 #include "host/files/FileName.h"
 #include "vxroi/options/Checks.h"
 
-#include <CLI/CLI.hpp>
-
 namespace vxroi {
 
 namespace {
@@ -29,18 +27,19 @@ QString focusOf(const VXCropWindow& chosen)
         .arg(chosen.focus.y(), 0, 'f', 4);
 }
 
-QString textOf(const VXCropWindow& chosen, const QSize& picture, const std::string& emitted)
+QString textOf(const VXCropWindow& chosen, const QSize& picture, RecordPrinter::Output emitted)
 {
-    if (emitted == "css")
+    if (emitted == RecordPrinter::Output::Css)
         return objectPositionOf(chosen.window, picture);
-    return emitted == "focus" ? focusOf(chosen) : host::geometryOf(chosen.window);
+    return emitted == RecordPrinter::Output::Focus ? focusOf(chosen)
+                                                   : host::geometryOf(chosen.window);
 }
 
 } // namespace
 
-RecordPrinter::RecordPrinter(UnlessAsked words)
-    : emitted(words == UnlessAsked::Json ? "json" : "geometry")
-    , unlessAsked(emitted)
+RecordPrinter::RecordPrinter(Output outputUnlessAsked)
+    : emitted(outputUnlessAsked)
+    , unlessAsked(outputUnlessAsked)
 {
 }
 
@@ -48,16 +47,11 @@ void RecordPrinter::addTo(CLI::App& command)
 {
     CLI::Option* const record
         = command.add_flag("--json", json, "print one record for each picture, as JSON");
-    CLI::Option* const words
-        = command
-              .add_option("--emit", emitted,
-                  "print windows as geometry, WxH+X+Y in pixels, or as css, object-position, or "
-                  "their focus, FX,FY")
-              ->type_name("WHAT")
-              ->check(oneOf({ "geometry", "css", "focus" }))
-              ->excludes(record);
-    if (!isJsonWanted())
-        words->capture_default_str();
+    const Choices<Output> choices { { "geometry", Output::Geometry }, { "css", Output::Css },
+        { "focus", Output::Focus } };
+    addChoice(command, "--emit", emitted, choices,
+        "print crops as geometry, WxH+X+Y in pixels, as css, object-position, or as focus, FX,FY")
+        ->excludes(record);
 }
 
 bool RecordPrinter::isAsked() const { return json || emitted != unlessAsked; }
@@ -68,7 +62,7 @@ QByteArray RecordPrinter::linesOf(const host::CropRecord& record, bool isOnlyLin
         return record.toJson() + '\n';
     QByteArray lines;
     for (const host::CropResult& crop : record.crops) {
-        if (crop.written == host::Written::Skipped)
+        if (crop.state == host::OutputState::Skipped)
             continue;
         if (!isOnlyLine)
             lines += host::bytesOfName(host::onOneLine(record.path)) + '\t' + crop.shape.toUtf8()

@@ -4,8 +4,6 @@
 
 #include <QByteArray>
 
-#include <string>
-
 namespace CLI {
 class App;
 }
@@ -15,18 +13,21 @@ namespace vxroi {
 /// Says what became of pictures, in the words that --json and --emit ask for.
 class RecordPrinter {
 public:
-    enum class UnlessAsked {
-        Geometry,
-        Json,
+    enum class Output {
+        Json, ///< the record
+        Geometry, ///< of windows: WxH+X+Y
+        Css, ///< object-position
+        Focus, ///< FX,FY
     };
 
-    explicit RecordPrinter(UnlessAsked words);
+    /// \param unlessAsked what is printed when neither option is given.
+    explicit RecordPrinter(Output unlessAsked);
 
     /// Adds both options, of which a command line has one.
     void addTo(CLI::App& command);
 
     /// Whether a record is printed for each picture, also for one that failed.
-    bool isJsonWanted() const { return json || emitted == "json"; }
+    bool isJsonWanted() const { return json || emitted == Output::Json; }
 
     /// Whether one of the options is given.
     bool isAsked() const;
@@ -38,8 +39,8 @@ public:
 
 private:
     bool json = false;
-    std::string emitted;
-    std::string unlessAsked;
+    Output emitted;
+    Output unlessAsked;
 };
 
 } // namespace vxroi

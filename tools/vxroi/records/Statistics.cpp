@@ -57,8 +57,8 @@ void Statistics::add(const host::CropRecord& record)
 void Statistics::add(const host::CropResult& crop)
 {
     ++cropCount;
-    if (crop.written != host::Written::Nothing)
-        ++outputs[host::nameOf(crop.written)];
+    if (crop.state != host::OutputState::None)
+        ++outputs[host::nameOf(crop.state)];
     if (crop.chosen.window.isNull())
         return;
     ++windowCount;

@@ -2,12 +2,12 @@
 
 #include "RecordLines.h"
 #include "Statistics.h"
-#include "vxroi/options/Options.h"
 
-#include "host/StandardOutput.h"
+#include "host/StandardStreams.h"
 #include "host/files/FileName.h"
 
-#include <CLI/CLI.hpp>
+#include "vxroi/options/Checks.h"
+#include "vxroi/options/CommonOptions.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -115,16 +115,14 @@ void runStats(const StatsArguments& arguments)
 void addStatsCommand(CLI::App& app, StatsArguments& arguments)
 {
     CLI::App* const stats = app.add_subcommand(
-        "stats", "Sum up the records of batches: counts, reasons, pictures a second");
+        "stats", "Summarise the records of batches: counts, reasons, pictures per second");
     stats->add_option("RESULTS", arguments.results, "files of records; - is standard input")
         ->required();
-    stats
-        ->add_option("--timings", arguments.timings,
-            "a file that batch --timings has written; one for each batch that ran beside others")
+    const auto takeTimings
+        = [&arguments](const std::string& path) { arguments.timings.push_back(path); };
+    addRepeated(*stats, "--timings", takeTimings,
+        "a file written by batch --timings; one for each batch that ran side by side")
         ->type_name("FILE")
-        ->expected(1)
-        ->take_all()
-        ->allow_extra_args(false)
         ->check(namesFile());
     stats->add_flag("--json", arguments.json, "print one object, as JSON");
     stats->callback([&arguments] { runStats(arguments); });

@@ -47,7 +47,7 @@ QString rowOf(const CropResult& crop, const QSize& picture)
     const VXCropWindow& chosen = crop.chosen;
     const QString none = QStringLiteral("–");
     if (chosen.window.isNull())
-        return rowOf({ crop.shape, none, host::nameOf(crop.written), none, none, none });
+        return rowOf({ crop.shape, none, host::nameOf(crop.state), none, none, none });
     return rowOf({ crop.shape, host::geometryOf(chosen.window), host::nameOf(chosen.reason),
         percent(chosen.salience), percent(chosen.centreSalience),
         percent(offsetOf(chosen.window, picture)) });
@@ -80,10 +80,10 @@ QString outputsOf(const CropRecord& record)
 {
     QString outputs;
     for (const CropResult& crop : record.crops) {
-        if (crop.written != host::Written::Nothing)
+        if (crop.state != host::OutputState::None)
             outputs += paragraph("output",
                 QStringLiteral("%1 %2: %3")
-                    .arg(crop.shape, host::nameOf(crop.written), crop.outputPath));
+                    .arg(crop.shape, host::nameOf(crop.state), crop.outputPath));
     }
     return outputs;
 }

@@ -7,11 +7,13 @@
 #include "vxroi/work/OrderedWork.h"
 
 #include "host/HostError.h"
-#include "host/StandardError.h"
+#include "host/StandardStreams.h"
 #include "host/files/FileName.h"
 #include "host/picture/Engine.h"
 
-#include <CLI/CLI.hpp>
+#include "vxroi/options/Checks.h"
+#include "vxroi/options/CommonOptions.h"
+#include "vxroi/options/Shapes.h"
 
 #include <QFile>
 
@@ -34,7 +36,7 @@ public:
     explicit Page(const ReportArguments& arguments)
         : source(sourceOf(arguments))
         , file(pathFrom(arguments.output))
-        , mayReplace(arguments.ifExists == "overwrite")
+        , mayReplace(arguments.ifExists == host::IfExists::Overwrite)
         , isQuiet(arguments.quiet)
         , work(defaultWorkerCount())
     {
@@ -78,7 +80,7 @@ private:
     {
         if (count == 0 && !isQuiet)
             host::writeWarning(QStringLiteral("report"),
-                QStringLiteral("there is no picture, so there is nothing to do; name another "
+                QStringLiteral("there are no pictures, so there is nothing to do; name another "
                                "folder or file, or add --recursive"));
         if (count == 0)
             return ExitCode::Success;
@@ -109,7 +111,7 @@ void requireNoChoice(const CLI::App& report)
         { "--recursive", "--ratio", "--methods", "--preset", "--weight", "--tune" }) {
         if (report.count(option) > 0)
             throw host::HostError(ExitCode::Usage, QLatin1String(option),
-                QStringLiteral("does not go with --from"),
+                QStringLiteral("cannot be combined with --from"),
                 QStringLiteral("leave one of them out, or crop again"));
     }
 }
@@ -123,19 +125,24 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
     CLI::App* const report = app.add_subcommand(
         "report", "Write a page that shows the crops of many pictures and why they were chosen");
     report->add_option("PICTURE", arguments.inputs, "picture files, and folders of them");
-    report->add_flag("-r,--recursive", arguments.recursive, "also the folders within folders");
+    report->add_flag("-r,--recursive", arguments.recursive, "include the folders within folders");
     report
         ->add_option("--from", arguments.from,
-            "show the records in this file, as batch or crop --json wrote them, and choose "
-            "no windows; - is standard input")
+            "show the records in this file, as batch or crop --json wrote them, and choose no new "
+            "crops; - is standard input")
         ->check(namesFile())
         ->type_name("FILE");
     report->add_option("-o,--output", arguments.output, "write the page to this HTML file")
         ->type_name("FILE")
         ->required();
-    report->add_option("--ratio", arguments.ratios, "shapes of the crops, such as 16:9 or 1:1,4:5")
+    const auto takeRatios = [&arguments](const std::string& ratios) {
+        arguments.ratios = parseRatios(QString::fromStdString(ratios));
+    };
+    report
+        ->add_option_function<std::string>(
+            "--ratio", takeRatios, "shapes of the crops, such as 16:9 or 1:1,4:5")
         ->type_name("W:H,...")
-        ->capture_default_str();
+        ->default_str("1:1");
     report->add_flag("--methods", arguments.methods, "also show the map of each method");
     addIfExistsOption(*report, arguments.ifExists);
     addMapsOption(*report, arguments.maps);

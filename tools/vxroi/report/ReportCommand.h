@@ -1,6 +1,11 @@
 #pragma once
 
-#include "vxroi/options/Options.h"
+#include "vxroi/options/AnalysisOptions.h"
+
+#include "host/crop/CropShape.h"
+#include "host/crop/Cropper.h"
+
+#include <QVector>
 
 #include <string>
 #include <vector>
@@ -13,9 +18,9 @@ struct ReportArguments {
     bool recursive = false;
     std::string from; ///< a file of records, "-" for standard input
     std::string output;
-    std::string ratios = "1:1";
+    QVector<host::CropShape> ratios { { QStringLiteral("1:1"), { 1, 1 }, {} } };
     bool methods = false;
-    std::string ifExists = "fail";
+    host::IfExists ifExists = host::IfExists::Fail;
     std::string maps; ///< empty: maps are not kept
     bool quiet = false;
     AnalysisOptions analysis;

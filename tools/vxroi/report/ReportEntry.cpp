@@ -1,6 +1,7 @@
 #include "ReportEntry.h"
 
 #include "host/crop/CropWindow.h"
+#include "host/crop/MapStore.h"
 #include "host/files/FileName.h"
 #include "host/picture/ImageMemory.h"
 
@@ -91,14 +92,15 @@ ReportEntry entryOf(
     try {
         showPicture(entry, rules);
         if (maps != nullptr && record.file)
-            entry.map = atMost(maps->find(record.path, *record.file, record.settings, record.frames,
-                                   entry.record.oriented),
-                mapPixels);
+            entry.map
+                = atMost(maps->find({ record.path, *record.file, record.settings, record.frames },
+                             entry.record.oriented),
+                    mapPixels);
     } catch (const HostError& error) {
         entry.failure = error;
     } catch (const std::bad_alloc&) {
         entry.failure = HostError(ExitCode::Internal, record.path,
-            QStringLiteral("there is not enough memory for it"), QStringLiteral("show it alone"));
+            QStringLiteral("there is not enough memory"), QStringLiteral("show it alone"));
     }
     return entry;
 }

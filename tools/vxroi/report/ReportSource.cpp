@@ -5,6 +5,7 @@
 #include "vxroi/records/RecordLines.h"
 
 #include "host/HostError.h"
+#include "vxroi/options/CommonOptions.h"
 
 #include <QFileInfo>
 
@@ -32,8 +33,8 @@ QStringList picturesOf(const ReportArguments& arguments)
 // Of maps that were kept, the methods are no longer known.
 host::CropRules rulesOf(const ReportArguments& arguments)
 {
-    host::CropRules rules { arguments.analysis.rules() };
-    rules.maps = arguments.methods ? nullptr : mapsIn(arguments.maps);
+    host::CropRules rules { arguments.analysis.rules };
+    rules.analysis.maps = arguments.methods ? nullptr : mapsIn(arguments.maps);
     return rules;
 }
 
@@ -42,9 +43,9 @@ class PicturesToReport final : public ReportSource {
 public:
     explicit PicturesToReport(const ReportArguments& arguments)
         : pictures(picturesOf(arguments))
-        , shapes(host::parseRatios(QString::fromStdString(arguments.ratios)))
+        , shapes(arguments.ratios)
         , hasMethods(arguments.methods)
-        , cropper(rulesOf(arguments), arguments.analysis.maxPixels)
+        , cropper(rulesOf(arguments), arguments.analysis.rules.reading.mostPixels)
     {
         for (const QString& picture : pictures)
             requireFreeName(picture, pathFrom(arguments.output), arguments.ifExists);
@@ -75,7 +76,7 @@ public:
         : records(pathFrom(arguments.from))
         , output(pathFrom(arguments.output))
         , ifExists(arguments.ifExists)
-        , rules(arguments.analysis.rules().reading)
+        , rules(arguments.analysis.rules.reading)
         , maps(mapsIn(arguments.maps))
     {
         const QString ofRecords = QFileInfo(pathFrom(arguments.from)).canonicalFilePath();
@@ -97,7 +98,7 @@ public:
 private:
     RecordLines records;
     QString output;
-    std::string ifExists;
+    host::IfExists ifExists;
     host::ReadingRules rules;
     std::shared_ptr<const host::MapStore> maps;
 };
@@ -108,7 +109,7 @@ std::unique_ptr<ReportSource> sourceOf(const ReportArguments& arguments)
 {
     if (arguments.inputs.empty() == arguments.from.empty())
         throw HostError(ExitCode::Usage, QStringLiteral("report"),
-            QStringLiteral("wants pictures or records, and not both"),
+            QStringLiteral("takes pictures or records, not both"),
             QStringLiteral("name pictures or folders, or add --from FILE"));
     if (arguments.from.empty())
         return std::make_unique<PicturesToReport>(arguments);

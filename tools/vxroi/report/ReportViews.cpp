@@ -74,7 +74,7 @@ QString pictureView(const ReportEntry& entry, int position)
         content += imageTag(jpegWithin(host::brightened(entry.map), mostMapBytes), record.oriented,
             QStringLiteral("class=\"heat\" filter=\"url(#heat)\""));
     return viewTag({ QPoint(), record.oriented }, pictureScreenPixels,
-        QStringLiteral("class=\"picture\""), QStringLiteral("the picture and its windows"),
+        QStringLiteral("class=\"picture\""), QStringLiteral("the picture and its crops"),
         content + outlinesOf(record));
 }
 
@@ -90,7 +90,7 @@ QString cropFigure(const QRect& window, const QString& shape, const QString& cap
 QString figuresOf(const CropResult& crop, const QSize& picture, int position)
 {
     if (crop.chosen.window.isNull())
-        return QStringLiteral("<p>The crop was skipped, and no window was chosen.</p>\n");
+        return QStringLiteral("<p>The crop was skipped, so none was chosen.</p>\n");
     const QRect centred = host::centredIn(picture, crop.chosen.window.size());
     const QString shape = crop.shape.toHtmlEscaped();
     return QStringLiteral("<div class=\"pair\">\n%1%2</div>\n")

@@ -2,7 +2,7 @@
 
 #include "Wakeup.h"
 #include "host/HostError.h"
-#include "host/StandardError.h"
+#include "host/StandardStreams.h"
 
 #include <array>
 #include <atomic>

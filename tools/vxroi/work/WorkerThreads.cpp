@@ -1,7 +1,7 @@
 #include "WorkerThreads.h"
 
 #include "host/HostError.h"
-#include "host/StandardError.h"
+#include "host/StandardStreams.h"
 
 #include <QSemaphore>
 #include <QThreadPool>

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace host {
+namespace vxroi {
 
 /// How many letters have to be inserted, left out, replaced, or exchanged with their neighbour to turn one text
 /// into the other, when no letter is touched twice: the restricted Damerau-Levenshtein distance.
@@ -20,4 +20,4 @@ QString alternatives(const QStringList& names);
 /// What to do about a \a wrong name: "did you mean gauss?", or "choose photo or library" when no name is near.
 QString suggestion(const QString& wrong, const QStringList& names);
 
-} // namespace host
+} // namespace vxroi

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace host {
+namespace vxroi {
 
 namespace {
 
@@ -79,4 +79,4 @@ QString suggestion(const QString& wrong, const QStringList& names)
                              : QStringLiteral("did you mean %1?").arg(nearest);
 }
 
-} // namespace host
+} // namespace vxroi
