@@ -1,6 +1,7 @@
 #include <VXCrop/VXCrop.h>
 
 #include "support/ImageAssert.h"
+#include "support/PlainWindow.h"
 #include "support/Random.h"
 #include "support/TestImages.h"
 
@@ -32,15 +33,6 @@ QImage mapOfColumns(const std::vector<int>& sums)
     return map;
 }
 
-// A black map with some white columns.
-QImage mapWithBrightColumns(const QSize& size, int first, int count)
-{
-    QImage map(size, QImage::Format_RGB32);
-    map.fill(Qt::black);
-    QPainter(&map).fillRect(first, 0, count, size.height(), Qt::white);
-    return map;
-}
-
 QImage turned(const QImage& map) { return map.transformed(QTransform(0, 1, 1, 0, 0, 0)); }
 
 int startOf(const QImage& map, const QSize& ratio, const VXCropConstraints& constraints = {})
@@ -51,40 +43,6 @@ int startOf(const QImage& map, const QSize& ratio, const VXCropConstraints& cons
 VXCropConstraints keeping(const QVector<QRect>& areas) { return { areas, {}, std::nullopt }; }
 
 VXCropConstraints avoiding(const QVector<QRect>& areas) { return { {}, areas, std::nullopt }; }
-
-// What a window of so many columns holds, by the definition; weights are times 20 n.
-qint64 plainHeld(const std::vector<int>& columns, int length, int start)
-{
-    qint64 sum = 0;
-    for (int k = 0; k < length; ++k) {
-        const int fromEnd = std::min(k, length - 1 - k);
-        const bool isNearEnd = (fromEnd + 0.5) / length < 0.2;
-        const int weight = isNearEnd ? 18 * length + 10 * fromEnd + 5 : 20 * length;
-        sum += qint64 { weight } * *(columns.begin() + start + k);
-    }
-    return sum;
-}
-
-// Where it goes.
-int plainStart(const std::vector<int>& columns, int length)
-{
-    const int count = static_cast<int>(columns.size());
-    const int centre = (count - length) / 2;
-    qint64 most = 0;
-    for (int start = 0; start + length <= count; ++start)
-        most = std::max(most, plainHeld(columns, length, start));
-    if (1000 * most <= 1001 * plainHeld(columns, length, centre))
-        return centre;
-    std::vector<int> best;
-    for (int start = 0; start + length <= count; ++start) {
-        if (plainHeld(columns, length, start) == most)
-            best.push_back(start);
-    }
-    std::sort(best.begin(), best.end(),
-        [=](int a, int b) { return std::abs(a - centre) < std::abs(b - centre); });
-    const bool isTied = best.size() > 1 && std::abs(best[0] - centre) == std::abs(best[1] - centre);
-    return isTied ? centre : best[0];
-}
 
 // A disc on a plain ground, both of random colours that differ.
 struct Disc {
@@ -188,7 +146,8 @@ TEST(VXCrop, nothingIsCroppedOfPicturesTooWideForPixelWords)
 TEST(VXCrop, isTheWholePictureWhenThatHasTheRatio)
 {
     const VXCropWindow whole
-        = VXCrop::fromMap(mapWithBrightColumns({ 64, 48 }, 50, 4), { 1200, 900 }).window({ 4, 3 });
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 64, 48 }, 50, 4), { 1200, 900 })
+              .window({ 4, 3 });
     EXPECT_EQ(whole.window, QRect(0, 0, 1200, 900));
     EXPECT_EQ(whole.reason, VXCropReason::WholePicture);
     EXPECT_EQ(whole.salience, 1);
@@ -197,13 +156,14 @@ TEST(VXCrop, isTheWholePictureWhenThatHasTheRatio)
 // A subject from column 500 to 539 weighs 1 whole where it is a fifth of 160 columns, 32, from either end.
 TEST(VXCrop, givesTheSubjectRoom)
 {
-    EXPECT_EQ(startOf(mapWithBrightColumns({ 640, 160 }, 500, 40), square), 540 + 32 - 160);
-    EXPECT_EQ(startOf(mapWithBrightColumns({ 640, 160 }, 100, 40), square), 100 - 32);
+    EXPECT_EQ(
+        startOf(support::mapWithBrightColumns({ 640, 160 }, 500, 40), square), 540 + 32 - 160);
+    EXPECT_EQ(startOf(support::mapWithBrightColumns({ 640, 160 }, 100, 40), square), 100 - 32);
 }
 
 TEST(VXCrop, followsTheBrightestRowsAsItDoesColumns)
 {
-    const QImage map = turned(mapWithBrightColumns({ 640, 160 }, 500, 40));
+    const QImage map = turned(support::mapWithBrightColumns({ 640, 160 }, 500, 40));
     const QImage large = map.scaled(120, 480);
     EXPECT_EQ(VXCrop::fromMap(large, { 120, 480 }).window(square).window,
         QRect(0, (540 + 32 - 160) * 480 / 640, 120, 120));
@@ -218,7 +178,8 @@ TEST(VXCrop, weighsWhatItHoldsAsDefinedForRandomMaps)
         for (int& sum : columns)
             sum = random.below(spread) * (random.below(4) == 0 ? 200 : 1);
         const int length = 1 + random.below(639);
-        ASSERT_EQ(startOf(mapOfColumns(columns), QSize(length, 480)), plainStart(columns, length))
+        ASSERT_EQ(startOf(mapOfColumns(columns), QSize(length, 480)),
+            support::plainStart({ columns.begin(), columns.end() }, length))
             << "round " << round << ", " << length << " columns";
     }
 }
@@ -247,7 +208,7 @@ TEST(VXCrop, staysInTheCentreWhenTheMapSaysNothing)
 
 TEST(VXCrop, staysInTheCentreForATieBetweenBothSides)
 {
-    QImage map = mapWithBrightColumns({ 640, 160 }, 0, 20);
+    QImage map = support::mapWithBrightColumns({ 640, 160 }, 0, 20);
     QPainter(&map).fillRect(620, 0, 20, 160, Qt::white);
     EXPECT_EQ(startOf(map, square), 240);
 }
@@ -255,7 +216,8 @@ TEST(VXCrop, staysInTheCentreForATieBetweenBothSides)
 TEST(VXCrop, reachesASubjectAtTheVeryEnd)
 {
     const VXCropWindow window
-        = VXCrop::fromMap(mapWithBrightColumns({ 640, 160 }, 639, 1), { 640, 160 }).window(square);
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 640, 160 }, 639, 1), { 640, 160 })
+              .window(square);
     EXPECT_EQ(window.window, QRect(480, 0, 160, 160));
     EXPECT_EQ(window.reason, VXCropReason::Salience);
 }
@@ -293,7 +255,8 @@ TEST(VXCrop, liesInsideThePictureForRandomSizes)
 
 TEST(VXCrop, centresOnTheFocusAsFarAsTheFrameAllows)
 {
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 640, 160 }, 0, 10), { 300, 75 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 640, 160 }, 0, 10), { 300, 75 });
     const auto startFor = [&](double x) {
         const VXCropWindow window = crop.window(square, { {}, {}, QPointF(x, 0.5) });
         EXPECT_EQ(window.reason, VXCropReason::Focus);
@@ -327,7 +290,8 @@ TEST(VXCrop, holdsTheAreasToKeepWheneverItCan)
 
 TEST(VXCrop, holdsAsManyAreasAsAnyWindowCan)
 {
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
     const QVector<QRect> areas { { 5, 0, 10, 10 }, { 200, 0, 10, 10 }, { 250, 0, 10, 10 } };
     const VXCropWindow window = crop.window(square, keeping(areas));
     EXPECT_EQ(window.reason, VXCropReason::Keep);
@@ -337,7 +301,8 @@ TEST(VXCrop, holdsAsManyAreasAsAnyWindowCan)
 
 TEST(VXCrop, liesWithinAnAreaThatIsLongerThanItself)
 {
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
     const QRect area(120, 0, 150, 100);
     EXPECT_TRUE(area.contains(crop.window(square, keeping({ area })).window));
 }
@@ -356,7 +321,8 @@ TEST(VXCrop, givesAreasToKeepRoom)
 
 TEST(VXCrop, ignoresAreasOutsideThePicture)
 {
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 40), { 300, 100 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 300, 100 }, 0, 40), { 300, 100 });
     const QRect window = crop.window(square).window;
     for (const QRect& outside :
         { QRect(), QRect(300, 0, 9, 9), QRect(0, -9, 9, 9), QRect(INT_MAX - 5, 3, 5, 5) }) {
@@ -397,12 +363,13 @@ TEST(VXCrop, hasTheFewestPixelsOfAreasToAvoid)
 
 TEST(VXCrop, goesWhereTheSalienceIsAmongPlacesWithoutAreasToAvoid)
 {
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 640, 160 }, 520, 20), { 640, 160 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 640, 160 }, 520, 20), { 640, 160 });
     const VXCropWindow window = crop.window(square, avoiding({ { 300, 10, 20, 20 } }));
     EXPECT_EQ(window.window.x(), crop.window(square).window.x());
     EXPECT_EQ(window.reason, VXCropReason::Avoid);
     const VXCrop atTheEnd
-        = VXCrop::fromMap(mapWithBrightColumns({ 640, 160 }, 600, 20), { 640, 160 });
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 640, 160 }, 600, 20), { 640, 160 });
     EXPECT_EQ(atTheEnd.window(square).window.right(), 639);
     EXPECT_EQ(atTheEnd.window(square, avoiding({ { 630, 0, 10, 10 } })).window.right(), 629);
 }
@@ -410,13 +377,15 @@ TEST(VXCrop, goesWhereTheSalienceIsAmongPlacesWithoutAreasToAvoid)
 // Their sides are longer than an int can tell, or negative.
 TEST(VXCrop, takesAreasThatReachFarBeyondThePicture)
 {
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
     const QRect tall(QPoint(250, -2000000000), QPoint(260, 2000000000));
     EXPECT_EQ(crop.window(square, keeping({ tall })).reason, VXCropReason::Keep);
     EXPECT_EQ(crop.window(square, keeping({ QRect(260, 50, -20, -20) })).window,
         crop.window(square).window);
     const QSize largest(INT_MAX, INT_MAX);
-    const VXCrop huge = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 10), largest);
+    const VXCrop huge
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 300, 100 }, 0, 10), largest);
     const QVector<QRect> everything(9, QRect(QPoint(), largest));
     EXPECT_EQ(huge.window(QSize(1, 2), avoiding(everything)).window.height(), INT_MAX);
 }
@@ -439,7 +408,8 @@ TEST(VXCrop, theFocusOfAThinWindowIsWithinIt)
 
 TEST(VXCrop, areasToKeepComeBeforeThoseToAvoid)
 {
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 300, 100 }, 0, 10), { 300, 100 });
     const QRect both(200, 0, 20, 20);
     const VXCropWindow window = crop.window(square, { { both }, { both }, std::nullopt });
     EXPECT_EQ(window.reason, VXCropReason::Keep);
@@ -449,7 +419,7 @@ TEST(VXCrop, areasToKeepComeBeforeThoseToAvoid)
 TEST(VXCrop, tellsTheShareOfTheSalienceThatItHolds)
 {
     const VXCrop crop
-        = VXCrop::fromMap(mapWithBrightColumns({ 640, 160 }, 400, 160), { 1280, 320 });
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 640, 160 }, 400, 160), { 1280, 320 });
     const VXCropWindow window = crop.window(square);
     EXPECT_EQ(window.window, QRect(800, 0, 320, 320));
     EXPECT_EQ(window.salience, 1.0);
@@ -461,7 +431,7 @@ TEST(VXCrop, tellsTheShareOfTheSalienceThatItHolds)
 
 TEST(VXCrop, tellsTheCentreOfTheSalienceThatItHolds)
 {
-    QImage map = mapWithBrightColumns({ 640, 160 }, 0, 0);
+    QImage map = support::mapWithBrightColumns({ 640, 160 }, 0, 0);
     QPainter(&map).fillRect(480, 40, 20, 10, Qt::white);
     QPainter(&map).fillRect(0, 0, 5, 5, Qt::white); // outside the window
     const VXCropWindow window = VXCrop::fromMap(map, { 1280, 320 }).window(square);
@@ -472,7 +442,7 @@ TEST(VXCrop, tellsTheCentreOfTheSalienceThatItHolds)
 TEST(VXCrop, theFocusOfAWindowWithoutSalienceIsItsMiddle)
 {
     const VXCropWindow window
-        = VXCrop::fromMap(mapWithBrightColumns({ 640, 160 }, 0, 0), { 640, 160 })
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 640, 160 }, 0, 0), { 640, 160 })
               .window(square, { {}, {}, QPointF(1, 0) });
     EXPECT_DOUBLE_EQ(window.focus.x(), 560 / 640.0);
     EXPECT_DOUBLE_EQ(window.focus.y(), 0.5);
@@ -490,6 +460,7 @@ TEST(VXCrop, alternativesAreTheBestThatOverlapByLessThanHalf)
         const VXCrop crop = VXCrop::fromMap(map, map.size());
         const QSize ratio(length, 480);
         const QVector<VXCropWindow> windows = crop.windows(ratio, 4);
+        const std::vector<qint64> sums(columns.begin(), columns.end());
         ASSERT_GE(windows.size(), 1);
         ASSERT_EQ(windows.first().window, crop.window(ratio).window);
         for (int i = 1; i < windows.size(); ++i) {
@@ -501,9 +472,10 @@ TEST(VXCrop, alternativesAreTheBestThatOverlapByLessThanHalf)
                     });
             };
             ASSERT_TRUE(mayBe(windows.at(i).window.x()));
-            const qint64 held = plainHeld(columns, length, windows.at(i).window.x());
+            const qint64 held = support::plainHeld(sums, length, windows.at(i).window.x());
             for (int start = 0; start + length <= 640; ++start)
-                ASSERT_TRUE(!mayBe(start) || plainHeld(columns, length, start) <= held) << round;
+                ASSERT_TRUE(!mayBe(start) || support::plainHeld(sums, length, start) <= held)
+                    << round;
         }
     }
 }
@@ -521,12 +493,13 @@ TEST(VXCrop, takesTheGreyLevelsOfAMapFromElsewhereOrTheOpacityOfAMask)
     QImage mask(640, 160, QImage::Format_ARGB32);
     mask.fill(Qt::transparent);
     QPainter(&mask).fillRect(500, 0, 40, 160, qRgba(0, 0, 0, 255)); // black, and opaque
-    const int start = startOf(mapWithBrightColumns({ 640, 160 }, 500, 40), square);
+    const int start = startOf(support::mapWithBrightColumns({ 640, 160 }, 500, 40), square);
     EXPECT_EQ(startOf(mask, square), start);
     for (const QImage::Format format : { QImage::Format_Mono, QImage::Format_Grayscale8,
              QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_Grayscale16 })
         EXPECT_EQ(
-            startOf(mapWithBrightColumns({ 640, 160 }, 500, 40).convertToFormat(format), square),
+            startOf(support::mapWithBrightColumns({ 640, 160 }, 500, 40).convertToFormat(format),
+                square),
             start);
     QImage alpha = mask.convertToFormat(QImage::Format_Alpha8);
     EXPECT_EQ(startOf(alpha, square), start);
@@ -535,11 +508,12 @@ TEST(VXCrop, takesTheGreyLevelsOfAMapFromElsewhereOrTheOpacityOfAMask)
 TEST(VXCrop, laysAMapOfAnySizeOverTheWholePicture)
 {
     // Four of sixteen columns, 250 to 312.5 and so on: the window is 250 wide.
-    const VXCrop crop = VXCrop::fromMap(mapWithBrightColumns({ 16, 4 }, 12, 3), { 1000, 250 });
+    const VXCrop crop
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 16, 4 }, 12, 3), { 1000, 250 });
     EXPECT_TRUE(crop.window(square).window.contains(QRect(750, 0, 187, 250)));
     EXPECT_EQ(crop.map().size(), QSize(640, 160));
     const VXCrop reduced
-        = VXCrop::fromMap(mapWithBrightColumns({ 6400, 1600 }, 4800, 1200), { 1000, 250 });
+        = VXCrop::fromMap(support::mapWithBrightColumns({ 6400, 1600 }, 4800, 1200), { 1000, 250 });
     EXPECT_TRUE(reduced.window(square).window.contains(QRect(750, 0, 187, 250)));
 }
 

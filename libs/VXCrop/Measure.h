@@ -7,6 +7,7 @@
 #include <QList>
 #include <QPointF>
 #include <QRect>
+#include <QSize>
 
 namespace vx::crop {
 
@@ -18,6 +19,9 @@ public:
 
     /// The sums of the map's columns or rows.
     const QList<long long>& alongAxis() const { return sums; }
+
+    /// The size of the map.
+    QSize mapSize() const { return map.size(); }
 
     /// The window that begins at \a start, and what it holds.
     VXCropWindow at(int start, VXCropReason reason) const;

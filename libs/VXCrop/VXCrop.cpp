@@ -3,6 +3,7 @@
 #include "AllowedStarts.h"
 #include "BestPlaces.h"
 #include "Direction.h"
+#include "Faces.h"
 #include "Measure.h"
 #include "WorkingImage.h"
 
@@ -119,6 +120,17 @@ int startAt(const Direction& direction, const QPointF& focus)
     const double centre = std::isnan(share) ? 0.5 : std::clamp(share, 0.0, 1.0);
     const double start = centre * direction.axis.pictureLength - direction.axis.windowLength / 2.0;
     return std::clamp(static_cast<int>(std::lround(start)), 0, direction.axis.lastStart());
+}
+
+// The best places on a map with its faces, the first of them moved to show those whole.
+QVector<Place> placesWithFaces(const Measure& measure, const Direction& direction,
+    const QVector<QRect>& faces, const QVector<Span>& allowed, int most)
+{
+    QList<long long> sums = measure.alongAxis();
+    addFaces(sums, direction, measure.mapSize(), faces);
+    QVector<Place> places = bestPlaces(sums, direction.axis, allowed, most);
+    places.first().start = startThatShows(direction, places.first().start, faces, allowed);
+    return places;
 }
 
 } // namespace
@@ -252,12 +264,17 @@ QVector<VXCropWindow> VXCrop::windows(
         return { measure.at(startAt(direction, *constraints.focus), VXCropReason::Focus) };
 
     const Allowed allowed = startsFor(direction, constraints);
+    const QVector<QRect> faces = partsWithin(picture, constraints.faces);
+    const int startWithoutFaces
+        = bestPlaces(measure.alongAxis(), direction.axis, allowed.starts, 1).first().start;
     QVector<VXCropWindow> found;
-    for (const Place& place :
-        bestPlaces(measure.alongAxis(), direction.axis, allowed.starts, most)) {
-        const VXCropReason bySalience
-            = place.isCentre ? VXCropReason::Centre : VXCropReason::Salience;
-        found.append(measure.at(place.start, allowed.reason.value_or(bySalience)));
+    for (const Place& place : placesWithFaces(measure, direction, faces, allowed.starts, most)) {
+        const bool isOfFaces
+            = !faces.isEmpty() && found.isEmpty() && place.start != startWithoutFaces;
+        const VXCropReason reason = isOfFaces ? VXCropReason::Faces
+            : place.isCentre                  ? VXCropReason::Centre
+                                              : VXCropReason::Salience;
+        found.append(measure.at(place.start, isOfFaces ? reason : allowed.reason.value_or(reason)));
     }
     return found;
 }

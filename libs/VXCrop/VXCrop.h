@@ -22,6 +22,11 @@ struct VXCropConstraints {
     /// The centre of the window, 0 to 1 across and down the picture, as far as the frame allows. It
     /// wins over all else; what is not a number is taken as 0.5.
     std::optional<QPointF> focus;
+    /// The boxes of faces, from brow to chin, in picture pixels: each draws the window as a fifth of the picture's
+    /// salience would, in an ellipse over its box extended downwards by half its height. A face that then has 30 % or
+    /// more in the window is shown whole if it can be, the largest first; the window moves as little as it
+    /// must. Areas to keep and to avoid come first. What lies outside the picture is ignored.
+    QVector<QRect> faces = {};
 };
 
 /// What put a window where it is.
@@ -30,6 +35,7 @@ enum class VXCropReason {
     Focus, ///< it is centred on the point of focus
     Keep, ///< areas to keep left only some places
     Avoid, ///< areas to avoid left only some places
+    Faces, ///< without its faces it would be elsewhere
     Salience, ///< it holds the most salience
     Centre, ///< no place holds noticeably more salience than the centre
 };
@@ -127,7 +133,7 @@ public:
 
     /// The window() and other windows of the same shape that overlap it and each other by less than
     /// half, each the one that holds most of what is left to choose from: at most \a most of them,
-    /// none for less than 1. \a ratio and \a constraints are as for window().
+    /// none for less than 1. Only the first is moved to show faces whole. \a ratio and \a constraints are as for window().
     QVector<VXCropWindow> windows(
         const QSize& ratio, int most, const VXCropConstraints& constraints = {}) const;
 

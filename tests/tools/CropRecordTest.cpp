@@ -76,8 +76,9 @@ TEST(CropRecord, isReadAsItWasWritten)
         record.crops.first().outputPath = QStringLiteral("out.png");
         EXPECT_EQ(readBack(record).toJson(), record.toJson());
     }
-    for (const VXCropReason reason : { VXCropReason::WholePicture, VXCropReason::Focus,
-             VXCropReason::Keep, VXCropReason::Salience, VXCropReason::Centre }) {
+    for (const VXCropReason reason :
+        { VXCropReason::WholePicture, VXCropReason::Focus, VXCropReason::Keep, VXCropReason::Faces,
+            VXCropReason::Salience, VXCropReason::Centre }) {
         record.crops.first().chosen.reason = reason;
         EXPECT_EQ(readBack(record).toJson(), record.toJson());
     }

@@ -12,11 +12,12 @@ struct NamedReason {
     const char* name;
 };
 
-constexpr std::array<NamedReason, 6> reasons { {
+constexpr std::array<NamedReason, 7> reasons { {
     { VXCropReason::WholePicture, "whole" },
     { VXCropReason::Focus, "focus" },
     { VXCropReason::Keep, "keep" },
     { VXCropReason::Avoid, "avoid" },
+    { VXCropReason::Faces, "faces" },
     { VXCropReason::Salience, "salience" },
     { VXCropReason::Centre, "centre" },
 } };

@@ -10,7 +10,7 @@
 
 namespace host {
 
-/// The name of \a reason in records: "whole", "focus", "keep", "avoid", "salience", "centre".
+/// The name of \a reason in records: "whole", "focus", "keep", "avoid", "faces", "salience", "centre".
 QString nameOf(VXCropReason reason);
 
 /// The reason that records call \a name; none when there is no such reason.
