@@ -1,6 +1,6 @@
 """docs/options.md"""
 
-HEADINGS = (("Places", "Places in names of files"), ("Presets", "Presets"), ("Methods", "Methods"),
+HEADINGS = (("Places", "Placeholders in file names"), ("Presets", "Presets"), ("Methods", "Methods"),
             ("Settings", "Settings of the histogram method"))
 
 
@@ -35,7 +35,7 @@ def lines(program):
         yield ""
         yield f"## {title}"
         yield ""
-        yield from table("name", "what it stands for", program.section(heading))
+        yield from table("name", "meaning", program.section(heading))
     yield ""
     yield "## Exit codes"
     yield ""
