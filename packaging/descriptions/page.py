@@ -19,9 +19,10 @@ def command_lines(command):
     yield "| option | value | what it does |"
     yield "|---|---|---|"
     for option in command.options:
+        text = option.full_text.replace("#", "\\#")  # which the reference would take for a link
         names = ", ".join(f"`{name}`" for name in option.names)
         value = f"`{option.value}`" if option.value else ""
-        yield f"| {names} | {value} | {option.full_text} |"
+        yield f"| {names} | {value} | {text} |"
 
 
 def lines(program):
