@@ -1,5 +1,7 @@
 #include "LiteralAnalysis.h"
 
+#include "Pictures.h"
+
 #include <VXRegionOfInterest/VXGaussianBlur.h>
 
 #include "kernels/Blend.h"
@@ -12,12 +14,6 @@
 #include "support/PlainHistogramROI.h"
 
 namespace reference = vx::kernels::reference;
-
-namespace {
-
-QImage mapFor(const QImage& image) { return QImage(image.size(), QImage::Format_ARGB32); }
-
-} // namespace
 
 QImage benchmarks::literalEdges(const QImage& image)
 {

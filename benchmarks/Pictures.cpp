@@ -76,3 +76,8 @@ const QImage& benchmarks::picture(Kind kind, const QSize& size)
         image = drawn(kind, size);
     return image;
 }
+
+QImage benchmarks::mapFor(const QImage& image)
+{
+    return QImage(image.size(), QImage::Format_ARGB32);
+}

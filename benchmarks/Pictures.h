@@ -21,7 +21,10 @@ const char* nameOf(Kind kind);
 /// The sizes that are measured, in ascending order.
 const QVector<QSize>& sizes();
 
-/// A picture, RGB32 or ARGB32; drawn when it is asked for the first time.
+/// A picture, RGB32 or ARGB32; drawn when it is first asked for.
 const QImage& picture(Kind kind, const QSize& size);
+
+/// An ARGB32 image of the size of \a image, its pixels not yet set.
+QImage mapFor(const QImage& image);
 
 } // namespace benchmarks

@@ -1,4 +1,4 @@
-// A host that analyses one picture after the other, and nothing else: prints the milliseconds of a call.
+// A host that analyses a picture again and again and does nothing else: prints the milliseconds of one call.
 
 #include <VXRegionOfInterest/VXSalienzMixer.h>
 

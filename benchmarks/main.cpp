@@ -35,7 +35,10 @@ int main(int argc, char** argv)
     benchmark::AddCustomContext("build", VXROI_BUILD_TYPE);
     benchmark::AddCustomContext("loops", vx::kernels::fastestRowLoops().name);
     benchmark::AddCustomContext("qt", qVersion());
-    benchmarks::registerAll();
+    benchmarks::registerClasses();
+    benchmarks::registerCrops();
+    benchmarks::registerLoops();
+    benchmarks::registerProcesses();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

@@ -1,4 +1,4 @@
-// scaled-decode PICTURE...: decodes each as far as it would be analysed, and nothing else.
+// scaled-decode PICTURE...: decodes each at the size at which it would be analysed, and does nothing else.
 #include "host/picture/Decoder.h"
 
 #include <VXCrop/VXCrop.h>

@@ -1,5 +1,5 @@
-# What `cmake --install` puts where. Nothing that is installed names a folder of this machine: the
-# files find each other by where they lie, so that the tree may be moved.
+# What `cmake --install` puts where. Installed files name no folder of this machine: they find each other
+# by relative paths, so that the tree may be moved.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -26,7 +26,7 @@ install(FILES
     DESTINATION "${vx_package_dir}"
     COMPONENT development)
 
-# vx_install_relative(<template> <folder>): installs a file in which @vx_prefix@ is the way from the
+# vx_install_relative(<template> <folder>): installs a file in which @vx_prefix@ is the path from the
 # folder up to the prefix.
 function(vx_install_relative template folder)
     file(RELATIVE_PATH vx_prefix "/prefix/${folder}" "/prefix")
@@ -42,6 +42,10 @@ vx_install_relative(cmake/VXCrop.pri.in "${vx_qmake_dir}")
 
 # In an installed tree the libraries find each other in the same folder.
 set_target_properties(VXCrop PROPERTIES INSTALL_RPATH "$ORIGIN")
+
+# Programs to start from.
+install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libvxregionofinterest-dev"
+    COMPONENT development)
 
 # vx_compressed(<file> <folder> <component>): installs a file compressed, as manuals and changelogs are.
 find_program(vx_gzip gzip REQUIRED)
@@ -76,10 +80,12 @@ if(VXROI_BUILD_TOOLS)
 endif()
 
 set(vx_documentation_dir "${CMAKE_INSTALL_DATADIR}/doc/libvxregionofinterest-doc")
-install(FILES README.md CHANGELOG.md DESTINATION "${vx_documentation_dir}" COMPONENT documentation)
+# All that the guides link is beside them.
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${vx_documentation_dir}" COMPONENT documentation)
+install(DIRECTORY examples DESTINATION "${vx_documentation_dir}" COMPONENT documentation)
 install(DIRECTORY docs DESTINATION "${vx_documentation_dir}" COMPONENT documentation
     PATTERN reference EXCLUDE)
 install(DIRECTORY contrib DESTINATION "${vx_documentation_dir}" COMPONENT documentation USE_SOURCE_PERMISSIONS)
-# Where the target `reference` has been built.
+# Only if the target `reference` has been built.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/reference/html/" DESTINATION "${vx_documentation_dir}/reference"
     COMPONENT documentation OPTIONAL)

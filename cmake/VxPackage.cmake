@@ -11,7 +11,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/libs")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# vx_package(<component> <name> <section> <description>): a package, and what every package has beside
+# vx_package(<component> <name> <section> <description>): a package, with what every package has besides
 # the files of its component.
 function(vx_package component name section description)
     string(TOUPPER "${component}" key)
@@ -29,7 +29,7 @@ set(vx_same_library "${vx_library_package} (= ${PROJECT_VERSION})")
 
 vx_package(library "${vx_library_package}" libs
 "This package has the shared libraries that compute salience maps and choose
-what to keep of pictures when they are cropped or framed.")
+what to keep when pictures are cropped or framed.")
 file(WRITE "${PROJECT_BINARY_DIR}/shlibs"
     "libVXRegionOfInterest ${PROJECT_VERSION_MAJOR} ${vx_library_package}\n"
     "libVXCrop ${PROJECT_VERSION_MAJOR} ${vx_library_package}\n")
@@ -38,7 +38,7 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
 
 vx_package(development libvxregionofinterest-dev libdevel
 "This package has what is needed to build programs with the libraries:
-headers, and packages for CMake, pkg-config and qmake.")
+headers, packages for CMake, pkg-config and qmake, and examples.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${vx_same_library}, qtbase5-dev")
 
 vx_package(tools vxroi graphics
@@ -48,7 +48,7 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${vx_same_library}")
 
 vx_package(viewer vxroi-viewer graphics
 "This package has a window that shows the salience map over a picture and
-the crop that keeps most of it.")
+the crop that keeps the most of it.")
 set(CPACK_DEBIAN_VIEWER_PACKAGE_DEPENDS "${vx_same_library}")
 
 vx_package(documentation libvxregionofinterest-doc doc

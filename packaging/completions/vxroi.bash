@@ -3,7 +3,7 @@ _vxroi()
 {
     COMPREPLY=()
     local word=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} words=
-    # --option=value comes as three words.
+    # --option=value arrives as three words.
     if [ "$word" = = ]; then
         word=
     elif [ "$option" = = ]; then
@@ -66,7 +66,7 @@ _vxroi()
         esac
     fi
     [ -z "$words" ] || COMPREPLY=($(compgen -W "$words" -- "$word"))
-    # The number follows at once. Outside a completion there is nothing to set.
+    # The number follows without a blank. Outside a completion, there is no option to set.
     [[ ${COMPREPLY[0]-} != *= ]] || compopt -o nospace 2>/dev/null
 }
 complete -o default -F _vxroi vxroi

@@ -6,7 +6,7 @@ import textwrap
 
 LINE_LENGTH = 78
 
-PLACEHOLDERS = "In the names of outputs and maps that belong to many pictures, these stand for parts of each one's name."
+PLACEHOLDERS = "In the names of outputs and maps for several pictures, these stand for parts of each picture's name."
 
 
 def escaped(text):
@@ -14,14 +14,14 @@ def escaped(text):
 
 
 def paragraph(text):
-    """Text in lines of a fair length, none of which is taken for a request."""
+    """Text in lines of moderate length, none of which roff takes for a request."""
     for line in textwrap.wrap(escaped(text), LINE_LENGTH, break_long_words=False,
                               break_on_hyphens=False):
         yield "\\&" + line if line.startswith(".") else line
 
 
 def definitions(pairs):
-    """What stands at the margin, ready for roff, and its explanation."""
+    """Terms at the margin, ready for roff, and their explanations."""
     for term, text in pairs:
         yield ".TP"
         yield term
@@ -49,7 +49,7 @@ def synopsis(program):
 
 
 def examples_section(examples):
-    """Out of a page: the paragraphs, and the commands in the blocks below them."""
+    """The paragraphs of a page, and the commands in the blocks below them."""
     yield ".SH EXAMPLES"
     blocks = re.findall(r"^([^\n#`][^`]*?)\n\n```sh\n(.*?)\n```$", examples, re.MULTILINE | re.DOTALL)
     for number, (text, command) in enumerate(blocks):
@@ -65,7 +65,7 @@ def examples_section(examples):
 
 
 def date_of(changelog):
-    """The date of the newest version, as in a page's footer."""
+    """The date of the newest version, as a manual page's footer has it."""
     text = re.search(r"^ -- .*>  (.*)$", changelog, re.MULTILINE).group(1)
     return datetime.datetime.strptime(text, "%a, %d %b %Y %H:%M:%S %z").strftime("%Y-%m-%d")
 
@@ -81,7 +81,7 @@ def lines(program, examples, changelog):
         yield f".SH {command.name.upper()}"
         yield from paragraph(f"{command.text}.")
         yield from definitions((term_of(option), option.full_text) for option in command.options)
-    yield from names_section("PLACEHOLDERS IN NAMES", PLACEHOLDERS, program.section("Placeholders"))
+    yield from names_section("PLACEHOLDERS", PLACEHOLDERS, program.section("Placeholders"))
     yield from names_section("PRESETS", "What --preset takes.",
                              program.section("Presets"))
     yield from names_section("METHODS", "What --weight takes, each with a weight from -1000 to 1000.",

@@ -1,6 +1,6 @@
 """docs/options.md"""
 
-HEADINGS = (("Placeholders", "Placeholders in names of files"), ("Presets", "Presets"), ("Methods", "Methods"),
+HEADINGS = (("Placeholders", "Placeholders in file names"), ("Presets", "Presets"), ("Methods", "Methods"),
             ("Settings", "Settings of the histogram method"))
 
 
@@ -19,9 +19,10 @@ def command_lines(command):
     yield "| option | value | what it does |"
     yield "|---|---|---|"
     for option in command.options:
+        text = option.full_text.replace("#", "\\#")  # which the reference would take for a link
         names = ", ".join(f"`{name}`" for name in option.names)
         value = f"`{option.value}`" if option.value else ""
-        yield f"| {names} | {value} | {option.full_text} |"
+        yield f"| {names} | {value} | {text} |"
 
 
 def lines(program):
@@ -35,7 +36,7 @@ def lines(program):
         yield ""
         yield f"## {title}"
         yield ""
-        yield from table("name", "what it stands for", program.section(heading))
+        yield from table("name", "meaning", program.section(heading))
     yield ""
     yield "## Exit codes"
     yield ""

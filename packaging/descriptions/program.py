@@ -1,13 +1,13 @@
-"""What a program's --help tells of its commands, options and names."""
+"""What a program's --help says about its commands, options and names."""
 
 import dataclasses
 import re
 import subprocess
 
-# Values that hold the sign that otherwise stands before a default.
+# Values that contain the sign that otherwise precedes a default.
 ASSIGNMENTS = ("METHOD=N", "SETTING=N")
 
-# The sections of names that stand for an option's value, and what follows a name.
+# The section that lists an option's values, by what stands for the value, and what is typed after a name.
 SECTION_OF_VALUE = {"PRESET": ("Presets", ""), "METHOD=N": ("Methods", "="), "SETTING=N": ("Settings", "=")}
 
 
@@ -15,7 +15,7 @@ SECTION_OF_VALUE = {"PRESET": ("Presets", ""), "METHOD=N": ("Methods", "="), "SE
 class Option:
     names: list  # "-o", "--output"; a positional has one without a dash
     value: str  # what stands for its value, "" for a switch
-    words: list  # pairs of a word that the value is or begins with, when they are few, and what it means
+    words: list  # pairs: a word that the value is or begins with, if there are few, and what it means
     default: str
     text: str
 
@@ -25,7 +25,7 @@ class Option:
 
     @property
     def choices(self):
-        """The values that are not explained."""
+        """The values that have no explanation."""
         return [word for word, meaning in self.words if not meaning]
 
     @property
@@ -53,7 +53,7 @@ class Command:
 
 
 def entries(help_text, *headings):
-    """Pairs of the two columns below the headings, long left columns joined with their line."""
+    """Pairs of the two columns below the headings; a long left column has its right one on the next line."""
     section = ""
     left = None
     for line in help_text.splitlines():
@@ -74,7 +74,7 @@ def entries(help_text, *headings):
 
 
 def option_from(spelling, text, sections):
-    """An option out of the left column of --help, such as "-o,--output FILE=x REQUIRED"."""
+    """An option from the left column of --help, such as "-o,--output FILE=x REQUIRED"."""
     spelling = re.sub(r" (REQUIRED|Needs: \S+|Excludes: \S+|\.\.\.)", "", spelling)
     names, _, value = spelling.partition(" ")
     default, kind = "", ""
@@ -92,7 +92,7 @@ def option_from(spelling, text, sections):
 
 
 class Program:
-    """A program as it describes itself."""
+    """A program, as it describes itself."""
 
     def __init__(self, path):
         self.path = path

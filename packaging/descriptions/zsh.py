@@ -12,7 +12,7 @@ def in_brackets(text):
 
 
 def action(option):
-    """How an option's value is completed."""
+    """What completes an option's value."""
     if not option.value:
         return ""
     value = f":{option.value}:"
@@ -24,7 +24,7 @@ def action(option):
 
 
 def explained(program, heading, end):
-    """A function that offers the names of a section with their meanings."""
+    """A function that offers the names in a section with their meanings."""
     yield f"_vxroi_{heading.lower()}() {{"
     yield "    local -a names=("
     for name, meaning in program.section(heading):

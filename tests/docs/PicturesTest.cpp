@@ -6,7 +6,7 @@
 
 namespace {
 
-// The mean difference of the channels of two pictures of one size.
+// The mean difference of the channels of two pictures of the same size.
 double meanDifference(const QImage& a, const QImage& b)
 {
     long long sum = 0;
@@ -23,7 +23,7 @@ double meanDifference(const QImage& a, const QImage& b)
 
 } // namespace
 
-// The pictures are JPEGs, so they may differ by what compression costs, and by no more.
+// The pictures are JPEGs, so they may differ by the loss of the compression, and by no more.
 TEST(Pictures, showWhatTheLibraryDoesToday)
 {
     for (const figures::Figure& figure : figures::drawFigures()) {

@@ -1,4 +1,4 @@
-"""check_excerpts.py ROOT: what the pages show of the examples stands in the examples, line by line."""
+"""check_excerpts.py ROOT: what the pages quote from the examples is in the examples, line by line."""
 
 import pathlib
 import sys

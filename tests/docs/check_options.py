@@ -1,7 +1,7 @@
-"""check_options.py VXROI SOURCE: the pages about options tell what the program's --help tells.
+"""check_options.py VXROI SOURCE: the pages about options say what the program's --help says.
 
-They are what packaging/describe makes of it now; and, read on their own, each of them names for each
-command the same options as --help.
+They are what packaging/describe makes from it now; and each of them, read on its own, names the same options as
+--help for each command.
 """
 
 import pathlib
@@ -30,7 +30,7 @@ with tempfile.TemporaryDirectory() as folder:
     for path in made:
         name = path.relative_to(folder)
         if path.read_bytes() != (source / name).read_bytes():
-            problems.append(f"{name} is not what packaging/describe makes of the program")
+            problems.append(f"{name} is not what packaging/describe makes from the program")
 
 page = text_of("docs/options.md")
 manual = text_of("packaging/vxroi.1").replace("\\-", "-")
@@ -58,7 +58,7 @@ for command in commands:
     }
     for where, named in sections.items():
         for option in told ^ set(named):
-            problems.append(f"{where}, {command}: {option} is in one of it and --help only")
+            problems.append(f"{where}, {command}: {option} is in only one of it and --help")
 
 names = re.findall(r"^  ([a-z0-9{}-]+) {2,}\S", help_of("crop").partition("\nPlaceholders:\n")[2], re.MULTILINE)
 assert {"{stem}", "photo", "gauss", "bins1"} <= set(names), names

@@ -1,7 +1,7 @@
-"""check_presets.py EVALUATE PAGE: the page's table is what the program prints of the photographs in the
+"""check_presets.py EVALUATE PAGE: the page's table is what the program prints for the photographs in the
 folder that VXROI_PHOTOGRAPHS names.
 
-Exit code 77, a skipped test, when it names none.
+Exit code 77, a skipped test, if it is not set.
 """
 
 import os
@@ -19,7 +19,7 @@ lines = page.read_text(encoding="utf-8").splitlines()
 start = next(i for i, line in enumerate(lines) if line.startswith("| | all | even"))
 shown = [line for line in lines[start:start + 40] if line.startswith("|")]
 rows = [line.split("|")[1].strip().rpartition(", ")[0] for line in shown[2:]]
-names = rows[2:len(rows) // 3]  # of the first of three ratios, after the centre and the best windows
+names = rows[2:len(rows) // 3]  # for the first of three ratios, after the centre and the best crops
 assert names[:2] == ["photo", "library"], names
 printed = subprocess.run([evaluate, photographs, *names], check=True, stdout=subprocess.PIPE,
                          text=True).stdout.splitlines()

@@ -1,6 +1,6 @@
 """check_records.py SCHEMA VXROI SCENES: every kind of record that vxroi prints follows the schema.
 
-And a few that it must not print do not.
+A few that it must not print do not.
 """
 
 import copy

@@ -1,4 +1,4 @@
-"""The project's pages and what stands in them."""
+"""The project's pages and their contents."""
 
 import pathlib
 import re
@@ -13,18 +13,18 @@ def pages(root):
 
 
 def recipes(root):
-    """The pages of the recipes, likewise; scripts/prove-cluster runs what they show."""
+    """The pages of the recipes, likewise; scripts/prove-cluster runs the commands that they show."""
     for path in sorted(pathlib.Path(root).glob("contrib/**/*.md")):
         yield path, path.read_text(encoding="utf-8")
 
 
 def blocks(text, language):
-    """The code blocks of a language in a page's text."""
+    """The code blocks of one language in a page's text."""
     return re.findall(rf"^```{language}\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)
 
 
 def draw_photo(scenes_program, folder):
-    """Puts photo.jpg, the picture that the pages speak of, and photos/, a folder of them, into a folder."""
+    """Puts photo.jpg, the picture that the pages use, and photos/, a folder of pictures, into a folder."""
     folder = pathlib.Path(folder)
     (folder / "photos").mkdir()
     subprocess.run([scenes_program, folder / "photos"], check=True, stdout=subprocess.DEVNULL)

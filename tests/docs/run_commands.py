@@ -1,7 +1,7 @@
 """run_commands.py ROOT VXROI_FOLDER SCENES_PROGRAM: runs every command that the pages show.
 
-Commands of the project's own scripts run in its folder, as the pages say; all others in a folder with
-a photo.jpg and a folder photos, a new one for each page, and with vxroi on the path.
+The project's own scripts run in its folder, as the pages say. All other commands run in a folder with a photo.jpg
+and a folder photos, a new one for each page, and with vxroi on the path.
 """
 
 import os

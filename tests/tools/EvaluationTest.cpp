@@ -1,4 +1,4 @@
-#include "evaluate/Evaluation.h"
+#include "evaluate/Table.h"
 
 #include "SampleFiles.h"
 #include "host/HostError.h"
@@ -76,6 +76,18 @@ TEST_F(Evaluation, theIntervalIsThatOfTheMean)
     EXPECT_NEAR(summary.leastGain, 0.5 - 1.96 * 0.025, 0.005);
     EXPECT_NEAR(summary.mostGain, 0.5 + 1.96 * 0.025, 0.005);
     EXPECT_DOUBLE_EQ(summary.leastGain, evaluate::summaryOf(all).leastGain) << "in every run";
+}
+
+// The centre crop, columns 20 to 99, has none of the ten points; the best one has the eight at the left.
+TEST_F(Evaluation, tableBeginsWithTheCentreAndTheBestCrops)
+{
+    const QString table = evaluate::tableOf({ QStringLiteral("photo") }, { sample(), sample() });
+    EXPECT_TRUE(table.startsWith(QStringLiteral("| | all | even | odd |\n"
+                                                "|---|---:|---:|---:|\n"
+                                                "| centre, 1:1 | 0.0 % | 0.0 % | 0.0 % |\n"
+                                                "| best crops, 1:1 | 80.0 % | 80.0 % | 80.0 % |\n"
+                                                "| photo, 1:1 | ")))
+        << table.toStdString();
 }
 
 TEST_F(Evaluation, refusesPointsOfAnotherSize)

@@ -25,17 +25,6 @@ int mostPointsWithin(const QVector<int>& sums, int length)
     return most;
 }
 
-Kept meanOf(const QVector<Kept>& all)
-{
-    Kept mean;
-    for (const Kept& kept : all) {
-        mean.chosen += kept.chosen / all.size();
-        mean.centre += kept.centre / all.size();
-        mean.best += kept.best / all.size();
-    }
-    return mean;
-}
-
 double gainOf(const Kept& kept)
 {
     return kept.best > kept.centre ? (kept.chosen - kept.centre) / (kept.best - kept.centre) : 0;
@@ -89,6 +78,17 @@ double Sample::keptByBest(const QSize& window) const
         ? mostPointsWithin(columns, window.width())
         : mostPointsWithin(rows, window.height());
     return static_cast<double>(kept) / std::max(columns.last(), 1);
+}
+
+Kept meanOf(const QVector<Kept>& all)
+{
+    Kept mean;
+    for (const Kept& kept : all) {
+        mean.chosen += kept.chosen / all.size();
+        mean.centre += kept.centre / all.size();
+        mean.best += kept.best / all.size();
+    }
+    return mean;
 }
 
 Kept keptOf(const Sample& sample, const VXCropSettings& settings, const QSize& ratio)

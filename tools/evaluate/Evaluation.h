@@ -14,7 +14,7 @@ namespace evaluate {
 class Sample {
 public:
     /// \param points non-zero where a pixel counts; as large as the photograph.
-    /// \throws host::HostError when either is no picture, or they differ in size.
+    /// \throws host::HostError when either is not a picture, or they differ in size.
     Sample(const QString& photograph, const QString& points);
 
     const QSize& size() const { return pictureSize; }
@@ -24,7 +24,7 @@ public:
     /// when there are none.
     double keptBy(const QRect& window) const;
 
-    /// The share of the best window of \a window's size.
+    /// The share within the best window of that size.
     double keptByBest(const QSize& window) const;
 
 private:
@@ -41,19 +41,22 @@ struct Kept {
     double best = 0;
 };
 
-/// What crops of several photographs keep on average.
+/// What the crops of several photographs keep on average.
 struct Summary {
     Kept mean;
-    double gain
-        = 0; ///< over the centre, of what the best windows gain: 1 for those, below 0 when the centre keeps more
-    double leastGain = 0; ///< the gain of other such photographs is at least this, and
-    double mostGain = 0; ///< at most this, with a probability of 95 %
+    /// Over the centre crop, as a fraction of what the best crop gains: 1 for that, below 0 if the centre keeps more.
+    double gain = 0;
+    double leastGain = 0; ///< the lower end of the 95 % confidence interval of the gain
+    double mostGain = 0; ///< its upper end
 };
+
+/// What crops keep on average; none of anything for no crops.
+Kept meanOf(const QVector<Kept>& all);
 
 /// Crops a sample to \a ratio.
 Kept keptOf(const Sample& sample, const VXCropSettings& settings, const QSize& ratio);
 
-/// Sums up what photographs keep. The interval is that of 2000 bootstrap samples (percentile
+/// Summarises what crops keep. The interval is that of 2000 bootstrap samples (percentile
 /// method, B. Efron, "Bootstrap Methods: Another Look at the Jackknife", 1979), which are the same
 /// in every run.
 /// \pre \a all is not empty.

@@ -30,7 +30,7 @@ Figure readmeOverlay()
         host::drawOverlay(scene, crop.map(), crop.window(square).window) };
 }
 
-// A scene, its maps by the default and by the mixer's methods, their blend and the two crops.
+// A scene, its maps by the default method and by the mixer's methods, their blend, and the two crops.
 QVector<Figure> galleryOf(const QString& name, QImage scene)
 {
     const VXCrop photo(scene);

@@ -8,7 +8,7 @@ namespace scenes {
 
 /// A photo-like picture with a clear subject away from the middle.
 struct Scene {
-    QString name; ///< also the stem of its file
+    QString name; ///< also the stem of its file's name
     QImage (*draw)(); ///< draws it, an RGB32 image, the same at every call
 };
 
