@@ -2,12 +2,12 @@
 
 #include <VXRegionOfInterest/VXGaussianBlur.h>
 
-#include "kernels/Blend.h"
 #include "kernels/CentrePrior.h"
-#include "kernels/EdgeResponse.h"
 #include "kernels/GaussianBlur.h"
-#include "kernels/MaxFilter.h"
-#include "kernels/SurroundContrast.h"
+#include "kernels/blend/Blend.h"
+#include "kernels/dilation/MaxFilter.h"
+#include "kernels/edges/EdgeResponse.h"
+#include "kernels/surround/SurroundContrast.h"
 #include "support/GreyImage.h"
 #include "support/PlainHistogramROI.h"
 

@@ -1,6 +1,6 @@
 #include <VXRegionOfInterest/VXMaxFilter.h>
 
-#include "kernels/MaxFilter.h"
+#include "kernels/dilation/MaxFilter.h"
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"

@@ -1,7 +1,7 @@
 #include <VXRegionOfInterest/VXSalienzAchanta.h>
 
-#include "kernels/MaxFilter.h"
-#include "kernels/SurroundContrast.h"
+#include "kernels/dilation/MaxFilter.h"
+#include "kernels/surround/SurroundContrast.h"
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"

@@ -1,8 +1,8 @@
-#include "kernels/ExactArithmetic.h"
+#include "kernels/image/ExactArithmetic.h"
 
 #include "VXDisjointSet.h"
 
-#include "kernels/Wrapping.h"
+#include "kernels/image/Wrapping.h"
 
 #include <QSize>
 

@@ -1,7 +1,7 @@
 #include "VXGaussROI.h"
 
 #include "kernels/CentrePrior.h"
-#include "kernels/Levels.h"
+#include "kernels/image/Levels.h"
 
 VXGaussROI::VXGaussROI() = default;
 

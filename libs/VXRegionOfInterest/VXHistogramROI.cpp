@@ -2,10 +2,10 @@
 
 #include "VXDisjointSet.h"
 #include "VXSegmentEdge.h"
-#include "kernels/BlockHistograms.h"
-#include "kernels/ImageMemory.h"
-#include "kernels/LumaChroma.h"
-#include "kernels/PixelWords.h"
+#include "kernels/histogram/BlockHistograms.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/LumaChroma.h"
+#include "kernels/image/PixelWords.h"
 
 #include <algorithm>
 #include <array>

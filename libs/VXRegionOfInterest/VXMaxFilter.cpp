@@ -1,6 +1,6 @@
 #include "VXMaxFilter.h"
 
-#include "kernels/MaxFilter.h"
+#include "kernels/dilation/MaxFilter.h"
 
 VXMaxFilter::VXMaxFilter(int filterSize, int spreadThreshold)
     : size(filterSize)

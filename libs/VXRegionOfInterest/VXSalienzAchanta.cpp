@@ -1,9 +1,9 @@
 #include "VXSalienzAchanta.h"
 
-#include "kernels/Levels.h"
-#include "kernels/PixelWords.h"
-#include "kernels/Planes.h"
-#include "kernels/SurroundContrast.h"
+#include "kernels/image/Levels.h"
+#include "kernels/image/PixelWords.h"
+#include "kernels/image/Planes.h"
+#include "kernels/surround/SurroundContrast.h"
 
 #include <algorithm>
 

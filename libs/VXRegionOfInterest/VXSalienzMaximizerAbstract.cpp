@@ -1,6 +1,6 @@
 #include "VXSalienzMaximizerAbstract.h"
 
-#include "kernels/Wrapping.h"
+#include "kernels/image/Wrapping.h"
 
 // Sums wrap instead of overflowing, whatever values a host hands in.
 using vx::kernels::wrappingDifference;

@@ -5,14 +5,14 @@
 #include "VXSalienzAchanta.h"
 #include "VXSobelROI.h"
 #include "VXVeryImportantAreasROI.h"
-#include "kernels/Blend.h"
 #include "kernels/CentrePrior.h"
-#include "kernels/ImageMemory.h"
-#include "kernels/Levels.h"
-#include "kernels/MaxFilter.h"
-#include "kernels/PixelWords.h"
-#include "kernels/SurroundContrast.h"
-#include "kernels/Wrapping.h"
+#include "kernels/blend/Blend.h"
+#include "kernels/dilation/MaxFilter.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/Levels.h"
+#include "kernels/image/PixelWords.h"
+#include "kernels/image/Wrapping.h"
+#include "kernels/surround/SurroundContrast.h"
 
 #include <algorithm>
 #include <array>

@@ -2,9 +2,9 @@
 
 #include "VXGaussianBlur.h"
 #include "VXMaxFilter.h"
-#include "kernels/EdgeResponse.h"
-#include "kernels/ImageMemory.h"
-#include "kernels/PixelWords.h"
+#include "kernels/edges/EdgeResponse.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/PixelWords.h"
 
 #include <cstdlib>
 #include <typeinfo>

@@ -1,6 +1,6 @@
 #include "VXVeryImportantAreasROI.h"
 
-#include "kernels/ImageMemory.h"
+#include "kernels/image/ImageMemory.h"
 
 #include <QDebug>
 #include <QMessageLogger>

@@ -1,4 +1,4 @@
-#include "kernels/Levels.h"
+#include "kernels/image/Levels.h"
 
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"

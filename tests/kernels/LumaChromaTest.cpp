@@ -1,5 +1,5 @@
-#include "kernels/LumaChroma.h"
-#include "kernels/PixelWords.h"
+#include "kernels/image/LumaChroma.h"
+#include "kernels/image/PixelWords.h"
 
 #include "support/TestImages.h"
 #include "support/Variants.h"

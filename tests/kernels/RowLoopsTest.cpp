@@ -1,4 +1,4 @@
-#include "kernels/loops/RowLoops.h"
+#include "kernels/RowLoops.h"
 
 #include <gtest/gtest.h>
 

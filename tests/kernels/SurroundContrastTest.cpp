@@ -1,7 +1,7 @@
-#include "kernels/SurroundContrast.h"
+#include "kernels/surround/SurroundContrast.h"
 
-#include "kernels/ContrastEstimates.h"
-#include "kernels/Contrasts.h"
+#include "kernels/surround/ContrastEstimates.h"
+#include "kernels/surround/Contrasts.h"
 
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernels/Levels.h"
+#include "kernels/image/Levels.h"
 
 #include <QImage>
 

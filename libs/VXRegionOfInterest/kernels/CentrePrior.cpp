@@ -1,8 +1,8 @@
-#include "ExactArithmetic.h"
+#include "image/ExactArithmetic.h"
 
 #include "CentrePrior.h"
 
-#include "Levels.h"
+#include "image/Levels.h"
 
 #include <algorithm>
 #include <cmath>

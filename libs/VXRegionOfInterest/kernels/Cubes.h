@@ -1,6 +1,6 @@
 #pragma once
 
-#include "loops/RowLoops.h"
+#include "RowLoops.h"
 
 #include <QImage>
 #include <QSize>

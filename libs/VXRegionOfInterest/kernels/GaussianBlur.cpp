@@ -1,6 +1,6 @@
 #include "GaussianBlur.h"
 
-#include "PixelWords.h"
+#include "image/PixelWords.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,9 +1,9 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "../background/BackgroundMap.h"
 
-#include "../PixelWords.h"
 #include "../background/Lab.h"
+#include "../image/PixelWords.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "../MaxFilter.h"
+#include "../dilation/MaxFilter.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
-#include "../SurroundContrast.h"
+#include "../surround/SurroundContrast.h"
 
-#include "../Levels.h"
-#include "../LumaChroma.h"
-#include "../PixelWords.h"
-#include "../Planes.h"
+#include "../image/Levels.h"
+#include "../image/LumaChroma.h"
+#include "../image/PixelWords.h"
+#include "../image/Planes.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "AlignedArray.h"
+#include "../RowLoops.h"
+#include "../image/AlignedArray.h"
 #include "SurroundSpan.h"
-#include "loops/RowLoops.h"
 
 #include <QImage>
 

@@ -1,6 +1,6 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
-#include "RowLoops.h"
+#include "../RowLoops.h"
 
 #ifdef __SSE2__
 #include <immintrin.h>
@@ -53,20 +53,20 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 // These first, because others stand on them.
 #include "Vectors.inl"
 
-#include "Numbers.inl"
+#include "../image/Numbers.inl"
 
-#include "Pixels.inl"
+#include "../image/Pixels.inl"
 
-#include "Estimates.inl"
-#include "Surrounds.inl"
+#include "../surround/Estimates.inl"
+#include "../surround/Surrounds.inl"
 
-#include "Contrast.inl"
+#include "../surround/Contrast.inl"
 
-#include "Background.inl"
-#include "Blend.inl"
-#include "Chroma.inl"
-#include "Edges.inl"
-#include "Maximum.inl"
+#include "../background/Background.inl"
+#include "../blend/Blend.inl"
+#include "../dilation/Dilation.inl"
+#include "../edges/EdgeResponse.inl"
+#include "../histogram/ChromaBins.inl"
 
 } // namespace
 

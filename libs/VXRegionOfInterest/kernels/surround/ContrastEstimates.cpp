@@ -1,10 +1,10 @@
-#include "ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "ContrastEstimates.h"
 
+#include "../image/Levels.h"
+#include "../image/PixelWords.h"
 #include "ContrastTolerance.h"
-#include "Levels.h"
-#include "PixelWords.h"
 #include "SurroundSpan.h"
 
 #include <algorithm>

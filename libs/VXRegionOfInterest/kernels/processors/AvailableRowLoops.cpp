@@ -1,4 +1,4 @@
-#include "RowLoops.h"
+#include "../RowLoops.h"
 
 namespace vx::kernels::loops {
 extern const RowLoops plain;

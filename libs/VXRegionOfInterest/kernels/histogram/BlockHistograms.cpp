@@ -1,6 +1,6 @@
 #include "BlockHistograms.h"
 
-#include "PixelWords.h"
+#include "../image/PixelWords.h"
 
 vx::kernels::BlockHistograms::BlockHistograms(
     const QImage& image, const BlockGrid& blockGrid, const RowLoops& rowLoops)

@@ -1,7 +1,7 @@
 #include "MaxFilter.h"
 
+#include "../image/PixelWords.h"
 #include "ColourSpreading.h"
-#include "PixelWords.h"
 #include "SlidingMaximum.h"
 
 #include <algorithm>

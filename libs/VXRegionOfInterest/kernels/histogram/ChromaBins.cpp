@@ -1,9 +1,9 @@
-#include "ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "ChromaBins.h"
 
-#include "PixelWords.h"
-#include "Wrapping.h"
+#include "../image/PixelWords.h"
+#include "../image/Wrapping.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AlignedArray.h"
-#include "loops/RowLoops.h"
+#include "../RowLoops.h"
+#include "../image/AlignedArray.h"
 
 namespace vx::kernels {
 

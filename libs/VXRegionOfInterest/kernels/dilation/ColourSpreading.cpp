@@ -1,6 +1,6 @@
 #include "ColourSpreading.h"
 
-#include "PixelWords.h"
+#include "../image/PixelWords.h"
 #include "SlidingMaximum.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "Blend.h"
 
-#include "AlignedArray.h"
-#include "PixelWords.h"
+#include "../image/AlignedArray.h"
+#include "../image/PixelWords.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "ExactArithmetic.h"
 
-#include "loops/RowLoops.h"
+#include "../RowLoops.h"
 
 #include <QImage>
 #include <QRgb>

@@ -1,10 +1,10 @@
-#include "ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "Contrasts.h"
 
-#include "Levels.h"
-#include "LumaChroma.h"
-#include "PixelWords.h"
+#include "../image/Levels.h"
+#include "../image/LumaChroma.h"
+#include "../image/PixelWords.h"
 
 #include <utility>
 
