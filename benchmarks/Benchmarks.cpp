@@ -24,6 +24,7 @@
 #include "kernels/blend/Blend.h"
 #include "kernels/dilation/MaxFilter.h"
 #include "kernels/edges/EdgeResponse.h"
+#include "kernels/histogram/HistogramLoops.h"
 #include "kernels/image/LumaChroma.h"
 #include "kernels/image/PixelWords.h"
 #include "kernels/image/RedSums.h"
@@ -230,8 +231,8 @@ void registerVariants()
             [loops](const QImage& image) {
                 QImage bins = mapFor(image);
                 for (int y = 0; y < image.height(); ++y)
-                    loops->chroma.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256,
-                        256, vx::kernels::writableWordRow(bins, y));
+                    loops->histogram.findChromaBins(vx::kernels::wordRow(image, y), image.width(),
+                        256, 256, vx::kernels::writableWordRow(bins, y));
                 return bins;
             },
             [](const QImage& image) {

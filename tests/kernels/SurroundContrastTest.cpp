@@ -3,6 +3,7 @@
 #include "kernels/surround/ContrastEstimates.h"
 #include "kernels/surround/Contrasts.h"
 
+#include "kernels/surround/SurroundLoops.h"
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/TestImages.h"
@@ -53,7 +54,7 @@ TEST(SurroundContrast, fastEqualsPlainWhereRoundingDecides)
 TEST(SurroundContrast, isExactForMoreRowsThanSumsCanHold)
 {
     for (const vx::kernels::RowLoops* const loops : vx::kernels::availableRowLoops()) {
-        const int runLength = loops->contrast.runLength;
+        const int runLength = loops->surround.runLength;
         const int mostRows = 2147483647 / (2 * runLength * 255);
         EXPECT_TRUE(vx::kernels::ContrastEstimates::canEstimate(QSize(1, mostRows), *loops));
         EXPECT_FALSE(vx::kernels::ContrastEstimates::canEstimate(QSize(1, mostRows + 1), *loops));

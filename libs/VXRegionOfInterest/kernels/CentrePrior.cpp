@@ -3,6 +3,7 @@
 #include "CentrePrior.h"
 
 #include "image/Levels.h"
+#include "image/NumberLoops.h"
 
 #include <algorithm>
 #include <cmath>

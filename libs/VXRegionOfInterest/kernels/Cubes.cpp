@@ -2,6 +2,7 @@
 
 #include "Cubes.h"
 
+#include "image/PixelLoops.h"
 #include "image/PixelWords.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "Cells.h"
 
 #include "../image/PixelWords.h"
+#include "BackgroundLoops.h"
 
 #include <array>
 

@@ -1,7 +1,9 @@
 #include "Blend.h"
 
 #include "../image/AlignedArray.h"
+#include "../image/PixelLoops.h"
 #include "../image/PixelWords.h"
+#include "BlendLoops.h"
 
 #include <algorithm>
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "../image/PixelWords.h"
 #include "ColourSpreading.h"
+#include "DilationLoops.h"
 #include "SlidingMaximum.h"
 
 #include <algorithm>

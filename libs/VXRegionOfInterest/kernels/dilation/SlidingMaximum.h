@@ -2,6 +2,7 @@
 
 #include "../RowLoops.h"
 #include "../image/AlignedArray.h"
+#include "DilationLoops.h"
 
 #include <QtGlobal>
 

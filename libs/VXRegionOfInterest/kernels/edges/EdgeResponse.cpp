@@ -1,6 +1,7 @@
 #include "EdgeResponse.h"
 
 #include "../image/PixelWords.h"
+#include "EdgeLoops.h"
 
 #include <algorithm>
 #include <vector>

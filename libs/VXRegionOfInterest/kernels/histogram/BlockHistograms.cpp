@@ -1,6 +1,7 @@
 #include "BlockHistograms.h"
 
 #include "../image/PixelWords.h"
+#include "HistogramLoops.h"
 
 vx::kernels::BlockHistograms::BlockHistograms(
     const QImage& image, const BlockGrid& blockGrid, const RowLoops& rowLoops)
@@ -26,7 +27,7 @@ vx::kernels::BinTables vx::kernels::BlockHistograms::ofRow(int row)
 void vx::kernels::BlockHistograms::findBins(int firstRow)
 {
     for (int y = 0; y < grid.block.height(); ++y)
-        loops.chroma.findChromaBins(wordRow(words, firstRow + y), width, grid.binRows,
+        loops.histogram.findChromaBins(wordRow(words, firstRow + y), width, grid.binRows,
             grid.binColumns, indices.get() + static_cast<std::ptrdiff_t>(y) * width);
 }
 

@@ -2,8 +2,10 @@
 
 #include "ChromaBins.h"
 
+#include "../image/NumberLoops.h"
 #include "../image/PixelWords.h"
 #include "../image/Wrapping.h"
+#include "HistogramLoops.h"
 
 #include <algorithm>
 #include <array>
@@ -32,7 +34,7 @@ void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
     BinCounts counts(bins.rows, bins.columns);
     std::vector<quint32> indices(static_cast<std::size_t>(words.width()));
     for (int y = 0; y < words.height(); ++y) {
-        loops.chroma.findBins(
+        loops.histogram.findBins(
             wordRow(words, y), words.width(), bins.rows, bins.columns, indices.data());
         counts.add(indices.data(), words.width());
     }
@@ -146,7 +148,7 @@ void vx::kernels::BinCounts::add(const quint32* indices, int count)
 
 void vx::kernels::BinCounts::moveInto(const Bins& bins, const RowLoops& loops)
 {
-    loops.chroma.sumTables(tables.data(), bins.rows, bins.columns, bins.values, bins.emptyRows);
+    loops.histogram.sumTables(tables.data(), bins.rows, bins.columns, bins.values, bins.emptyRows);
     std::fill_n(counts.get(), tableCount * stride, 0);
 }
 

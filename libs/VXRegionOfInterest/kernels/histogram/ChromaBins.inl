@@ -1,18 +1,4 @@
-// The histogram method's loops.
-
-void packLumaChroma(const QRgb* pixels, int count, QRgb* __restrict target)
-{
-    for (int i = 0; i < count; ++i) {
-        double luma;
-        double redDifference;
-        double blueDifference;
-        toLumaChroma(redOf(pixels[i]), greenOf(pixels[i]), blueOf(pixels[i]), luma, redDifference,
-            blueDifference);
-        target[i] = 0xFF000000U | static_cast<QRgb>(static_cast<int>(luma)) << 16U
-            | static_cast<QRgb>(static_cast<int>(blueDifference)) << 8U
-            | static_cast<QRgb>(static_cast<int>(redDifference));
-    }
-}
+// The loops of the chroma histograms.
 
 // A colour difference, given in thousandths, times a factor in thousandths, plus 128, truncated.
 //
@@ -108,10 +94,9 @@ void sumTables(
     }
 }
 
-constexpr ChromaLoops chromaLoops()
+constexpr HistogramLoops histogramLoops()
 {
-    ChromaLoops loops {};
-    loops.packLumaChroma = packLumaChroma;
+    HistogramLoops loops {};
     loops.findBins = findBins;
     loops.findChromaBins = findChromaBins;
     loops.sumTables = sumTables;

@@ -2,6 +2,7 @@
 
 #include "AlignedArray.h"
 #include "ImageMemory.h"
+#include "PixelLoops.h"
 #include "PixelWords.h"
 
 #include <memory>

@@ -1,6 +1,7 @@
 #include "PixelWords.h"
 
 #include "ImageMemory.h"
+#include "PixelLoops.h"
 
 #include <QColorSpace>
 #include <QPainter>

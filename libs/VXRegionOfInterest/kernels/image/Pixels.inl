@@ -55,5 +55,6 @@ constexpr PixelLoops pixelLoops()
     loops.readReds = readReds;
     loops.addReds = addReds;
     loops.measureReds = measureReds;
+    loops.packLumaChroma = packLumaChroma;
     return loops;
 }

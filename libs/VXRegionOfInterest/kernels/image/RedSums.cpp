@@ -1,5 +1,6 @@
 #include "RedSums.h"
 
+#include "PixelLoops.h"
 #include "PixelWords.h"
 
 #include <algorithm>

@@ -1,6 +1,14 @@
 #include "../image/ExactArithmetic.h"
 
 #include "../RowLoops.h"
+#include "../background/BackgroundLoops.h"
+#include "../blend/BlendLoops.h"
+#include "../dilation/DilationLoops.h"
+#include "../edges/EdgeLoops.h"
+#include "../histogram/HistogramLoops.h"
+#include "../image/NumberLoops.h"
+#include "../image/PixelLoops.h"
+#include "../surround/SurroundLoops.h"
 
 #ifdef __SSE2__
 #include <immintrin.h>
@@ -22,23 +30,10 @@ namespace {
 
 using namespace vx::kernels;
 
-VX_ALWAYS_INLINE double redOf(QRgb pixel) { return static_cast<int>(pixel >> 16U & 0xFFU); }
-VX_ALWAYS_INLINE double greenOf(QRgb pixel) { return static_cast<int>(pixel >> 8U & 0xFFU); }
-VX_ALWAYS_INLINE double blueOf(QRgb pixel) { return static_cast<int>(pixel & 0xFFU); }
-
 // Shifts, because not every processor multiplies vectors of 32-bit numbers.
 VX_ALWAYS_INLINE QRgb grey(QRgb byte) { return byte << 16U | byte << 8U | byte; }
 
 VX_ALWAYS_INLINE QRgb opaqueGrey(int level) { return 0xFF000000U | grey(static_cast<QRgb>(level)); }
-
-// See LumaChroma.h.
-VX_ALWAYS_INLINE void toLumaChroma(double red, double green, double blue, double& luma,
-    double& redDifference, double& blueDifference)
-{
-    luma = 0.299 * red + 0.587 * green + 0.114 * blue;
-    redDifference = (red - luma) * 0.713 + 128.0;
-    blueDifference = (blue - luma) * 0.564 + 128.0;
-}
 
 // a · b + c, where it does not matter whether the product is rounded.
 VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
@@ -55,6 +50,7 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 
 #include "../image/Numbers.inl"
 
+#include "../image/LumaChroma.inl"
 #include "../image/Pixels.inl"
 
 #include "../surround/Estimates.inl"
@@ -68,12 +64,21 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 #include "../edges/EdgeResponse.inl"
 #include "../histogram/ChromaBins.inl"
 
+constexpr PixelLoops ofPixels = pixelLoops();
+constexpr NumberLoops ofNumbers = numberLoops();
+constexpr BackgroundLoops ofBackground = backgroundLoops();
+constexpr BlendLoops ofBlend = blendLoops();
+constexpr DilationLoops ofDilation = dilationLoops();
+constexpr EdgeLoops ofEdges = edgeLoops();
+constexpr HistogramLoops ofHistogram = histogramLoops();
+constexpr SurroundLoops ofSurround = surroundLoops();
+
 } // namespace
 
 namespace vx::kernels::loops {
 
 extern const RowLoops VXROI_LOOPS;
-constexpr RowLoops VXROI_LOOPS = { VX_NAME_OF(VXROI_LOOPS), pixelLoops(), numberLoops(),
-    contrastLoops(), blendLoops(), chromaLoops(), edgeLoops(), dilationLoops(), backgroundLoops() };
+constexpr RowLoops VXROI_LOOPS = { VX_NAME_OF(VXROI_LOOPS), ofPixels, ofNumbers, ofBackground,
+    ofBlend, ofDilation, ofEdges, ofHistogram, ofSurround };
 
 } // namespace vx::kernels::loops

@@ -41,9 +41,9 @@ bool writeLevels(const double* contrasts, int count, const Tolerance& tolerance,
     return true;
 }
 
-constexpr ContrastLoops contrastLoops()
+constexpr SurroundLoops surroundLoops()
 {
-    ContrastLoops loops {};
+    SurroundLoops loops {};
     loops.runLength = lanes;
     loops.smoothAlong = smoothAlong;
     loops.moveSurrounds = moveSurrounds;

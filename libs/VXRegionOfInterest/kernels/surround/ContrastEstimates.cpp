@@ -15,7 +15,7 @@
 // and is read as a signed number. No surround has more rows than the image.
 bool vx::kernels::ContrastEstimates::canEstimate(const QSize& size, const RowLoops& loops)
 {
-    const int mostOfRow = 2 * loops.contrast.runLength * 255;
+    const int mostOfRow = 2 * loops.surround.runLength * 255;
     return size.height() <= INT_MAX / mostOfRow;
 }
 
@@ -86,7 +86,7 @@ bool vx::kernels::ContrastEstimates::writeLevels(QImage& levels) const
     for (int y = 0; y < height; ++y) {
         Tolerance inRow = tolerance(y);
         inRow.floor += ofLeast;
-        if (!loops.contrast.writeLevels(
+        if (!loops.surround.writeLevels(
                 row(y), width, inRow, valueRange.least, range, writableLevelRow(levels, y)))
             return false;
     }
@@ -117,7 +117,7 @@ void vx::kernels::ContrastEstimates::estimate()
         const double weights = smoothingWeights(y, height);
         const SurroundScale scale { sumScales.get(), squareScales.get(), weights / rows.count(),
             1.0 / (weights * weights) };
-        loops.contrast.estimateContrasts(width, surrounds(),
+        loops.surround.estimateContrasts(width, surrounds(),
             { smoothedRow(y - 1), smoothedRow(y), smoothedRow(y + 1) }, scale,
             values.get() + static_cast<std::ptrdiff_t>(y) * width, valueRange);
     }
@@ -129,7 +129,7 @@ void vx::kernels::ContrastEstimates::moveRows(int first, int last, bool adds)
     if (first > last)
         return;
     const QRgb* const second = first < last ? wordRow(words, last) : noPixels.get();
-    loops.contrast.moveSurrounds(wordRow(words, first), second, width, adds, surrounds());
+    loops.surround.moveSurrounds(wordRow(words, first), second, width, adds, surrounds());
 }
 
 vx::kernels::Surrounds vx::kernels::ContrastEstimates::surrounds() const
@@ -140,7 +140,7 @@ vx::kernels::Surrounds vx::kernels::ContrastEstimates::surrounds() const
 void vx::kernels::ContrastEstimates::smoothRow(int y)
 {
     if (y < height)
-        loops.contrast.smoothAlong(wordRow(words, y), width, smoothedRow(y));
+        loops.surround.smoothAlong(wordRow(words, y), width, smoothedRow(y));
 }
 
 vx::kernels::PackedRow vx::kernels::ContrastEstimates::smoothedRow(int y) const

@@ -5,6 +5,7 @@
 #include "../image/Levels.h"
 #include "../image/LumaChroma.h"
 #include "../image/PixelWords.h"
+#include "SurroundLoops.h"
 
 #include <utility>
 
@@ -86,7 +87,7 @@ void vx::kernels::Contrasts::writeLevels(QImage& levels) const
     }
     const AlignedArray<double> nothing(static_cast<std::size_t>(width), 0.0);
     for (int y = 0; y < height; ++y)
-        loops.contrast.writeLevels(row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range,
+        loops.surround.writeLevels(row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range,
             writableLevelRow(levels, y));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "../RowLoops.h"
 #include "../image/AlignedArray.h"
+#include "SurroundLoops.h"
 
 namespace vx::kernels {
 
