@@ -22,7 +22,7 @@
 #include "kernels/GaussianBlur.h"
 #include "kernels/background/BackgroundMap.h"
 #include "kernels/blend/Blend.h"
-#include "kernels/dilation/MaxFilter.h"
+#include "kernels/dilation/Dilation.h"
 #include "kernels/edges/EdgeResponse.h"
 #include "kernels/histogram/HistogramLoops.h"
 #include "kernels/image/LumaChroma.h"
@@ -129,7 +129,7 @@ void registerMethods()
         [](const QImage& image) { return VXGaussROI().evaluate(image); },
         [](const QImage& image) {
             return support::greyImage(
-                image.size(), [](QImage& levels) { reference::centrePrior(levels); });
+                image.size(), [](QImage& greyMap) { reference::centrePrior(greyMap); });
         } });
     registerEverywhere(ImageSubject { "VXBackgroundROI",
         [](const QImage& image) { return VXBackgroundROI().evaluate(image); },
@@ -160,7 +160,7 @@ void registerFilters()
         } });
     registerEverywhere(ImageSubject { "VXMaxFilter",
         [](const QImage& image) { return VXMaxFilter(90, 150).evaluate(image); },
-        [](const QImage& image) { return reference::maxFilter(image, 45, 150); } });
+        [](const QImage& image) { return reference::dilate(image, 45, 150); } });
     registerEverywhere(ImageSubject { "VXSobelROI::convolute",
         [](const QImage& image) { return VXSobelROI().convolute(image); },
         [](const QImage& image) {
@@ -217,16 +217,17 @@ void registerVariants()
         const std::string name = std::string("loops for ") + loops->name;
         const ImageSubject contrast { name + ": surround contrast",
             [loops](const QImage& image) {
-                return support::greyImage(image.size(),
-                    [&](QImage& levels) { vx::kernels::surroundContrast(image, levels, *loops); });
+                return support::greyImage(image.size(), [&](QImage& greyMap) {
+                    vx::kernels::surroundContrast(image, greyMap, *loops);
+                });
             },
             [](const QImage& image) {
                 return support::greyImage(image.size(),
-                    [&](QImage& levels) { reference::surroundContrast(image, levels); });
+                    [&](QImage& greyMap) { reference::surroundContrast(image, greyMap); });
             } };
         const ImageSubject filter { name + ": maximum filter, grey",
-            [loops](const QImage& image) { return vx::kernels::maxFilter(image, 45, 150, *loops); },
-            [](const QImage& image) { return reference::maxFilter(image, 45, 150); } };
+            [loops](const QImage& image) { return vx::kernels::dilate(image, 45, 150, *loops); },
+            [](const QImage& image) { return reference::dilate(image, 45, 150); } };
         const ImageSubject chroma { name + ": bins of chroma",
             [loops](const QImage& image) {
                 QImage bins = mapFor(image);
@@ -283,7 +284,7 @@ void registerMaximumFilterExtremes()
         for (const int arm : { 3, 45, 1000 }) {
             const ImageSubject filter { "VXMaxFilter with arms of " + std::to_string(arm),
                 [arm](const QImage& image) { return VXMaxFilter(2 * arm, 150).evaluate(image); },
-                [arm](const QImage& image) { return reference::maxFilter(image, arm, 150); }, 0 };
+                [arm](const QImage& image) { return reference::dilate(image, arm, 150); }, 0 };
             registerPair(filter, Kind::Bright, size);
             registerPair(filter, Kind::Dark, size);
         }

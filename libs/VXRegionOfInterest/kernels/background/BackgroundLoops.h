@@ -11,11 +11,11 @@ struct BackgroundLoops {
 
     /// Writes a row of opaque grey pixels, interpolated linearly between the grey values of \a cells cells.
     ///
-    /// The pixels from the end of the cell before up to \a ends of a cell lie between its grey value and the
-    /// next one; \a shares says how far along, 0 to 1. \pre \a levels has a value more than there are cells,
+    /// The pixels from the end of the previous cell up to \a ends of a cell lie between its grey value and the
+    /// next one; \a shares says how far along each is, 0 to 1. \pre \a greys has one value more than there are cells,
     /// and the last end is the width of the row.
-    void (*writeBetween)(
-        const float* levels, const int* ends, int cells, const float* shares, QRgb* pixels);
+    void (*interpolateRow)(
+        const float* greys, const int* ends, int cells, const float* shares, QRgb* pixels);
 };
 
 } // namespace vx::kernels

@@ -21,7 +21,7 @@ qint32 divisorOf(const QList<int>& weights)
     return sum == 0 ? 1 : static_cast<qint32>(sum);
 }
 
-// Whether no weighted sum of bytes exceeds what 16 bits hold.
+// Whether every weighted sum of bytes fits into 16 bits.
 bool areSumsSmall(const QList<int>& weights)
 {
     qint64 most = 0;
@@ -30,17 +30,17 @@ bool areSumsSmall(const QList<int>& weights)
     return most <= mostOfSmallSums;
 }
 
-bool haveAllOf(const QSize& size, const std::vector<MapView>& maps)
+bool cover(const QSize& size, const std::vector<MapView>& maps)
 {
     return std::all_of(maps.begin(), maps.end(), [&](const MapView& map) {
-        return map.width() >= size.width() && map.height() >= size.height();
+        return map.columnCount() >= size.width() && map.rowCount() >= size.height();
     });
 }
 
-// The levels of a row of several maps, each with a buffer of its own.
-class RowsOfLevels {
+// The rows of several maps, each with a buffer of its own.
+class MapRows {
 public:
-    RowsOfLevels(const std::vector<MapView>& blendedMaps, const RowLoops& rowLoops)
+    MapRows(const std::vector<MapView>& blendedMaps, const RowLoops& rowLoops)
         : maps(blendedMaps)
         , loops(rowLoops)
         , stride(widestOf(maps))
@@ -50,7 +50,7 @@ public:
 
     const quint8* at(std::size_t map, int y) const
     {
-        return maps[map].levels(y, buffers.get() + map * stride, loops);
+        return maps[map].salienceRow(y, buffers.get() + map * stride, loops);
     }
 
 private:
@@ -58,7 +58,7 @@ private:
     {
         int widest = 0;
         for (const MapView& map : maps)
-            widest = std::max(widest, map.width());
+            widest = std::max(widest, map.columnCount());
         return static_cast<std::size_t>(widest);
     }
 
@@ -68,15 +68,16 @@ private:
     AlignedArray<quint8> buffers;
 };
 
-// Places that no map takes are filled with the first one at weight 0.
+// Where there are fewer maps than the loop takes, the first one fills up, with a weight of 0.
 void blendFew(const std::vector<MapView>& maps, const QList<int>& weights, qint32 divisor,
     QImage& target, const RowLoops& loops)
 {
-    const RowsOfLevels levels(maps, loops);
+    const MapRows rowsOfMaps(maps, loops);
     for (int y = 0; y < target.height(); ++y) {
         std::array<WeightedBytes, mapsAtOnce> rows {};
         for (std::size_t i = 0; i < maps.size(); ++i)
-            rows[i] = { levels.at(i, y), static_cast<qint16>(weights.value(static_cast<int>(i))) };
+            rows[i]
+                = { rowsOfMaps.at(i, y), static_cast<qint16>(weights.value(static_cast<int>(i))) };
         std::fill(rows.begin() + static_cast<std::ptrdiff_t>(maps.size()), rows.end(),
             WeightedBytes { rows.front().bytes, 0 });
         loops.blend.blendFew(rows.data(), target.width(), divisor, writableWordRow(target, y));
@@ -86,15 +87,15 @@ void blendFew(const std::vector<MapView>& maps, const QList<int>& weights, qint3
 void blendAny(const std::vector<MapView>& maps, const QList<int>& weights, qint32 divisor,
     QImage& target, const RowLoops& loops)
 {
-    const RowsOfLevels levels(maps, loops);
+    const MapRows rowsOfMaps(maps, loops);
     std::vector<quint32> sums(static_cast<std::size_t>(target.width()));
     for (int y = 0; y < target.height(); ++y) {
         std::fill(sums.begin(), sums.end(), 0);
         for (std::size_t i = 0; i < maps.size(); ++i) {
             const auto weight = static_cast<quint32>(weights.value(static_cast<int>(i)));
-            if (y < maps[i].height())
-                loops.blend.addWeighted(levels.at(i, y), std::min(maps[i].width(), target.width()),
-                    weight, sums.data());
+            if (y < maps[i].rowCount())
+                loops.blend.addWeighted(rowsOfMaps.at(i, y),
+                    std::min(maps[i].columnCount(), target.width()), weight, sums.data());
         }
         loops.blend.divideSums(sums.data(), target.width(), divisor, writableWordRow(target, y));
     }
@@ -111,12 +112,12 @@ vx::kernels::MapView::MapView(const QImage& map)
 {
 }
 
-const quint8* vx::kernels::MapView::levels(int y, quint8* buffer, const RowLoops& loops) const
+const quint8* vx::kernels::MapView::salienceRow(int y, quint8* buffer, const RowLoops& loops) const
 {
-    const uchar* const row = first + y * bytesPerRow;
+    const uchar* const bytes = first + y * bytesPerRow;
     if (!holdsWords)
-        return row;
-    loops.pixels.readReds(reinterpret_cast<const QRgb*>(row), columns, buffer);
+        return bytes;
+    loops.pixels.readReds(reinterpret_cast<const QRgb*>(bytes), columns, buffer);
     return buffer;
 }
 
@@ -125,7 +126,7 @@ void vx::kernels::blend(const std::vector<MapView>& maps, const QList<int>& weig
 {
     const qint32 divisor = divisorOf(weights);
     const bool areSmall = divisor > 0 && areSumsSmall(weights) && !maps.empty()
-        && maps.size() <= mapsAtOnce && haveAllOf(target.size(), maps);
+        && maps.size() <= mapsAtOnce && cover(target.size(), maps);
     if (areSmall)
         blendFew(maps, weights, divisor, target, loops);
     else

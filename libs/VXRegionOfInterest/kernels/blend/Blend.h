@@ -10,20 +10,20 @@
 
 namespace vx::kernels {
 
-/// A map as it is blended: a view of an image that is null, holds levels, or has 32 bits per pixel, of which
-/// red counts.
+/// A view of a salience map: of a grey map (see GreyMap.h), of an image of 32 bits per pixel, whose red channel counts,
+/// or of a null image.
 class MapView {
 public:
-    /// \pre \a map outlives this, or what it is moved to does.
+    /// \pre the pixels of \a map outlive this.
     explicit MapView(const QImage& map);
 
     /// Columns.
-    int width() const { return columns; }
+    int columnCount() const { return columns; }
     /// Rows.
-    int height() const { return rows; }
+    int rowCount() const { return rows; }
 
-    /// The levels of row \a y; \a buffer holds width() bytes.
-    const quint8* levels(int y, quint8* buffer, const RowLoops& loops) const;
+    /// The salience of each pixel of row \a y, 0 to 255; \a buffer holds columnCount() bytes.
+    const quint8* salienceRow(int y, quint8* buffer, const RowLoops& loops) const;
 
 private:
     const uchar* first;
@@ -36,10 +36,10 @@ private:
 /// Blends \a maps by \a weights, paired by position, into \a target, an image of 32 bits per pixel and
 /// any size, which may be one of the maps itself.
 ///
-/// Level of pixel (x, y): the sum over the maps of red · weight, divided by the sum of the positive
-/// weights (of 1 when that sum is 0), truncated toward zero, clamped to 0 to 255, written as opaque
+/// The grey value of pixel (x, y) is the sum over the maps of salience · weight, divided by the sum of the positive
+/// weights (1 when that is 0), truncated toward zero, clamped to 0 to 255, and written as opaque
 /// grey. Sums, divisor and quotient are signed 32-bit and wrap, so INT_MIN / -1 is INT_MIN. A map is
-/// black beyond its own edges, and a missing weight is 0; the divisor counts surplus weights.
+/// black beyond its own edges, and a missing weight is 0; surplus weights count in the divisor.
 void blend(const std::vector<MapView>& maps, const QList<int>& weights, QImage& target,
     const RowLoops& loops = fastestRowLoops());
 

@@ -1,4 +1,4 @@
-// The blend's loops.
+// The loops of the blend.
 
 void addWeighted(const quint8* values, int count, quint32 weight, quint32* __restrict sums)
 {
@@ -6,10 +6,10 @@ void addWeighted(const quint8* values, int count, quint32 weight, quint32* __res
         sums[i] += values[i] * weight;
 }
 
-// Sums are brought to the sign of the divisor, so that the quotients that count are not negative; for
-// the product with the reciprocal see stretch(). Doubles hold all of it: a sum of -2³¹ turns
-// positive here, as it does in its quotient by any divisor but -1. There the quotient wraps, and the
-// sums turn their sign as integers.
+// The quotient n / d truncates like (n + 0.5) · (1 / d), as in stretched(), where both are positive. So a negative divisor
+// changes the sign of the sums; quotients that come out negative are clamped anyway. In double precision -2³¹ becomes
+// positive that way, as it does when it is divided by any negative divisor but -1. That quotient wraps, so for -1 the
+// sums change their sign as integers.
 void divideSums(const quint32* sums, int count, int divisor, QRgb* __restrict pixels)
 {
     const bool wraps = divisor == -1;
@@ -24,11 +24,11 @@ void divideSums(const quint32* sums, int count, int divisor, QRgb* __restrict pi
     }
 }
 
-// In single precision (n + 0.5) / d is rounded by less than 2¹⁶ · 2⁻²³ / d, and so by less than it is
-// away from every whole number.
+// The quotient n / d truncates like (n + 0.5) · (1 / d), in single precision: that is rounded by less than
+// 2¹⁶ · 2⁻²³ / d, and at least 0.5 / d away from every whole number.
 void blendFew(const WeightedBytes* maps, int count, int divisor, QRgb* __restrict pixels)
 {
-    static_assert(mapsAtOnce == 5, "as many are added below");
+    static_assert(mapsAtOnce == 5, "five are added below");
     const WeightedBytes a = maps[0];
     const WeightedBytes b = maps[1];
     const WeightedBytes c = maps[2];

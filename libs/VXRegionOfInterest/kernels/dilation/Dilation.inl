@@ -1,6 +1,6 @@
-// The maximum filter's loops, over red values as bytes.
+// The loops of the dilation, over red values as bytes.
 
-// As many bytes as this processor has in a register.
+// A register of this processor.
 #if defined(__AVX512BW__)
 using Bytes = quint8 __attribute__((vector_size(64)));
 #elif defined(__AVX2__)
@@ -9,27 +9,29 @@ using Bytes = quint8 __attribute__((vector_size(32)));
 using Bytes = quint8 __attribute__((vector_size(16)));
 #endif
 
-bool readKeys(const QRgb* pixels, int count, int threshold, QRgb alwaysSet, quint8* __restrict keys)
+bool thresholdReds(
+    const QRgb* pixels, int count, int threshold, QRgb alphaMask, quint8* __restrict keys)
 {
     QRgb differences = 0;
     for (int i = 0; i < count; ++i) {
         const QRgb red = pixels[i] >> 16U & 0xFFU;
         const QRgb above = static_cast<int>(red) > threshold ? 0xFFFFFFFFU : 0;
-        differences |= ((pixels[i] | alwaysSet) ^ opaqueGrey(static_cast<int>(red))) & above;
+        differences |= ((pixels[i] | alphaMask) ^ opaqueGrey(static_cast<int>(red))) & above;
         keys[i] = static_cast<quint8>(red & above);
     }
     return differences == 0;
 }
 
-// No byte is above 255, and zeros come out the same whether they are kept or not.
-bool keepAbove(const quint8* bytes, std::ptrdiff_t count, int threshold, quint8* __restrict kept)
+// A threshold below 0 keeps every byte, as one of 0 does: the keys of zeros are 0 either way.
+bool thresholdBytes(
+    const quint8* bytes, std::ptrdiff_t count, int threshold, quint8* __restrict keys)
 {
     const auto limit = static_cast<quint8>(threshold < 0 ? 0 : threshold < 255 ? threshold : 255);
     quint8 any = 0;
     for (std::ptrdiff_t i = 0; i < count; ++i) {
         const quint8 byte = bytes[i];
         const auto key = static_cast<quint8>(byte > limit ? byte : 0);
-        kept[i] = key;
+        keys[i] = key;
         any = static_cast<quint8>(any | key);
     }
     return any != 0;
@@ -44,8 +46,8 @@ VX_ALWAYS_INLINE void greaterBytes(const quint8* a, const quint8* b, Bytes& grea
     greater = left > right ? left : right;
 }
 
-// Vectors are read before what they are read from is overwritten; the compiler would not know. So is
-// the last one, which may overlap the one before it.
+// Every vector is loaded before its place in the result, which may be that of an argument, is overwritten; so is the
+// last one, which may overlap the one before it. Written by hand, because the compiler cannot know that.
 void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8* maxima)
 {
     constexpr auto size = static_cast<std::ptrdiff_t>(sizeof(Bytes));
@@ -65,7 +67,7 @@ void writeMaxima(const quint8* a, const quint8* b, std::ptrdiff_t count, quint8*
     __builtin_memcpy(maxima + lastFirst, &last, sizeof last);
 }
 
-void spreadRow(
+void dilateRow(
     const quint8* a, const quint8* b, int count, const QRgb* source, QRgb* __restrict target)
 {
     for (int i = 0; i < count; ++i) {
@@ -77,9 +79,9 @@ void spreadRow(
 constexpr DilationLoops dilationLoops()
 {
     DilationLoops loops {};
-    loops.readKeys = readKeys;
-    loops.keepAbove = keepAbove;
+    loops.thresholdReds = thresholdReds;
+    loops.thresholdBytes = thresholdBytes;
     loops.writeMaxima = writeMaxima;
-    loops.spreadRow = spreadRow;
+    loops.dilateRow = dilateRow;
     return loops;
 }

@@ -10,7 +10,7 @@ namespace {
 
 using namespace vx::kernels;
 
-// The channels of three rows that follow upon each other, as numbers.
+// The channels of three consecutive rows, deinterleaved. Each row is deinterleaved once.
 class ChannelWindow {
 public:
     ChannelWindow(const QImage& image, const RowLoops& rowLoops)
@@ -18,14 +18,14 @@ public:
         , loops(rowLoops)
         , values(rowCount * channelCount * static_cast<std::size_t>(image.width()))
     {
-        takeIn(0);
-        takeIn(1);
+        load(0);
+        load(1);
     }
 
-    // Moves on to the rows around y, which is one more than last time, or 1.
-    const std::array<ShortChannels, 3>& around(int y)
+    // The rows above, at and below y, to be asked for in the order 1, 2, 3 ...
+    const std::array<PlanarRow, 3>& around(int y)
     {
-        takeIn(y + 1);
+        load(y + 1);
         for (int i = 0; i < 3; ++i)
             rows[static_cast<std::size_t>(i)] = channelsOf(y - 1 + i);
         return rows;
@@ -35,7 +35,7 @@ private:
     static constexpr std::size_t rowCount = 3;
     static constexpr std::size_t channelCount = 3;
 
-    ShortChannels channelsOf(int y)
+    PlanarRow channelsOf(int y)
     {
         const auto width = static_cast<std::size_t>(words.width());
         qint16* const first
@@ -43,15 +43,12 @@ private:
         return { { first, first + width, first + 2 * width } };
     }
 
-    void takeIn(int y)
-    {
-        loops.edges.splitChannels(wordRow(words, y), words.width(), channelsOf(y));
-    }
+    void load(int y) { loops.edges.deinterleave(wordRow(words, y), words.width(), channelsOf(y)); }
 
     const QImage& words;
     const RowLoops& loops;
     std::vector<qint16> values;
-    std::array<ShortChannels, rowCount> rows {};
+    std::array<PlanarRow, rowCount> rows {};
 };
 
 } // namespace
@@ -82,8 +79,8 @@ void vx::kernels::respondToKernel(const QImage& words, const Kernel3x3& kernel, 
 void vx::kernels::combineResponses(
     const QImage& horizontal, const QImage& vertical, QImage& target, const RowLoops& loops)
 {
-    // What lies beyond the edges of the vertical response.
-    const std::vector<QRgb> nothing(static_cast<std::size_t>(target.width()));
+    // What the vertical response is beyond its edges.
+    const std::vector<QRgb> zeros(static_cast<std::size_t>(target.width()));
     const int bothWide = std::min(target.width(), vertical.width());
     for (int y = 0; y < target.height(); ++y) {
         const QRgb* const across = wordRow(horizontal, y);
@@ -92,6 +89,6 @@ void vx::kernels::combineResponses(
         if (inBoth > 0)
             loops.edges.writeMagnitudes(across, wordRow(vertical, y), inBoth, magnitudes);
         loops.edges.writeMagnitudes(
-            across + inBoth, nothing.data(), target.width() - inBoth, magnitudes + inBoth);
+            across + inBoth, zeros.data(), target.width() - inBoth, magnitudes + inBoth);
     }
 }

@@ -11,7 +11,7 @@ namespace vx::kernels {
 /// Weights of a pixel's 3 × 3 neighbourhood, row by row from the upper left, applied as they stand.
 using Kernel3x3 = std::array<int, 9>;
 
-/// Makes \a target the response of \a words to \a kernel; both have 32 bits per pixel and the same
+/// Writes the response of \a words to \a kernel into \a target; both have 32 bits per pixel and the same
 /// size.
 ///
 /// For each inner pixel and each channel, S is the sum of weight times channel over the
@@ -22,18 +22,18 @@ using Kernel3x3 = std::array<int, 9>;
 void respondToKernel(const QImage& words, const Kernel3x3& kernel, int divisor, QImage& target,
     const RowLoops& loops = fastestRowLoops());
 
-/// Makes \a target the magnitude of two responses of 32 bits per pixel; it has the size of \a
-/// horizontal.
+/// Writes the gradient magnitude of two responses into \a target, of the size of \a horizontal; all have 32 bits per
+/// pixel.
 ///
-/// The square root of the sum of the squared red values, truncated; its low 8 bits as grey, with
+/// The magnitude is the square root of the sum of the squared red values, truncated; its low 8 bits as grey, with
 /// the alpha of \a horizontal. \a vertical counts as 0 beyond its edges.
 void combineResponses(const QImage& horizontal, const QImage& vertical, QImage& target,
     const RowLoops& loops = fastestRowLoops());
 
 namespace reference {
-/// Takes pixel by pixel.
+/// Sums pixel by pixel.
 void respondToKernel(const QImage& words, const Kernel3x3& kernel, int divisor, QImage& target);
-/// Takes pixel by pixel.
+/// Takes the root pixel by pixel.
 void combineResponses(const QImage& horizontal, const QImage& vertical, QImage& target);
 } // namespace reference
 

@@ -23,7 +23,7 @@ vx::kernels::BinTables vx::kernels::BlockHistograms::ofRow(int row)
     return histograms;
 }
 
-// All blocks of a row at once: their own rows of pixels are short.
+// Of all blocks of a row at once, because the pixel rows of a single block are short.
 void vx::kernels::BlockHistograms::findBins(int firstRow)
 {
     for (int y = 0; y < grid.block.height(); ++y)

@@ -7,16 +7,16 @@
 
 namespace vx::kernels {
 
-/// A grid of blocks that begins at the upper left of an image, and how many bins their histograms have.
+/// A grid of blocks that starts at the upper left of an image, and the shape of their histograms.
 struct BlockGrid {
     QSize block; ///< in pixels
-    int columns; ///< blocks from left to right
+    int columns; ///< blocks in a row
     int binRows; ///< of each histogram
     int binColumns; ///< of each histogram
 };
 
-/// Histograms of the chroma of an image's blocks: those that countChroma() makes of what
-/// packLumaChroma() makes of the image, normalised.
+/// The chroma histograms of an image's blocks: what countChroma() counts in what packLumaChroma() makes of the image,
+/// normalised. The packed image is never in memory.
 class BlockHistograms {
 public:
     /// \pre \a image has 32 bits per pixel and outlives this, all columns of blocks lie within it, and
@@ -24,7 +24,7 @@ public:
     BlockHistograms(const QImage& image, const BlockGrid& blockGrid,
         const RowLoops& rowLoops = fastestRowLoops());
 
-    /// Those of a row of blocks, from left to right. \pre the row lies within the image.
+    /// The histograms of a row of blocks, from left to right. \pre the row lies within the image.
     BinTables ofRow(int row);
 
 private:
@@ -35,7 +35,7 @@ private:
     const RowLoops& loops;
     BlockGrid grid;
     int width; ///< of all blocks, in pixels
-    AlignedArray<quint32> indices; ///< the bins of a row of blocks
+    AlignedArray<quint32> indices; ///< the bins of the pixels of a row of blocks
     BinCounts counts;
 };
 

@@ -16,7 +16,7 @@ namespace {
 
 using namespace vx::kernels;
 
-// The bin of each byte value. A product that wraps may give a negative one, but none beyond the
+// The bin of each byte value. A product that wraps may give a negative bin, but none beyond the
 // last: it wraps for more than 2²³ bins, and no int divided by 256 is above 2²³.
 std::array<int, 256> binOfByte(int binCount)
 {
@@ -26,7 +26,7 @@ std::array<int, 256> binOfByte(int binCount)
     return bins;
 }
 
-// As many bins as tables of counts can have without leaving the cache next to the processor.
+// Tables of counts for so many bins fit into the first-level cache.
 constexpr int fewBins = 2048;
 
 void countFewBins(const QImage& words, const Bins& bins, const RowLoops& loops)
@@ -60,7 +60,8 @@ void countManyBins(const QImage& words, const Bins& bins)
     }
 }
 
-// Adds a row's terms. Each sum has an order of its own, and no addition waits for that of another sum.
+// Adds the terms of a row to several sums at once: the additions to one sum are in order, and none waits for those to
+// another.
 template <std::size_t count>
 void addDistances(const Bins& own, int row, const std::array<Bins, count>& others,
     std::array<double, count>& sums)
@@ -84,7 +85,7 @@ void addDistances(const Bins& own, int row, const std::array<Bins, count>& other
     }
 }
 
-// Sums do not fall, so that what is above enough stays there.
+// Sums never decrease, so a sum above `enough` stays above it.
 template <std::size_t count>
 std::array<double, count> distancesTo(
     const Bins& own, const std::array<Bins, count>& others, double enough)
@@ -123,8 +124,8 @@ vx::kernels::Bins vx::kernels::BinTables::at(int index) const
         emptyRows.get() + before * static_cast<std::size_t>(rows), rows, columns };
 }
 
-// A cache line apart from a power of two, the tables' counts of one bin do not pass for each other: a
-// processor takes addresses for the same that differ by a multiple of 4 KiB.
+// The 16 numbers between tables keep the counts of one bin from lying a multiple of 4 KiB apart, which processors
+// mistake for the same address.
 vx::kernels::BinCounts::BinCounts(int rows, int columns)
     : stride(binCount(rows, columns) + 16)
     , counts(tableCount * stride, 0)

@@ -8,9 +8,12 @@
 #include <array>
 #include <cstddef>
 
+/// \file
+/// Two-dimensional histograms of chroma: counted, normalised, and compared by their chi-square distance.
+
 namespace vx::kernels {
 
-/// The bins of a two-dimensional histogram, row by row; a view that owns nothing.
+/// The bins of a histogram, row by row; a view that owns nothing.
 struct Bins {
     double* values; ///< of all bins
     quint8* emptyRows; ///< for each row, not 0 only if all its values are 0
@@ -21,13 +24,13 @@ struct Bins {
     double* row(int index) const { return values + static_cast<std::ptrdiff_t>(index) * columns; }
 };
 
-/// The bins of histograms alike, which are to be counted into first.
+/// Memory for the bins of histograms of the same shape, not initialised.
 class BinTables {
 public:
     /// For \a count histograms of so many rows and columns.
     BinTables(int count, int rowCount, int columnCount);
 
-    /// Those of histogram \a index.
+    /// The bins of histogram \a index.
     Bins at(int index) const;
 
 private:
@@ -37,10 +40,10 @@ private:
     AlignedArray<quint8> emptyRows;
 };
 
-/// Counts indices of bins.
+/// Counts how often each bin occurs in rows of indices.
 ///
-/// Neighbours fall into the same bin often, and a count that has just been stored is slow to come back,
-/// so each of four pixels has a table of its own.
+/// Neighbouring pixels often fall into the same bin, and a processor waits to load a count that it has just stored.
+/// So four tables take turns, and are added up in the end.
 class BinCounts {
 public:
     /// For so many \a rows and \a columns.
@@ -49,7 +52,7 @@ public:
     /// Counts \a count indices: row · columns + column, of bins that exist.
     void add(const quint32* indices, int count);
 
-    /// Writes the counts, finds the empty rows, and begins from 0 again. \pre as many rows and columns.
+    /// Writes the counts, notes the empty rows, and starts again from 0. \pre \a bins has as many rows and columns.
     void moveInto(const Bins& bins, const RowLoops& loops);
 
 private:
@@ -60,23 +63,23 @@ private:
     std::array<qint32*, tableCount> tables;
 };
 
-/// Counts the pixels of \a words, an image of 32 bits per pixel, from 0 on, and finds the empty rows.
-/// A pixel counts in row (bits 8 to 15) · rows / 256 and column (bits 0 to 7) · columns / 256, in
-/// 32-bit arithmetic that wraps; not if its row or column is negative.
+/// Writes into \a bins how many pixels of \a words, an image of 32 bits per pixel, fall into each, and notes the empty
+/// rows. A pixel falls into row (bits 8 to 15) · rows / 256 and column (bits 0 to 7) · columns / 256, in
+/// 32-bit arithmetic that wraps; into none if its row or column is negative.
 void countChroma(const QImage& words, const Bins& bins, const RowLoops& loops = fastestRowLoops());
 
 /// Replaces every value v by (v - min) / (max - min), where min is the smallest value or 1000.0,
 /// and max the greatest or 0.0.
 void normalizeBins(const Bins& bins, const RowLoops& loops = fastestRowLoops());
 
-/// The sum of (u - v)² / u over the bins of \a own, row by row, where u is neither 0 nor NaN and v
-/// is the same bin of \a other, 0 where that has none.
+/// The chi-square distance: the sum of (u - v)² / u over the bins of \a own, row by row, where u is neither 0 nor NaN
+/// and v is the same bin of \a other, 0 where that has none.
 double chiSquareDistance(const Bins& own, const Bins& other);
 
-/// As many histograms as a block's is compared with.
+/// The number of neighbours that a block's histogram is compared with.
 constexpr std::size_t neighbourCount = 4;
 
-/// The chiSquareDistance() to each of \a others; where it is above \a enough, a number that is as well.
+/// The chiSquareDistance() to each of \a others. Where it is above \a enough, some number that is above it as well.
 /// \pre no value of \a own is below 0.
 std::array<double, neighbourCount> chiSquareDistances(
     const Bins& own, const std::array<Bins, neighbourCount>& others, double enough);

@@ -1,6 +1,6 @@
 // The loops of the chroma histograms.
 
-// A colour difference, given in thousandths, times a factor in thousandths, plus 128, truncated.
+// A chroma, truncated: a difference from luma, in thousandths, times a factor in thousandths, plus 128.
 //
 // In whole numbers that is millionths / 10⁶. For every colour it is what the doubles give (a test tries
 // them all), because none of these numbers is closer than 10⁻⁶ to a whole one without being one.
@@ -9,43 +9,47 @@
 // number, and rounded by less.
 VX_ALWAYS_INLINE void findChroma(const Words& differences, int factor, Words& chroma)
 {
-    const Integers millionths = reinterpret_cast<Integers>(differences) * factor + 128000000;
+    constexpr int offset = chromaOfGrey * 1000000;
+    const Integers millionths = reinterpret_cast<Integers>(differences) * factor + offset;
     const Floats parts = __builtin_convertvector(millionths >> 6, Floats);
     chroma = reinterpret_cast<Words>(
         __builtin_convertvector((parts + 0.5F) * (1.0F / 15625.0F), Integers));
 }
 
-// Two numbers of 16 bits.
-VX_ALWAYS_INLINE constexpr quint32 halves(int lower, int upper)
+// Two numbers of 16 bits in a word.
+VX_ALWAYS_INLINE constexpr quint32 pairOf(int lower, int upper)
 {
     return (static_cast<quint32>(lower) & 0xFFFFU) | static_cast<quint32>(upper) << 16U;
 }
 
+// The bins of a vector of pixels, at most 257 rows and columns of them. Differences from luma are in thousandths.
 VX_ALWAYS_INLINE void findChromaBinsOf(
     const QRgb* pixels, quint32 rows, quint32 columns, quint32* indices)
 {
     Words words;
     load(pixels, words);
-    const Words redBlue = words & 0x00FF00FFU;
+    const Words redBlue = words & redBlueMask;
     const Words green = words >> 8U & 0xFFU;
     Words ofGreen;
-    multiplyHalves(green, halves(-587, 0), ofGreen);
+    multiplyAddPairs(green, pairOf(-lumaThousandthsOfGreen, 0), ofGreen);
     Words blueDifferences;
-    multiplyHalves(redBlue, halves(886, -299), blueDifferences);
+    multiplyAddPairs(
+        redBlue, pairOf(1000 - lumaThousandthsOfBlue, -lumaThousandthsOfRed), blueDifferences);
     Words redDifferences;
-    multiplyHalves(redBlue, halves(-114, 701), redDifferences);
+    multiplyAddPairs(
+        redBlue, pairOf(-lumaThousandthsOfBlue, 1000 - lumaThousandthsOfRed), redDifferences);
     Words row;
-    findChroma(blueDifferences + ofGreen, 564, row);
-    multiplyHalves(row, rows, row);
+    findChroma(blueDifferences + ofGreen, blueDifferenceThousandths, row);
+    multiplyAddPairs(row, rows, row);
     Words column;
-    findChroma(redDifferences + ofGreen, 713, column);
-    multiplyHalves(column, columns, column);
+    findChroma(redDifferences + ofGreen, redDifferenceThousandths, column);
+    multiplyAddPairs(column, columns, column);
     Words before;
-    multiplyHalves(row >> 8U, columns, before);
+    multiplyAddPairs(row >> 8U, columns, before);
     store(before + (column >> 8U), indices);
 }
 
-// The last vector may overlap the one before it.
+// The last vector may overlap the one before it, and writes the same there.
 void findChromaBins(const QRgb* pixels, int count, int rows, int columns, quint32* indices)
 {
     const auto rowCount = static_cast<quint32>(rows);

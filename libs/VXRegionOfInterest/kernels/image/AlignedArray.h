@@ -9,17 +9,16 @@
 
 namespace vx::kernels {
 
-/// Numbers, from the begin of a cache line on: loops that load whole vectors are slower when those lie
-/// across two.
+/// An uninitialised array aligned to a cache line, so that no vector that loops load crosses two of them.
 ///
-/// The allocator is not asked for that alignment, because it may leave gaps behind that nothing fits
+/// The allocator is not asked for that alignment, because it may leave gaps between blocks that nothing fits
 /// into: memory would grow from picture to picture.
 template <typename Number> class AlignedArray {
-    static_assert(std::is_trivial_v<Number>, "nobody constructs them");
+    static_assert(std::is_trivial_v<Number>, "elements are never constructed");
 
 public:
-    /// Numbers that nobody fills with zeros first: for as much memory as an image has, that takes as long
-    /// as the arithmetic.
+    /// Allocates \a count numbers and writes none: filling as much memory as an image has takes as long as the
+    /// arithmetic. \throws std::bad_alloc
     explicit AlignedArray(std::size_t count)
         : memory(new unsigned char[count * sizeof(Number) + cacheLine])
     {
@@ -29,7 +28,7 @@ public:
         adviseLargePages(numbers, count * sizeof(Number));
     }
 
-    /// As many times \a number.
+    /// Allocates \a count numbers, all \a number. \throws std::bad_alloc
     AlignedArray(std::size_t count, Number number)
         : AlignedArray(count)
     {
@@ -42,9 +41,9 @@ public:
     Number& operator[](std::size_t index) const { return numbers[index]; }
 
 private:
-    static constexpr std::size_t cacheLine = 64;
+    static constexpr std::size_t cacheLine = 64; ///< bytes
 
-    // NOLINTNEXTLINE(*-avoid-c-arrays): standard containers fill what they hold
+    // NOLINTNEXTLINE(*-avoid-c-arrays): standard containers initialise their elements
     std::unique_ptr<unsigned char[]> memory;
     Number* numbers;
 };

@@ -11,10 +11,10 @@
 void vx::kernels::adviseLargePages(void* memory, std::size_t bytes)
 {
 #if defined(__linux__) && defined(MADV_HUGEPAGE)
-    constexpr std::size_t fewBytes = std::size_t { 16 } << 20U;
-    if (bytes < fewBytes)
+    constexpr std::size_t leastBytes = std::size_t { 16 } << 20U;
+    if (bytes < leastBytes)
         return;
-    // Advice is given for whole pages. Where it is not taken, small ones come as ever.
+    // Advice is for whole pages. Where it is ignored, small pages back the memory as usual.
     const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     const std::size_t skipped = page - reinterpret_cast<std::size_t>(memory) % page;
     madvise(static_cast<char*>(memory) + skipped, (bytes - skipped) / page * page, MADV_HUGEPAGE);

@@ -18,7 +18,7 @@ struct NumberLoops {
     void (*widenRange)(const double* numbers, std::ptrdiff_t count, Range& range);
 
     /// Writes each value times \a factor, truncated. \pre the products lie between 0 and 255.
-    void (*writeProducts)(const double* values, int count, double factor, quint8* levels);
+    void (*writeProducts)(const double* values, int count, double factor, quint8* truncated);
 };
 
 } // namespace vx::kernels

@@ -1,6 +1,6 @@
-// Loops over numbers.
+// Loops over arrays of numbers.
 
-// So many at once that no comparison waits for the one before it.
+// Ranges of every 32nd number, side by side, so that no comparison waits for the one before it.
 constexpr int rangesAtOnce = 32;
 
 VX_ALWAYS_INLINE double lesser(double a, double b) { return a < b ? a : b; }
@@ -34,10 +34,10 @@ void widenRange(const double* numbers, std::ptrdiff_t count, Range& range)
     range = { least[0], greatest[0] };
 }
 
-void writeProducts(const double* values, int count, double factor, quint8* __restrict levels)
+void writeProducts(const double* values, int count, double factor, quint8* __restrict truncated)
 {
     for (int i = 0; i < count; ++i)
-        levels[i] = static_cast<quint8>(static_cast<int>(values[i] * factor));
+        truncated[i] = static_cast<quint8>(static_cast<int>(values[i] * factor));
 }
 
 constexpr NumberLoops numberLoops()

@@ -14,10 +14,10 @@ struct RedMeasure {
 /// Loops over rows of pixels.
 struct PixelLoops {
     /// Writes grey values as opaque grey pixels.
-    void (*writeGrey)(const quint8* levels, int count, QRgb* pixels);
+    void (*writeOpaqueGrey)(const quint8* greys, int count, QRgb* pixels);
 
     /// Whether all pixels are \a word.
-    bool (*areAll)(const QRgb* pixels, int count, QRgb word);
+    bool (*isUniform)(const QRgb* pixels, int count, QRgb word);
 
     /// Writes the red values of pixels.
     void (*readReds)(const QRgb* pixels, int count, quint8* reds);

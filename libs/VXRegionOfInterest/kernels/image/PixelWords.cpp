@@ -11,10 +11,10 @@
 
 namespace {
 
-// Qt converts images of less than twice as many bytes, and single rows, without its thread pool.
+// Qt converts images of fewer than twice as many bytes, and single rows, without its thread pool.
 constexpr int bytesAtOnce = 1 << 16;
 
-// An image with the properties of another, whose pixels are not written.
+// An image with the properties of another, whose pixels are not initialised.
 QImage likeImage(const QImage& image, const QSize& size, QImage::Format format)
 {
     QImage other = vx::kernels::uninitializedImage(size, format);
@@ -28,7 +28,7 @@ QImage likeImage(const QImage& image, const QSize& size, QImage::Format format)
     return other;
 }
 
-// What Qt makes of RGB32, the format of most pictures.
+// What Qt converts RGB32 to, the format of most pictures.
 QImage opaqueWordsOf(const QImage& image)
 {
     QImage words = likeImage(image, image.size(), QImage::Format_ARGB32);
@@ -84,11 +84,11 @@ QImage vx::kernels::sameWithoutPixels(const QImage& image)
         held(image.copy(0, 0, 1, 1), QSize(1, 1), image.depth()), image.size(), image.format());
 }
 
-bool vx::kernels::isOneWord(const QImage& words, const RowLoops& loops)
+bool vx::kernels::isUniform(const QImage& words, const RowLoops& loops)
 {
     const QRgb first = *wordRow(words, 0);
     for (int y = 0; y < words.height(); ++y) {
-        if (!loops.pixels.areAll(wordRow(words, y), words.width(), first))
+        if (!loops.pixels.isUniform(wordRow(words, y), words.width(), first))
             return false;
     }
     return true;
@@ -102,10 +102,10 @@ void vx::kernels::repeatRow(const QImage& words, int first, int end, QImage& tar
 
 void vx::kernels::fillOpaque(const QRect& part, QRgb colour, QImage& image)
 {
-    // Qt would copy shared pixels as well, but leave a null image behind where there is no memory.
+    // Qt would detach shared pixels as well, but leave a null image where memory runs out.
     if (!image.isDetached())
         image = copyOf(image);
-    if (image.bits() == nullptr) // so it does with pixels that are for reading only
+    if (image.bits() == nullptr) // the same, for pixels that may only be read
         throw std::bad_alloc();
     if (holdsOpaqueWords(image.format()) && image.devicePixelRatio() == 1) {
         for (int y = part.top(); y <= part.bottom(); ++y)

@@ -5,7 +5,7 @@
 #include <QImage>
 
 /// \file
-/// How the library reads and writes pixels: as rows of 32-bit words 0xAARRGGBB.
+/// Pixel words: how the library reads and writes pixels, as rows of 32-bit words 0xAARRGGBB.
 
 namespace vx::kernels {
 
@@ -15,21 +15,20 @@ namespace vx::kernels {
 QImage toPixelWords(const QImage& image);
 
 /// What QImage::convertToFormat makes of \a image in QImage::Format_ARGB32, converted in this thread. (Qt
-/// converts large images in threads of its own, and waits for ever where the system refuses them.) An
+/// converts large images in threads of its own, and blocks for ever where the system refuses to start them.) An
 /// ARGB32 image shares its pixels. Null for a null image, and for one that no QImage can hold in 32 bits
 /// per pixel. \throws std::bad_alloc
 QImage toArgb32(const QImage& image);
 
-/// A copy of \a image, with all its properties, in memory of its own. A null image stays null.
-/// \throws std::bad_alloc
+/// A deep copy of \a image, with all its properties. A null image stays null. \throws std::bad_alloc
 QImage copyOf(const QImage& image);
 
-/// What copyOf() makes of \a image, but for the pixels, which are not written. \pre \a image is not null.
+/// A copy of \a image with all its properties, whose pixels are not initialised. \pre \a image is not null.
 /// \throws std::bad_alloc
 QImage sameWithoutPixels(const QImage& image);
 
-/// Whether all pixels of \a words, an image of 32 bits per pixel that is not null, are the same word.
-bool isOneWord(const QImage& words, const RowLoops& loops = fastestRowLoops());
+/// Whether \a words, an image of 32 bits per pixel that is not null, is uniform: all pixels are the same word.
+bool isUniform(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 /// Row \a y of an image of 32 bits per pixel, for reading.
 inline const QRgb* wordRow(const QImage& words, int y)
@@ -37,17 +36,20 @@ inline const QRgb* wordRow(const QImage& words, int y)
     return reinterpret_cast<const QRgb*>(words.constScanLine(y));
 }
 
-/// Row \a y of an image of 32 bits per pixel, for writing; nobody else's pixels change.
+/// Row \a y of an image of 32 bits per pixel, for writing. Images that share its pixels do not change.
 inline QRgb* writableWordRow(QImage& words, int y)
 {
     return reinterpret_cast<QRgb*>(words.scanLine(y));
 }
 
-/// The bits that a pixel read from or set in an ARGB32 or RGB32 image has, whatever its word holds: in
-/// RGB32 all pixels are opaque.
-inline QRgb bitsAlwaysSet(const QImage& image)
+/// The word of a black pixel that hides what is behind it: alpha 255, and no colour.
+constexpr QRgb opaqueBlack = 0xFF000000U;
+
+/// The alpha mask of an ARGB32 or RGB32 image: the bits that are set in every pixel read from or set in it, whatever
+/// its words hold. An RGB32 image is opaque throughout.
+inline QRgb alphaMaskOf(const QImage& image)
 {
-    return image.format() == QImage::Format_RGB32 ? 0xFF000000U : 0;
+    return image.format() == QImage::Format_RGB32 ? opaqueBlack : 0;
 }
 
 /// Whether an opaque pixel of an image in \a format is the word 0xFFRRGGBB.
@@ -65,9 +67,6 @@ void fillOpaque(const QRect& part, QRgb colour, QImage& image);
 /// Writes the first row of \a words into the rows of \a target from \a first to before \a end. \pre both have
 /// 32 bits per pixel and the same width, and \a target has these rows.
 void repeatRow(const QImage& words, int first, int end, QImage& target);
-
-/// The word of a black pixel that hides what is behind it.
-constexpr QRgb opaqueBlack = 0xFF000000U;
 
 /// The opaque grey pixel of \a level, which lies between 0 and 255.
 inline QRgb opaqueGrey(int level) { return opaqueBlack | static_cast<QRgb>(level) * 0x010101U; }

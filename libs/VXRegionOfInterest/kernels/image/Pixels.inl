@@ -1,12 +1,12 @@
-// Loops over pixels and levels.
+// Loops over rows of pixels.
 
-void writeGrey(const quint8* levels, int count, QRgb* __restrict pixels)
+void writeOpaqueGrey(const quint8* greys, int count, QRgb* __restrict pixels)
 {
     for (int i = 0; i < count; ++i)
-        pixels[i] = opaqueGrey(levels[i]);
+        pixels[i] = opaqueGrey(greys[i]);
 }
 
-bool areAll(const QRgb* pixels, int count, QRgb word)
+bool isUniform(const QRgb* pixels, int count, QRgb word)
 {
     QRgb differences = 0;
     for (int i = 0; i < count; ++i)
@@ -28,7 +28,7 @@ void addReds(const QRgb* pixels, int count, quint32* __restrict sums)
 
 RedMeasure measureReds(const QRgb* pixels, int count, int mean)
 {
-    // So few that their sums fit into 32 bits.
+    // Sums over a chunk fit into 32 bits.
     constexpr int chunk = 1 << 16;
     RedMeasure all = {};
     for (int first = 0; first < count; first += chunk) {
@@ -50,8 +50,8 @@ RedMeasure measureReds(const QRgb* pixels, int count, int mean)
 constexpr PixelLoops pixelLoops()
 {
     PixelLoops loops {};
-    loops.writeGrey = writeGrey;
-    loops.areAll = areAll;
+    loops.writeOpaqueGrey = writeOpaqueGrey;
+    loops.isUniform = isUniform;
     loops.readReds = readReds;
     loops.addReds = addReds;
     loops.measureReds = measureReds;

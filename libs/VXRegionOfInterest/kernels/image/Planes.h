@@ -7,14 +7,14 @@ namespace vx::kernels {
 /// A plane of real numbers, row by row: value (x, y) has the index y · width + x.
 using Plane = QList<double>;
 
-/// The sums of a plane over columns 0 to x and rows 0 to y, at [y][x].
+/// At [y][x] the sum of a plane over columns 0 to x and rows 0 to y.
 using IntegralImage = QList<QList<double>>;
 
-/// Smooths \a plane with \a weights along the rows and then along the columns into \a smoothed.
+/// Writes \a plane into \a smoothed, smoothed with \a weights along the rows and then along the columns.
 ///
 /// A value is the sum of the weighted values that lie inside, in order, divided by the sum of their
-/// weights. Tap k of -m / 2 to m / 2 has the weight k + m / 2; one beyond the weights is left out.
-/// \pre both planes hold width · height values at least.
+/// weights. Tap k of -m / 2 to m / 2 has the weight k + m / 2; a tap without a weight is left out.
+/// \pre both planes hold at least width · height values.
 void smoothSeparably(
     const Plane& plane, int width, int height, const QList<double>& weights, Plane& smoothed);
 
@@ -25,7 +25,7 @@ void integrate(const Plane& plane, int width, int height, IntegralImage& integra
 
 /// The sum over columns x1 to x2 and rows y1 to y2, both inclusive: value (x2, y2), then plus (x1 -
 /// 1, y1 - 1), minus (x2, y1 - 1), minus (x1 - 1, y2), each where it lies inside.
-/// \pre those values exist; x1 and y1 below 0 count as 0.
+/// x1 and y1 below 0 count as 0. \pre those values exist.
 double rectangleSum(const IntegralImage& integral, int x1, int y1, int x2, int y2);
 
 } // namespace vx::kernels

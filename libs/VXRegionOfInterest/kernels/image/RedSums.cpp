@@ -9,7 +9,7 @@
 
 namespace {
 
-// So few that 32 bits hold a column's sum.
+// The sum of a column of so many rows fits into 32 bits.
 constexpr int rowsAtOnce = 1 << 24;
 
 } // namespace

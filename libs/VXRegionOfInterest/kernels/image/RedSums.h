@@ -7,10 +7,10 @@
 
 namespace vx::kernels {
 
-/// Sums the red values of each column of \a words, an image of 32 bits per pixel, over its rows.
+/// The sum of the red values of each column of \a words, an image of 32 bits per pixel.
 QList<long long> columnRedSums(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
-/// Sums the red values of each row of \a words, an image of 32 bits per pixel, over its columns.
+/// The sum of the red values of each row of \a words, an image of 32 bits per pixel.
 QList<long long> rowRedSums(const QImage& words, const RowLoops& loops = fastestRowLoops());
 
 namespace reference {

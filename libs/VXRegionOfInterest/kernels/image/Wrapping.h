@@ -3,7 +3,7 @@
 #include <type_traits>
 
 /// \file
-/// Signed arithmetic that wraps instead of overflowing.
+/// Signed arithmetic that wraps around, where overflow would be undefined.
 
 namespace vx::kernels {
 

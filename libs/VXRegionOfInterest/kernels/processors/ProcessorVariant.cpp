@@ -6,6 +6,7 @@
 #include "../dilation/DilationLoops.h"
 #include "../edges/EdgeLoops.h"
 #include "../histogram/HistogramLoops.h"
+#include "../image/LumaWeights.h"
 #include "../image/NumberLoops.h"
 #include "../image/PixelLoops.h"
 #include "../surround/SurroundLoops.h"
@@ -14,10 +15,12 @@
 #include <immintrin.h>
 #endif
 
-// Compiled more than once, with flags for different processors, under the name that VXROI_LOOPS
-// gives. Everything but the table of loops is local to this file and nothing is taken from headers,
-// inline functions of the standard library included: the linker keeps one copy of such a function,
-// and it must not be one that this processor cannot run.
+// All loops, as they are compiled for one kind of processor.
+//
+// This file is compiled once for each of them, with flags of its own, under the name that VXROI_LOOPS gives. Everything
+// but the table of loops is local to it, and no function comes from a header, those of the standard library included:
+// the linker keeps one copy of an inline function for the whole library, and that must not be one that some processor
+// cannot run.
 #ifndef VXROI_LOOPS
 #define VXROI_LOOPS plain
 #endif
@@ -30,10 +33,14 @@ namespace {
 
 using namespace vx::kernels;
 
+constexpr quint32 redBlueMask = 0x00FF00FFU;
+constexpr quint32 greenMask = 0x0000FF00U;
+constexpr quint32 opaque = 0xFF000000U;
+
 // Shifts, because not every processor multiplies vectors of 32-bit numbers.
 VX_ALWAYS_INLINE QRgb grey(QRgb byte) { return byte << 16U | byte << 8U | byte; }
 
-VX_ALWAYS_INLINE QRgb opaqueGrey(int level) { return 0xFF000000U | grey(static_cast<QRgb>(level)); }
+VX_ALWAYS_INLINE QRgb opaqueGrey(int level) { return opaque | grey(static_cast<QRgb>(level)); }
 
 // a · b + c, where it does not matter whether the product is rounded.
 VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
@@ -45,7 +52,7 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 #endif
 }
 
-// These first, because others stand on them.
+// These first, because others use them.
 #include "Vectors.inl"
 
 #include "../image/Numbers.inl"
@@ -53,10 +60,10 @@ VX_ALWAYS_INLINE double multiplyAdd(double a, double b, double c)
 #include "../image/LumaChroma.inl"
 #include "../image/Pixels.inl"
 
-#include "../surround/Estimates.inl"
-#include "../surround/Surrounds.inl"
+#include "../surround/FilterEstimates.inl"
+#include "../surround/FilterSums.inl"
 
-#include "../surround/Contrast.inl"
+#include "../surround/ContrastStretch.inl"
 
 #include "../background/Background.inl"
 #include "../blend/Blend.inl"

@@ -1,6 +1,6 @@
-// Vectors of words, as compilers that know GNU C offer them: arithmetic in every lane at once.
+// Vectors of numbers, in the GNU dialect that GCC and clang share: arithmetic in every lane at once.
 
-// As many as this processor has in a register.
+// The number of 32-bit lanes of this processor's registers.
 #if defined(__AVX512F__)
 constexpr int lanes = 16;
 #elif defined(__AVX2__)
@@ -12,7 +12,8 @@ using Words __attribute__((vector_size(4 * lanes))) = quint32;
 using Integers __attribute__((vector_size(4 * lanes))) = qint32;
 using Floats __attribute__((vector_size(4 * lanes))) = float;
 
-// The lanes of two vectors that a list tells, which is one of three for vectors of as many lanes.
+// Shuffles the lanes of two vectors. Of the three lists of indices, the one counts that is made for vectors of as many
+// lanes as this processor has.
 #define VX_LIST(...) __VA_ARGS__
 #if defined(__AVX512F__)
 #define VX_SHUFFLED(a, b, ofFour, ofEight, ofSixteen)                                              \
@@ -33,23 +34,24 @@ VX_ALWAYS_INLINE void store(const Words& words, quint32* numbers)
     __builtin_memcpy(numbers, &words, sizeof words);
 }
 
-// Every second one of two vectors' lanes, from the first on.
-VX_ALWAYS_INLINE void takeEven(const Words& a, const Words& b, Words& even)
+// Deinterleaves two vectors: lanes 0, 2, 4 ... of both.
+VX_ALWAYS_INLINE void deinterleaveEven(const Words& a, const Words& b, Words& even)
 {
     even = VX_SHUFFLED(a, b, (0, 2, 4, 6), (0, 2, 4, 6, 8, 10, 12, 14),
         (0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30));
 }
 
-// The others.
-VX_ALWAYS_INLINE void takeOdd(const Words& a, const Words& b, Words& odd)
+// Deinterleaves two vectors: lanes 1, 3, 5 ... of both.
+VX_ALWAYS_INLINE void deinterleaveOdd(const Words& a, const Words& b, Words& odd)
 {
     odd = VX_SHUFFLED(a, b, (1, 3, 5, 7), (1, 3, 5, 7, 9, 11, 13, 15),
         (1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31));
 }
 
-// The signed numbers in the lower and upper 16 bits of \a words times those of every lane's \a factors,
-// added up. Compilers multiply all 32 bits instead, which takes twice as long.
-VX_ALWAYS_INLINE void multiplyHalves(const Words& words, quint32 factors, Words& sums)
+// Multiplies and adds pairs: in every lane, lower half times lower half plus upper half times upper half, of signed
+// numbers of 16 bits; \a factors is the same for all lanes. Compilers multiply all 32 bits instead, which takes twice
+// as long.
+VX_ALWAYS_INLINE void multiplyAddPairs(const Words& words, quint32 factors, Words& sums)
 {
     const Words times = Words {} + factors;
 #if defined(__AVX512BW__)
@@ -69,9 +71,9 @@ VX_ALWAYS_INLINE void multiplyHalves(const Words& words, quint32 factors, Words&
 #endif
 }
 
-// Makes of each lane the sum of all up to it: adding what is one lane before, then two, then four,
-// doubles how many each has got.
-VX_ALWAYS_INLINE void sumUp(Words& words)
+// The inclusive prefix sum over the lanes. Each step adds the lane that is 1, 2, 4 or 8 before, which doubles the
+// number of lanes that a sum has.
+VX_ALWAYS_INLINE void prefixSum(Words& words)
 {
     const Words none {};
     words += VX_SHUFFLED(none, words, (3, 4, 5, 6), (7, 8, 9, 10, 11, 12, 13, 14),

@@ -1,14 +1,14 @@
 #include "SurroundContrast.h"
 
-#include "ContrastEstimates.h"
-#include "Contrasts.h"
+#include "ExactContrasts.h"
+#include "FloatingPointFilter.h"
 
-void vx::kernels::surroundContrast(const QImage& words, QImage& levels, const RowLoops& loops)
+void vx::kernels::surroundContrast(const QImage& words, QImage& greyMap, const RowLoops& loops)
 {
     if (words.isNull())
         return;
-    const bool isCertain = ContrastEstimates::canEstimate(words.size(), loops)
-        && ContrastEstimates(words, loops).writeLevels(levels);
+    const bool isCertain = FloatingPointFilter::appliesTo(words.size(), loops)
+        && FloatingPointFilter(words, loops).stretchIfCertain(greyMap);
     if (!isCertain)
-        Contrasts(words, loops).writeLevels(levels);
+        ExactContrasts(words, loops).stretch(greyMap);
 }

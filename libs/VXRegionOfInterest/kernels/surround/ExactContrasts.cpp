@@ -1,8 +1,8 @@
 #include "../image/ExactArithmetic.h"
 
-#include "Contrasts.h"
+#include "ExactContrasts.h"
 
-#include "../image/Levels.h"
+#include "../image/GreyMap.h"
 #include "../image/LumaChroma.h"
 #include "../image/PixelWords.h"
 #include "SurroundLoops.h"
@@ -19,10 +19,10 @@ Colour colourOf(QRgb pixel)
     return { colour.luma, colour.redDifference, colour.blueDifference };
 }
 
-// Dividing by 4 is exact as a multiplication.
+// Multiplying by 0.25 is exact, as dividing by 4 is, and faster.
 double mean(double sum, double weights) { return weights == 4.0 ? sum * 0.25 : sum / weights; }
 
-// Weights 1, 2, 1. Where there is no neighbour, zeros add nothing.
+// The mean with weights 1, 2, 1. A neighbour outside the image is zero and adds nothing.
 Colour smoothed(const Colour& before, const Colour& here, const Colour& after, double weights)
 {
     Colour smoothed {};
@@ -56,7 +56,7 @@ void vx::kernels::IntegralRow::moveTo(int y)
     }
 }
 
-vx::kernels::Contrasts::Contrasts(const QImage& image, const RowLoops& rowLoops)
+vx::kernels::ExactContrasts::ExactContrasts(const QImage& image, const RowLoops& rowLoops)
     : words(image)
     , loops(rowLoops)
     , width(image.width())
@@ -70,29 +70,29 @@ vx::kernels::Contrasts::Contrasts(const QImage& image, const RowLoops& rowLoops)
         compute(y);
 }
 
-const double* vx::kernels::Contrasts::row(int y) const
+const double* vx::kernels::ExactContrasts::row(int y) const
 {
     return values.get() + static_cast<std::ptrdiff_t>(y) * width;
 }
 
-void vx::kernels::Contrasts::writeLevels(QImage& levels) const
+void vx::kernels::ExactContrasts::stretch(QImage& greyMap) const
 {
-    Range extremes { 1073741824, 0 };
+    Range extremes = rangeOfNoContrasts;
     for (int y = 0; y < height; ++y)
         loops.numbers.widenRange(row(y), width, extremes);
     const int range = static_cast<int>(extremes.greatest - extremes.least);
     if (range == 0) {
-        levels.fill(0);
+        greyMap.fill(0);
         return;
     }
-    const AlignedArray<double> nothing(static_cast<std::size_t>(width), 0.0);
+    const AlignedArray<double> noError(static_cast<std::size_t>(width), 0.0);
     for (int y = 0; y < height; ++y)
-        loops.surround.writeLevels(row(y), width, { nothing.get(), 0, 0, 0 }, extremes.least, range,
-            writableLevelRow(levels, y));
+        loops.surround.stretchContrasts(row(y), width, { noError.get(), 0, 0, 0 }, extremes.least,
+            range, writableGreyRow(greyMap, y));
 }
 
 // Rows outside the image are zeros.
-std::vector<vx::kernels::Colour> vx::kernels::Contrasts::smoothedAlong(int y) const
+std::vector<vx::kernels::Colour> vx::kernels::ExactContrasts::smoothedAlong(int y) const
 {
     std::vector<Colour> row(static_cast<std::size_t>(width));
     if (y < 0 || y >= height)
@@ -110,7 +110,7 @@ std::vector<vx::kernels::Colour> vx::kernels::Contrasts::smoothedAlong(int y) co
     return row;
 }
 
-void vx::kernels::Contrasts::compute(int y)
+void vx::kernels::ExactContrasts::compute(int y)
 {
     const SurroundSpan rows = surroundSpan(y, height);
     above.moveTo(rows.first - 1);
@@ -131,8 +131,8 @@ void vx::kernels::Contrasts::compute(int y)
     }
 }
 
-// The zeros outside the image add and subtract nothing, so that all four corners may be taken.
-vx::kernels::Colour vx::kernels::Contrasts::surroundSum(const SurroundSpan& columns) const
+// From the four corners of the integral image. Those outside the image are zero and change nothing.
+vx::kernels::Colour vx::kernels::ExactContrasts::surroundSum(const SurroundSpan& columns) const
 {
     Colour sum {};
     for (std::size_t i = 0; i < sum.size(); ++i)
@@ -141,7 +141,7 @@ vx::kernels::Colour vx::kernels::Contrasts::surroundSum(const SurroundSpan& colu
     return sum;
 }
 
-vx::kernels::Colour vx::kernels::Contrasts::smoothedDown(int x, double weights) const
+vx::kernels::Colour vx::kernels::ExactContrasts::smoothedDown(int x, double weights) const
 {
     const auto i = static_cast<std::size_t>(x);
     return smoothed(smoothedRows[0][i], smoothedRows[1][i], smoothedRows[2][i], weights);

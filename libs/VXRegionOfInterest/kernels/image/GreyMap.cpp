@@ -1,4 +1,4 @@
-#include "Levels.h"
+#include "GreyMap.h"
 
 #include "AlignedArray.h"
 #include "ImageMemory.h"
@@ -7,8 +7,8 @@
 
 #include <memory>
 
-// Rows begin where cache lines do: loops that store whole vectors are slower when those lie across two.
-QImage vx::kernels::uninitializedLevels(const QSize& size)
+// Every row is aligned to a cache line, as an AlignedArray is.
+QImage vx::kernels::uninitializedGreyMap(const QSize& size)
 {
     if (size.isEmpty())
         return QImage();
@@ -18,15 +18,15 @@ QImage vx::kernels::uninitializedLevels(const QSize& size)
     auto bytes = std::make_unique<Bytes>(
         static_cast<std::size_t>(bytesPerRow) * static_cast<std::size_t>(size.height()));
     const auto release = [](void* memory) { delete static_cast<Bytes*>(memory); };
-    QImage levels = held(QImage(bytes->get(), size.width(), size.height(), bytesPerRow,
-                             QImage::Format_Grayscale8, release, bytes.get()),
+    QImage greyMap = held(QImage(bytes->get(), size.width(), size.height(), bytesPerRow,
+                              QImage::Format_Grayscale8, release, bytes.get()),
         size, 8);
     static_cast<void>(bytes.release()); // the image releases them
-    return levels;
+    return greyMap;
 }
 
-void vx::kernels::writeGrey(const QImage& levels, QImage& map, const RowLoops& loops)
+void vx::kernels::writeOpaqueGrey(const QImage& greyMap, QImage& map, const RowLoops& loops)
 {
-    for (int y = 0; y < levels.height(); ++y)
-        loops.pixels.writeGrey(levelRow(levels, y), levels.width(), writableWordRow(map, y));
+    for (int y = 0; y < greyMap.height(); ++y)
+        loops.pixels.writeOpaqueGrey(greyRow(greyMap, y), greyMap.width(), writableWordRow(map, y));
 }

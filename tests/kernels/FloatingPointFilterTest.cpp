@@ -1,9 +1,9 @@
-#include "kernels/surround/Contrasts.h"
-#include "kernels/image/Levels.h"
+#include "kernels/surround/FloatingPointFilter.h"
+#include "kernels/image/GreyMap.h"
 #include "kernels/image/LumaChroma.h"
 #include "kernels/image/PixelWords.h"
 #include "kernels/image/Planes.h"
-#include "kernels/surround/ContrastEstimates.h"
+#include "kernels/surround/ExactContrasts.h"
 #include "support/TestImages.h"
 #include "support/Variants.h"
 
@@ -16,7 +16,7 @@ namespace kernels = vx::kernels;
 
 namespace {
 
-// A picture's channels as whole planes, with the arithmetic of Planes.h.
+// A channel of a picture as whole planes, with the arithmetic of Planes.h.
 struct Channel {
     Channel(const QImage& image, double kernels::LumaChroma::*member)
         : width(image.width())
@@ -37,12 +37,12 @@ struct Channel {
     // The squared distance of a pixel to the mean of its surround.
     double contrast(int x, int y) const
     {
-        const int reachX = std::min(x, width - x);
-        const int reachY = std::min(y, height - y);
-        const int left = x - reachX;
-        const int top = y - reachY;
-        const int right = std::min(x + reachX, width - 1);
-        const int bottom = std::min(y + reachY, height - 1);
+        const int radiusX = std::min(x, width - x);
+        const int radiusY = std::min(y, height - y);
+        const int left = x - radiusX;
+        const int top = y - radiusY;
+        const int right = std::min(x + radiusX, width - 1);
+        const int bottom = std::min(y + radiusY, height - 1);
         const double area = (right - left + 1) * (bottom - top + 1);
         const double mean = kernels::rectangleSum(integral, left, top, right, bottom) / area;
         const double distance = mean - smoothed.at(y * width + x);
@@ -56,21 +56,20 @@ struct Channel {
     kernels::IntegralImage integral;
 };
 
-testing::AssertionResult estimatesAreWithinTolerance(const QImage& image)
+testing::AssertionResult estimatesAreWithinTheBound(const QImage& image)
 {
-    const kernels::Contrasts contrasts(image, kernels::fastestRowLoops());
+    const kernels::ExactContrasts contrasts(image, kernels::fastestRowLoops());
     for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
-        const kernels::ContrastEstimates estimates(image, *loops);
+        const kernels::FloatingPointFilter filter(image, *loops);
         for (int y = 0; y < image.height(); ++y) {
-            const kernels::Tolerance tolerance = estimates.tolerance(y);
+            const kernels::ErrorBound bound = filter.errorBound(y);
             for (int x = 0; x < image.width(); ++x) {
-                const double estimate = estimates.row(y)[x];
-                const double distance
-                    = (tolerance.slope * estimate + tolerance.offset) * tolerance.ofColumns[x]
-                    + tolerance.floor;
-                if (!(std::abs(estimate - contrasts.row(y)[x]) <= distance))
+                const double estimate = filter.row(y)[x];
+                const double error
+                    = (bound.slope * estimate + bound.offset) * bound.ofColumns[x] + bound.floor;
+                if (!(std::abs(estimate - contrasts.row(y)[x]) <= error))
                     return testing::AssertionFailure()
-                        << loops->name << ": " << estimate << " is further than " << distance
+                        << loops->name << ": " << estimate << " is further than " << error
                         << " from " << contrasts.row(y)[x] << " at " << x << ", " << y;
             }
         }
@@ -80,7 +79,7 @@ testing::AssertionResult estimatesAreWithinTolerance(const QImage& image)
 
 } // namespace
 
-TEST(Contrasts, areThePlainOnesToTheBit)
+TEST(ExactContrasts, areThePlainOnesToTheBit)
 {
     for (const QSize& size : { QSize(1, 1), QSize(2, 9), QSize(7, 1), QSize(9, 2), QSize(8, 3),
              QSize(37, 23), QSize(170, 12), QSize(301, 10), QSize(24, 41), QSize(5, 40) }) {
@@ -88,7 +87,7 @@ TEST(Contrasts, areThePlainOnesToTheBit)
         const Channel luma(image, &kernels::LumaChroma::luma);
         const Channel red(image, &kernels::LumaChroma::redDifference);
         const Channel blue(image, &kernels::LumaChroma::blueDifference);
-        const kernels::Contrasts contrasts(image, kernels::fastestRowLoops());
+        const kernels::ExactContrasts contrasts(image, kernels::fastestRowLoops());
         for (int y = 0; y < size.height(); ++y) {
             for (int x = 0; x < size.width(); ++x) {
                 const double expected
@@ -99,51 +98,53 @@ TEST(Contrasts, areThePlainOnesToTheBit)
     }
 }
 
-TEST(ContrastEstimates, areWithinToleranceForEverySize)
+TEST(FloatingPointFilter, estimatesAreWithinTheErrorBoundForEverySize)
 {
     for (int height = 1; height <= 12; ++height) {
         for (int width = 1; width <= 70; ++width) {
             for (const QImage& image : support::variedImages(width, height, 3))
-                ASSERT_TRUE(estimatesAreWithinTolerance(image)) << width << " x " << height;
+                ASSERT_TRUE(estimatesAreWithinTheBound(image)) << width << " x " << height;
         }
     }
 }
 
-TEST(ContrastEstimates, areWithinToleranceForLargerImages)
+TEST(FloatingPointFilter, estimatesAreWithinTheErrorBoundForLargerImages)
 {
     for (const QSize& size : { QSize(640, 480), QSize(479, 641), QSize(1, 3000), QSize(3000, 1) }) {
         for (const QImage& image : support::variedImages(size.width(), size.height(), 4))
-            ASSERT_TRUE(estimatesAreWithinTolerance(image)) << size.width();
+            ASSERT_TRUE(estimatesAreWithinTheBound(image)) << size.width();
         ASSERT_TRUE(
-            estimatesAreWithinTolerance(support::chessboard(size.width(), size.height(), 15)));
+            estimatesAreWithinTheBound(support::chessboard(size.width(), size.height(), 15)));
     }
 }
 
-TEST(ContrastEstimates, levelsAreMostlyCertain)
+TEST(FloatingPointFilter, greyValuesAreMostlyCertain)
 {
     for (const QImage& image : support::variedImages(640, 480, 5)) {
-        QImage levels = kernels::uninitializedLevels(image.size());
-        EXPECT_TRUE(
-            kernels::ContrastEstimates(image, kernels::fastestRowLoops()).writeLevels(levels));
+        QImage greyMap = kernels::uninitializedGreyMap(image.size());
+        EXPECT_TRUE(kernels::FloatingPointFilter(image, kernels::fastestRowLoops())
+                        .stretchIfCertain(greyMap));
     }
 }
 
-TEST(ContrastEstimates, levelsOfAChessboardAreNot)
+TEST(FloatingPointFilter, isUncertainOfAChessboard)
 {
     const QImage image = support::chessboard(640, 480, 15);
     for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
-        QImage levels = kernels::uninitializedLevels(image.size());
-        EXPECT_FALSE(kernels::ContrastEstimates(image, *loops).writeLevels(levels)) << loops->name;
+        QImage greyMap = kernels::uninitializedGreyMap(image.size());
+        EXPECT_FALSE(kernels::FloatingPointFilter(image, *loops).stretchIfCertain(greyMap))
+            << loops->name;
     }
 }
 
-// The tolerance is derived for lengths that are off by 1 at most, and one colour is never off.
-TEST(ContrastEstimates, levelsOfAnImageOfFiveMillionColumnsAreNot)
+// The error bound is derived for lengths that are off by 1 at most. (A uniform image is never off.)
+TEST(FloatingPointFilter, isUncertainOfAnImageOfFiveMillionColumns)
 {
     QImage image(5000000, 1, QImage::Format_RGB32);
     image.fill(Qt::white);
     for (const kernels::RowLoops* const loops : kernels::availableRowLoops()) {
-        QImage levels = kernels::uninitializedLevels(image.size());
-        EXPECT_FALSE(kernels::ContrastEstimates(image, *loops).writeLevels(levels)) << loops->name;
+        QImage greyMap = kernels::uninitializedGreyMap(image.size());
+        EXPECT_FALSE(kernels::FloatingPointFilter(image, *loops).stretchIfCertain(greyMap))
+            << loops->name;
     }
 }

@@ -23,7 +23,7 @@ public:
     /// Moves on to row \a y, which is this row or one below it.
     void moveTo(int y);
 
-    /// The sums of the rows so far up to column \a x, which may be -1.
+    /// The sums over the rows so far and the columns up to \a x, which may be -1.
     const Colour& upTo(std::ptrdiff_t x) const { return sums[static_cast<std::size_t>(x + 1)]; }
 
 private:
@@ -32,22 +32,22 @@ private:
     std::vector<Colour> sums;
 };
 
-/// The contrast of each pixel of an image to its surround, see surroundContrast(), in the order of
-/// operations that tells the last bit of it.
+/// The contrast of each pixel of an image to its surround, to the bit: in the order of operations that
+/// surroundContrast() states. The exact fallback of FloatingPointFilter.
 ///
 /// In the upper half of the image every surround begins with row 0, in the lower half every surround
 /// ends with the last row. So two moving rows of the integral images are enough, and nothing but the
 /// contrasts is as large as the image.
-class Contrasts {
+class ExactContrasts {
 public:
     /// Computes them all. \pre \a image has 32 bits per pixel and is not null.
-    Contrasts(const QImage& image, const RowLoops& rowLoops);
+    ExactContrasts(const QImage& image, const RowLoops& rowLoops);
 
     /// The contrasts of row \a y.
     const double* row(int y) const;
 
-    /// Fills \a levels with the levels of the contrasts.
-    void writeLevels(QImage& levels) const;
+    /// Fills \a greyMap with the contrasts, stretched to grey values.
+    void stretch(QImage& greyMap) const;
 
 private:
     std::vector<Colour> smoothedAlong(int y) const;

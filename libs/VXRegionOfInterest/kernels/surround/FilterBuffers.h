@@ -5,10 +5,10 @@
 
 namespace vx::kernels {
 
-/// So many numbers, and the margin beyond them.
+/// So many numbers, and the margin after them.
 inline std::size_t withMargin(int count) { return static_cast<std::size_t>(count) + rowMargin; }
 
-/// A row of packed channels, of zeros at first, with the margins that its loops need.
+/// A packed row, zero at first, with the margins that its loops need.
 class PackedRowBuffer {
 public:
     /// For \a width columns.
@@ -26,20 +26,20 @@ private:
     AlignedArray<quint32> green;
 };
 
-/// Sums of surrounds, of zeros at first, with the margin that their loops need.
-class SurroundSumsBuffer {
+/// Prefix sums, zero at first, with the margin that their loops need.
+class PrefixSumsBuffer {
 public:
-    /// For \a columns sums of each channel.
-    explicit SurroundSumsBuffer(int columns)
-        : count(columns)
-        , red(withMargin(columns), 0)
-        , green(withMargin(columns), 0)
-        , blue(withMargin(columns), 0)
+    /// For \a sumCount sums of each channel.
+    explicit PrefixSumsBuffer(int sumCount)
+        : count(sumCount)
+        , red(withMargin(count), 0)
+        , green(withMargin(count), 0)
+        , blue(withMargin(count), 0)
     {
     }
 
     /// All of them.
-    SurroundSums sums() const { return { red.get(), green.get(), blue.get(), count }; }
+    PrefixSums sums() const { return { red.get(), green.get(), blue.get(), count }; }
 
 private:
     int count;

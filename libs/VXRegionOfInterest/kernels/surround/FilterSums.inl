@@ -1,14 +1,11 @@
-// What surrounds are made of, in whole numbers, so that sums may be formed in any order.
-
-constexpr quint32 redBlueMask = 0x00FF00FFU;
-constexpr quint32 greenMask = 0x0000FF00U;
+// The whole-number sums that contrasts are estimated from.
 
 VX_ALWAYS_INLINE quint32 smoothed(quint32 before, quint32 here, quint32 after, quint32 mask)
 {
     return (before & mask) + 2 * (here & mask) + (after & mask);
 }
 
-// Weights 1, 2, 1; outside the row there is nothing to add.
+// Smooths columns whose neighbours may lie outside the row, where there is nothing to add.
 VX_ALWAYS_INLINE void smoothEdge(
     const QRgb* pixels, int width, int first, int end, const PackedRow& target)
 {
@@ -20,7 +17,7 @@ VX_ALWAYS_INLINE void smoothEdge(
     }
 }
 
-// Between the edges, vectors are stored where cache lines begin.
+// The left edge is a vector wide, so that the vectors after it begin where cache lines do.
 void smoothAlong(const QRgb* pixels, int width, const PackedRow& target)
 {
     quint32* __restrict const redBlue = target.redBlue;
@@ -35,8 +32,8 @@ void smoothAlong(const QRgb* pixels, int width, const PackedRow& target)
     smoothEdge(pixels, width, right, width, target);
 }
 
-// The sums of pixels of two rows, even and odd columns apart.
-void addTwoRows(const QRgb* a, const QRgb* b, int width, const PackedColumns& sums)
+// Adds two rows of pixels and deinterleaves the sums into even and odd columns.
+void addTwoRows(const QRgb* a, const QRgb* b, int width, const DeinterleavedRow& sums)
 {
     int x = 0;
     for (; x + 2 * lanes <= width; x += 2 * lanes) {
@@ -51,13 +48,13 @@ void addTwoRows(const QRgb* a, const QRgb* b, int width, const PackedColumns& su
             (ofA[1] & redBlueMask) + (ofB[1] & redBlueMask) };
         const Words green[2] = { (ofA[0] & greenMask) + (ofB[0] & greenMask),
             (ofA[1] & greenMask) + (ofB[1] & greenMask) };
-        takeEven(redBlue[0], redBlue[1], part);
+        deinterleaveEven(redBlue[0], redBlue[1], part);
         store(part, sums.even.redBlue + x / 2);
-        takeOdd(redBlue[0], redBlue[1], part);
+        deinterleaveOdd(redBlue[0], redBlue[1], part);
         store(part, sums.odd.redBlue + x / 2);
-        takeEven(green[0], green[1], part);
+        deinterleaveEven(green[0], green[1], part);
         store(part, sums.even.green + x / 2);
-        takeOdd(green[0], green[1], part);
+        deinterleaveOdd(green[0], green[1], part);
         store(part, sums.odd.green + x / 2);
     }
     for (; x < width; ++x) {
@@ -67,7 +64,7 @@ void addTwoRows(const QRgb* a, const QRgb* b, int width, const PackedColumns& su
     }
 }
 
-template <bool adds> VX_ALWAYS_INLINE void moveSums(quint32* sums, const Words& by)
+template <bool adds> VX_ALWAYS_INLINE void updateVector(quint32* sums, const Words& by)
 {
     Words words;
     load(sums, words);
@@ -75,10 +72,12 @@ template <bool adds> VX_ALWAYS_INLINE void moveSums(quint32* sums, const Words& 
     store(words, sums);
 }
 
-// A pair of columns has four pixels, so at most 1020 of each channel: what 16 lanes of them add up to
-// does not outgrow the 16 bits that reds and blues have.
+// Updates prefix sums over pairs of columns, one from each row.
+//
+// A pair has four pixels, so at most 1020 of each channel: the prefix sums over 16 lanes of them fit into the 16 bits
+// that red and blue have in a word.
 template <bool adds>
-VX_ALWAYS_INLINE void movePairs(const PackedRow& a, const PackedRow& b, const SurroundSums& sums)
+VX_ALWAYS_INLINE void updatePairs(const PackedRow& a, const PackedRow& b, const PrefixSums& sums)
 {
     for (int i = 0; i < sums.count; i += lanes) {
         Words pairs;
@@ -86,14 +85,14 @@ VX_ALWAYS_INLINE void movePairs(const PackedRow& a, const PackedRow& b, const Su
         load(a.redBlue + i, pairs);
         load(b.redBlue + i, others);
         pairs += others;
-        sumUp(pairs);
-        moveSums<adds>(sums.red + i, pairs >> 16U);
-        moveSums<adds>(sums.blue + i, pairs & 0xFFFFU);
+        prefixSum(pairs);
+        updateVector<adds>(sums.red + i, pairs >> 16U);
+        updateVector<adds>(sums.blue + i, pairs & 0xFFFFU);
         load(a.green + i, pairs);
         load(b.green + i, others);
         pairs += others;
-        sumUp(pairs);
-        moveSums<adds>(sums.green + i, pairs >> 8U);
+        prefixSum(pairs);
+        updateVector<adds>(sums.green + i, pairs >> 8U);
     }
 }
 
@@ -102,21 +101,22 @@ VX_ALWAYS_INLINE PackedRow columnsBefore(const PackedRow& columns)
     return { columns.redBlue - 1, columns.green - 1 };
 }
 
-// Pairs of the left half are columns 2i - 1 and 2i. Those of the right half are two columns earlier
-// than the ones that the surround begins with: columns 2i - 2 and 2i - 1 of an even width.
-template <bool adds> VX_ALWAYS_INLINE void moveHalves(int width, const Surrounds& surrounds)
+// Pair i of the left half is columns 2i - 1 and 2i, which the surround of column i has and that of column i - 1 has
+// not. Pair i of the right half is the two columns before the ones that a surround begins with: columns 2i - 2 and
+// 2i - 1 of an even width.
+template <bool adds> VX_ALWAYS_INLINE void updateHalves(int width, const SurroundSums& sums)
 {
-    const PackedRow& even = surrounds.moved.even;
-    const PackedRow oddBefore = columnsBefore(surrounds.moved.odd);
-    movePairs<adds>(oddBefore, even, surrounds.left);
-    movePairs<adds>(oddBefore, width % 2 == 0 ? columnsBefore(even) : even, surrounds.right);
+    const PackedRow& even = sums.update.even;
+    const PackedRow oddBefore = columnsBefore(sums.update.odd);
+    updatePairs<adds>(oddBefore, even, sums.left);
+    updatePairs<adds>(oddBefore, width % 2 == 0 ? columnsBefore(even) : even, sums.right);
 }
 
-void moveSurrounds(const QRgb* a, const QRgb* b, int width, bool adds, const Surrounds& surrounds)
+void updateSums(const QRgb* a, const QRgb* b, int width, bool adds, const SurroundSums& sums)
 {
-    addTwoRows(a, b, width, surrounds.moved);
+    addTwoRows(a, b, width, sums.update);
     if (adds)
-        moveHalves<true>(width, surrounds);
+        updateHalves<true>(width, sums);
     else
-        moveHalves<false>(width, surrounds);
+        updateHalves<false>(width, sums);
 }

@@ -1,7 +1,7 @@
-// How far pixels, smoothed, are from the means of their surrounds.
+// Estimates of the contrasts: squared distances of smoothed pixels to the means of their surrounds.
 
-// The sums of all vectors before.
-struct SumsBefore {
+// The sums of all vectors so far.
+struct RunningSums {
     double red;
     double green;
     double blue;
@@ -15,17 +15,18 @@ VX_ALWAYS_INLINE quint32 smoothDown(
     return (rows.above.*of)[x] + 2 * (rows.here.*of)[x] + (rows.below.*of)[x];
 }
 
-// A mean minus a smoothed value is taken of the channels and becomes luma and chroma then: the constants
-// that chroma is moved by do not count in a difference. Up to the end, all of it is as many times too
-// large as the smoothing weights add up to. The sign is that of the sums: those of the right half are
-// what a surround has not got of all columns.
+// The contrasts of one half of a row.
+//
+// The difference of mean and smoothed pixel is taken in red, green and blue, and converted to luma and chroma: the
+// offset of chroma cancels out in a difference. Up to the last step everything is scaled by the sum of the smoothing
+// weights. The sign is that of the prefix sums, which are subtracted from the whole row in the right half.
 template <int sign>
-VX_ALWAYS_INLINE void estimateHalf(const SurroundSums& sums, std::ptrdiff_t firstColumn,
-    const SmoothedRows& smoothed, const SurroundScale& scale, SumsBefore& before,
+VX_ALWAYS_INLINE void estimateHalf(const PrefixSums& sums, std::ptrdiff_t firstColumn,
+    const SmoothedRows& smoothed, const SurroundScale& scale, RunningSums& before,
     double* __restrict contrasts)
 {
-    constexpr double redScale = 0.713 * 0.713;
-    constexpr double blueScale = 0.564 * 0.564;
+    constexpr double redScale = redDifferenceScale * redDifferenceScale;
+    constexpr double blueScale = blueDifferenceScale * blueDifferenceScale;
     for (std::ptrdiff_t first = 0; first < sums.count; first += lanes) {
         for (std::ptrdiff_t i = first; i < first + lanes; ++i) {
             const std::ptrdiff_t x = firstColumn + i;
@@ -38,7 +39,8 @@ VX_ALWAYS_INLINE void estimateHalf(const SurroundSums& sums, std::ptrdiff_t firs
                 -numberOf(greenTimes256 >> 8U));
             const double blue = multiplyAdd(
                 before.blue + sign * numberOf(sums.blue[i]), perSum, -numberOf(redBlue & 0xFFFFU));
-            const double luma = multiplyAdd(0.114, blue, multiplyAdd(0.587, green, 0.299 * red));
+            const double luma
+                = multiplyAdd(lumaOfBlue, blue, multiplyAdd(lumaOfGreen, green, lumaOfRed * red));
             const double redDifference = red - luma;
             const double blueDifference = blue - luma;
             const double squared = multiplyAdd(blueScale * blueDifference, blueDifference,
@@ -52,13 +54,13 @@ VX_ALWAYS_INLINE void estimateHalf(const SurroundSums& sums, std::ptrdiff_t firs
     }
 }
 
-// What the last vectors of a half have too many is written over by the right half, or by the row
-// below.
-void estimateContrasts(int width, const Surrounds& surrounds, const SmoothedRows& smoothed,
+// The last vector of a half may write too much. The right half overwrites what the left half has too much, and the
+// next row what the right half has.
+void estimateContrasts(int width, const SurroundSums& sums, const SmoothedRows& smoothed,
     const SurroundScale& scale, double* contrasts, Range& range)
 {
-    SumsBefore before {};
-    estimateHalf<1>(surrounds.left, 0, smoothed, scale, before, contrasts);
-    estimateHalf<-1>(surrounds.right, (width + 1) / 2, smoothed, scale, before, contrasts);
+    RunningSums before {};
+    estimateHalf<1>(sums.left, 0, smoothed, scale, before, contrasts);
+    estimateHalf<-1>(sums.right, (width + 1) / 2, smoothed, scale, before, contrasts);
     widenRange(contrasts, width, range);
 }

@@ -1,4 +1,4 @@
-#include "../dilation/MaxFilter.h"
+#include "../dilation/Dilation.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ void overwriteIfDarker(QImage& result, int x, int y, QRgb pixel)
 
 } // namespace
 
-QImage vx::kernels::reference::maxFilter(const QImage& source, int arm, int threshold)
+QImage vx::kernels::reference::dilate(const QImage& source, int radius, int threshold)
 {
     QImage result = source.copy();
     if (source.pixelFormat().colorModel() == QPixelFormat::Indexed)
@@ -20,9 +20,9 @@ QImage vx::kernels::reference::maxFilter(const QImage& source, int arm, int thre
             const QRgb pixel = source.pixel(x, y);
             if (qRed(pixel) <= threshold)
                 continue;
-            for (int k = -arm; k <= arm; ++k)
+            for (int k = -radius; k <= radius; ++k)
                 overwriteIfDarker(result, x + k, y, pixel);
-            for (int k = -arm; k <= arm; ++k)
+            for (int k = -radius; k <= radius; ++k)
                 overwriteIfDarker(result, x, y + k, pixel);
         }
     }
