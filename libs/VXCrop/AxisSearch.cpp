@@ -8,7 +8,7 @@ namespace vx::crop {
 
 namespace {
 
-// What a window holds of the map, wherever on the map's grid it begins.
+// What a window holds of the map, for each place on the map's grid where it may begin.
 class WeightedSums {
 public:
     WeightedSums(const QList<long long>& gridSums, const Axis& windowAxis)
@@ -22,8 +22,8 @@ public:
             cumulative.append(cumulative.last() + sum);
     }
 
-    // With n positions in the window, the one k from an end lies a share of (k + 1/2) / n from it,
-    // so it weighs 0.9 + (k + 1/2) / 2 n, or 1. Times 20 n that is 20 n less 2 n - 10 k - 5, where
+    // Of n positions in the window, the one k from an end has its centre at a share of (k + 1/2) / n of the window,
+    // so it weighs 0.9 + (k + 1/2) / 2 n, at most 1. Times 20 n that is 20 n less 2 n - 10 k - 5, where
     // that is above 0.
     qint64 heldFrom(int gridStart) const
     {
@@ -34,7 +34,7 @@ public:
         return held;
     }
 
-    // The first starts are each other's, and so are the last ones.
+    // The first starts correspond to each other, and so do the last ones.
     int gridStartOf(int pictureStart) const
     {
         return axis.lastStart() == 0 ? 0 : scaled(pictureStart, lastGridStart(), axis.lastStart());
@@ -75,7 +75,7 @@ int nearestToCentre(const Axis& axis, const QVector<Span>& allowed)
     return nearest;
 }
 
-// Places on the map's grid, moved into the span where it is narrower than a step of the grid.
+// Places on the map's grid, clamped to a span that is narrower than a step of the grid.
 QVector<Candidate> candidatesIn(const QVector<Span>& allowed, const WeightedSums& sums)
 {
     QVector<Candidate> candidates;
@@ -89,10 +89,10 @@ QVector<Candidate> candidatesIn(const QVector<Span>& allowed, const WeightedSums
     return candidates;
 }
 
-// The best of the candidates that the filter lets through: nothing when it lets none through.
+// The best of the candidates that a predicate accepts; none where it accepts none.
 struct Best {
     const Candidate* candidate = nullptr;
-    bool isTied = false; // with one as far from the centre
+    bool isTied = false; // with another that is as far from the centre
 };
 
 template <typename Filter>
@@ -124,7 +124,7 @@ Place firstPlace(const QVector<Candidate>& candidates, const Candidate& centre)
     return { best.candidate->start, false };
 }
 
-// Neighbouring spans become one.
+// Appends a span, merged with the last one where they touch.
 void append(QVector<Span>& spans, const Span& span)
 {
     if (!spans.isEmpty() && spans.last().last + 1 >= span.first)
@@ -133,8 +133,8 @@ void append(QVector<Span>& spans, const Span& span)
         spans.append(span);
 }
 
-// How many pixels of areas the window has, counted once for each area. A double, because there may be more
-// than 64 bits can count.
+// How many pixels of areas the window has, counted once for each area. They may be more than 64 bits can count, so the
+// sum is a double.
 double pixelsWithin(const Axis& axis, int start, const QVector<Area>& areas)
 {
     double pixels = 0;

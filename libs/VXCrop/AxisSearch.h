@@ -46,7 +46,7 @@ int scaled(qint64 number, qint64 numerator, qint64 denominator);
 /// \return spans in ascending order, at least one, all within 0 to axis.lastStart().
 QVector<Span> startsThatKeep(const Axis& axis, const QVector<Span>& areas);
 
-/// Those of the starts \a allowed at which the window has the fewest pixels of \a areas, counted
+/// Those of the \a allowed starts at which the window has the fewest pixels of \a areas, counted
 /// once for each area.
 /// \return spans in ascending order, at least one.
 QVector<Span> startsThatAvoid(
@@ -55,8 +55,8 @@ QVector<Span> startsThatAvoid(
 /// The places where the window holds most salience, at most \a most of them, the best first. They overlap by
 /// less than half of the window.
 ///
-/// What lies within a fifth of the window's length from an end weighs 0.9 there and 1 a fifth on,
-/// linearly. Of several the one nearest to the centre counts. The first place is the allowed one
+/// What lies within a fifth of the window's length from an end counts less: linearly from 0.9 at the end to 1 a fifth
+/// further in. Of several best places, the one nearest to the centre comes first. The first place is the allowed one
 /// nearest to the centre itself when two are equally near, or when the best holds no more than 0.1
 /// % more. \a sums are of salience along the axis, one for each column or row of the map, 0 to 2³¹
 /// each; the window may begin where \a allowed says.
