@@ -17,7 +17,7 @@ for path, text in [*pages(root), *recipes(root)]:
         if "://" not in target and not (path.parent / target).exists():
             wrong.append(f"{path}: no file {target}")
     for name in re.findall(r"`([A-Z]\w+\.[a-z]\w+)`", text):
-        is_file = name.endswith((".cpp", ".h", ".json", ".md"))
+        is_file = name.endswith((".cpp", ".h", ".inl", ".json", ".md", ".txt"))
         if not is_file and name not in defined:
             wrong.append(f"{path}: no test {name}")
 if not defined:
