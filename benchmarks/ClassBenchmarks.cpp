@@ -16,14 +16,14 @@
 #include <VXRegionOfInterest/VXSobelROI.h>
 #include <VXRegionOfInterest/VXVeryImportantAreasROI.h>
 
-#include "kernels/Blend.h"
 #include "kernels/CentrePrior.h"
 #include "kernels/Cubes.h"
-#include "kernels/EdgeResponse.h"
 #include "kernels/GaussianBlur.h"
-#include "kernels/MaxFilter.h"
-#include "kernels/RedSums.h"
 #include "kernels/background/BackgroundMap.h"
+#include "kernels/blend/Blend.h"
+#include "kernels/dilation/Dilation.h"
+#include "kernels/edges/EdgeResponse.h"
+#include "kernels/image/RedSums.h"
 #include "support/GreyImage.h"
 #include "support/PlainHistogramROI.h"
 
@@ -73,7 +73,7 @@ void registerFilters()
         } });
     registerEverywhere(ImageSubject { "VXMaxFilter",
         [](const QImage& image) { return VXMaxFilter(90, 150).evaluate(image); },
-        [](const QImage& image) { return reference::maxFilter(image, 45, 150); } });
+        [](const QImage& image) { return reference::dilate(image, 45, 150); } });
     registerEverywhere(ImageSubject { "VXSobelROI::convolute",
         [](const QImage& image) { return VXSobelROI().convolute(image); },
         [](const QImage& image) {

@@ -4,12 +4,12 @@
 
 #include <VXRegionOfInterest/VXGaussianBlur.h>
 
-#include "kernels/Blend.h"
 #include "kernels/CentrePrior.h"
-#include "kernels/EdgeResponse.h"
 #include "kernels/GaussianBlur.h"
-#include "kernels/MaxFilter.h"
-#include "kernels/SurroundContrast.h"
+#include "kernels/blend/Blend.h"
+#include "kernels/dilation/Dilation.h"
+#include "kernels/edges/EdgeResponse.h"
+#include "kernels/surround/SurroundContrast.h"
 #include "support/GreyImage.h"
 #include "support/PlainHistogramROI.h"
 
@@ -25,20 +25,20 @@ QImage benchmarks::literalEdges(const QImage& image)
     reference::respondToKernel(blurred, { 1, 0, -1, 2, 0, -2, 1, 0, -1 }, 12, vertical);
     QImage combined = mapFor(image);
     reference::combineResponses(horizontal, vertical, combined);
-    return reference::maxFilter(combined, 3, 50);
+    return reference::dilate(combined, 3, 50);
 }
 
 QImage benchmarks::literalContrast(const QImage& image)
 {
     const QImage contrast = support::greyImage(
-        image.size(), [&](QImage& levels) { reference::surroundContrast(image, levels); });
-    return reference::maxFilter(contrast, 45, 150);
+        image.size(), [&](QImage& greyMap) { reference::surroundContrast(image, greyMap); });
+    return reference::dilate(contrast, 45, 150);
 }
 
 QImage benchmarks::literalAnalysis(const QImage& image)
 {
-    const QImage prior
-        = support::greyImage(image.size(), [](QImage& levels) { reference::centrePrior(levels); });
+    const QImage prior = support::greyImage(
+        image.size(), [](QImage& greyMap) { reference::centrePrior(greyMap); });
     QImage blended = mapFor(image);
     reference::blend({ literalEdges(image), prior, support::plainHistogramMap(image, {}),
                          literalContrast(image) },

@@ -4,10 +4,11 @@
 
 #include <VXRegionOfInterest/VXMaxFilter.h>
 
-#include "kernels/LumaChroma.h"
-#include "kernels/MaxFilter.h"
-#include "kernels/PixelWords.h"
-#include "kernels/SurroundContrast.h"
+#include "kernels/dilation/Dilation.h"
+#include "kernels/histogram/HistogramLoops.h"
+#include "kernels/image/LumaChroma.h"
+#include "kernels/image/PixelWords.h"
+#include "kernels/surround/SurroundContrast.h"
 #include "support/GreyImage.h"
 
 namespace {
@@ -32,8 +33,8 @@ ImageSubject surroundContrastWith(const RowLoops& loops)
 ImageSubject maxFilterWith(const RowLoops& loops)
 {
     return { std::string("loops for ") + loops.name + ": maximum filter, grey",
-        [&loops](const QImage& image) { return vx::kernels::maxFilter(image, 45, 150, loops); },
-        [](const QImage& image) { return reference::maxFilter(image, 45, 150); } };
+        [&loops](const QImage& image) { return vx::kernels::dilate(image, 45, 150, loops); },
+        [](const QImage& image) { return reference::dilate(image, 45, 150); } };
 }
 
 QImage plainChromaBins(const QImage& image)
@@ -52,8 +53,8 @@ ImageSubject chromaBinsWith(const RowLoops& loops)
         [&loops](const QImage& image) {
             QImage bins = mapFor(image);
             for (int y = 0; y < image.height(); ++y)
-                loops.chroma.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256, 256,
-                    vx::kernels::writableWordRow(bins, y));
+                loops.histogram.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256,
+                    256, vx::kernels::writableWordRow(bins, y));
             return bins;
         },
         plainChromaBins };
@@ -78,7 +79,7 @@ void registerMaximumFilterExtremes()
         for (const int arm : { 3, 45, 1000 }) {
             const ImageSubject filter { "VXMaxFilter with arms of " + std::to_string(arm),
                 [arm](const QImage& image) { return VXMaxFilter(2 * arm, 150).evaluate(image); },
-                [arm](const QImage& image) { return reference::maxFilter(image, arm, 150); }, 0 };
+                [arm](const QImage& image) { return reference::dilate(image, arm, 150); }, 0 };
             registerPair(filter, Kind::Bright, size);
             registerPair(filter, Kind::Dark, size);
         }

@@ -1,6 +1,6 @@
 #include "Benchmarks.h"
 
-#include "kernels/loops/RowLoops.h"
+#include "kernels/RowLoops.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 #include <VXRegionOfInterest/VXBackgroundROI.h>
 
-#include "kernels/PixelWords.h"
 #include "kernels/background/BackgroundMap.h"
+#include "kernels/image/PixelWords.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/TestImages.h"

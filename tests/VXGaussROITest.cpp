@@ -15,8 +15,8 @@ QImage centrePriorOf(int width, int height)
 
 QImage plainCentrePriorOf(int width, int height)
 {
-    return support::greyImage(
-        QSize(width, height), [](QImage& levels) { vx::kernels::reference::centrePrior(levels); });
+    return support::greyImage(QSize(width, height),
+        [](QImage& greyMap) { vx::kernels::reference::centrePrior(greyMap); });
 }
 
 } // namespace

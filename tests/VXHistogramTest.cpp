@@ -1,6 +1,6 @@
 #include <VXRegionOfInterest/VXHistogram.h>
 
-#include "kernels/ChromaBins.h"
+#include "kernels/histogram/ChromaBins.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/Random.h"

@@ -1,6 +1,6 @@
 #include <VXRegionOfInterest/VXMaxFilter.h>
 
-#include "kernels/MaxFilter.h"
+#include "kernels/dilation/Dilation.h"
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
@@ -20,10 +20,10 @@ testing::AssertionResult equalsPlain(const QImage& source, int size, int thresho
     // Arms beyond the image reach no further.
     const int reach = std::max(source.width(), source.height());
     const int arm = std::clamp(size / 2, -1, reach);
-    const QImage plain = vx::kernels::reference::maxFilter(source, arm, threshold);
+    const QImage plain = vx::kernels::reference::dilate(source, arm, threshold);
     const testing::AssertionResult variants
         = support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
-              return vx::kernels::maxFilter(source, size / 2, threshold, loops);
+              return vx::kernels::dilate(source, size / 2, threshold, loops);
           });
     return variants ? support::sameImage(plain, VXMaxFilter(size, threshold).evaluate(source))
                     : variants;

@@ -1,7 +1,7 @@
 #include <VXRegionOfInterest/VXSalienzAchanta.h>
 
-#include "kernels/MaxFilter.h"
-#include "kernels/SurroundContrast.h"
+#include "kernels/dilation/Dilation.h"
+#include "kernels/surround/SurroundContrast.h"
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
@@ -25,8 +25,8 @@ QImage plainSalience(const QImage& source)
     const QImage words
         = source.depth() == 32 ? source : source.convertToFormat(QImage::Format_ARGB32);
     const QImage contrast = support::greyImage(words.size(),
-        [&](QImage& levels) { vx::kernels::reference::surroundContrast(words, levels); });
-    return vx::kernels::reference::maxFilter(contrast, 45, 150);
+        [&](QImage& greyMap) { vx::kernels::reference::surroundContrast(words, greyMap); });
+    return vx::kernels::reference::dilate(contrast, 45, 150);
 }
 
 QImage filled(int width, int height, const QColor& colour)
@@ -86,11 +86,11 @@ TEST(VXSalienzAchanta, surroundsOfFourColumnsSpanWhatTheyShould)
         contrast.at(x) = (means.at(x) - smoothed.at(x)) * (means.at(x) - smoothed.at(x));
     const auto [least, greatest] = std::minmax_element(contrast.begin(), contrast.end());
 
-    QImage levels = vx::kernels::uninitializedLevels(row.size());
-    vx::kernels::surroundContrast(row, levels);
+    QImage greyMap = vx::kernels::uninitializedGreyMap(row.size());
+    vx::kernels::surroundContrast(row, greyMap);
     for (int x = 0; x < 4; ++x) {
         const double above = contrast.at(static_cast<std::size_t>(x)) - *least;
-        EXPECT_NEAR(vx::kernels::levelRow(levels, 0)[x], above * 255 / (*greatest - *least), 1)
+        EXPECT_NEAR(vx::kernels::greyRow(greyMap, 0)[x], above * 255 / (*greatest - *least), 1)
             << x;
     }
 }

@@ -1,6 +1,6 @@
 #include <VXRegionOfInterest/VXSalienzMaximizerHorizontal.h>
 
-#include "kernels/RedSums.h"
+#include "kernels/image/RedSums.h"
 #include "support/AxisMaximizerTests.h"
 
 using Sums = QList<long long>;

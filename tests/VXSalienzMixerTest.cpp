@@ -6,7 +6,7 @@
 #include <VXRegionOfInterest/VXSobelROI.h>
 #include <VXRegionOfInterest/VXVeryImportantAreasROI.h>
 
-#include "kernels/Blend.h"
+#include "kernels/blend/Blend.h"
 #include "support/ImageAssert.h"
 #include "support/Memory.h"
 #include "support/MessageTrap.h"

@@ -1,6 +1,6 @@
 #include <VXRegionOfInterest/VXSobelROI.h>
 
-#include "kernels/EdgeResponse.h"
+#include "kernels/edges/EdgeResponse.h"
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"
 #include "support/TestImages.h"

@@ -27,7 +27,7 @@ void configure(VXSalienzMixer& mixer, const VXCropSettings& settings)
     for (const VXCropSettings::Method& method : VXCropSettings::methods()) {
         if (!method.ofMixer)
             continue;
-        // The object's own weight, because the mixer turns the sign of the histogram method's.
+        // Set on the method itself, because the mixer changes the sign of the histogram method's weight.
         const int weight = settings.*method.weight;
         mixer.roiMethod(*method.ofMixer)->setWeight(weight);
         mixer.setMethodEnabled(*method.ofMixer, weight != 0);
@@ -41,14 +41,14 @@ void configure(VXSalienzMixer& mixer, const VXCropSettings& settings)
     mixer.updateHistogramMinHeight(settings.tuning.minHeight);
 }
 
-// Whether there is anything to analyse. A row of more columns has no image of 32 bits per pixel.
+// Whether there is anything to analyse. No image of 32 bits per pixel can have more columns.
 bool isAnalysable(const QImage& image)
 {
     constexpr int mostColumns = 67108862;
     return !image.isNull() && image.width() <= mostColumns;
 }
 
-// Whether workingImage() would make a copy, but for bits that no method looks at.
+// Whether workingImage() would make a mere copy. (The alpha byte may differ, which no method reads.)
 bool isWorkingImage(const QImage& image)
 {
     return image.format() == QImage::Format_RGB32
@@ -59,7 +59,7 @@ QVector<QRect> partsWithin(const QSize& picture, const QVector<QRect>& areas)
 {
     QVector<QRect> parts;
     for (const QRect& area : areas) {
-        // By hand, because sides of an area may be longer than an int can tell.
+        // Not with QRect, because an int may not hold the sides of an area.
         const QPoint first(std::max(area.left(), 0), std::max(area.top(), 0));
         const QPoint last(std::min(area.right(), picture.width() - 1),
             std::min(area.bottom(), picture.height() - 1));
@@ -69,7 +69,7 @@ QVector<QRect> partsWithin(const QSize& picture, const QVector<QRect>& areas)
     return parts;
 }
 
-// An area of the picture in pixels of its working image, those that it has a part of.
+// An area of the picture in pixels of the working image: all those that it touches.
 QRect inWorkingPixels(const QRect& area, const QSize& picture, const QSize& working)
 {
     const auto first
@@ -83,7 +83,7 @@ QRect inWorkingPixels(const QRect& area, const QSize& picture, const QSize& work
             last(area.bottom(), working.height(), picture.height())) };
 }
 
-// Where the constraints leave room, and which of them leaves not all.
+// The starts that the constraints allow, and which of them rules some out.
 struct Allowed {
     QVector<Span> starts;
     std::optional<VXCropReason> reason;
@@ -149,13 +149,13 @@ VXCrop VXCrop::fromWorkingImage(
     VXCrop crop;
     if (!isAnalysable(image) || pictureSize.isEmpty())
         return crop;
-    // Larger ones would take longer, and tell no more.
+    // A larger one would take longer and tell nothing more.
     const bool isLarge
         = image.width() > workingBound.width() || image.height() > workingBound.height();
     const QImage working = isLarge ? workingImage(image) : image;
     crop.picture = pictureSize;
     crop.working = working.size();
-    // The working image is as large as it should be: the mixer scales nothing.
+    // The working image has its size already, so the mixer scales nothing.
     VXSalienzMixer mixer { QSize() };
     configure(mixer, settings);
     const QList<QImage> ofMixer = mixer.gatherResults(working);

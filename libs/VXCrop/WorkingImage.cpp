@@ -22,7 +22,7 @@ struct Run {
 
 constexpr int mostInRun = 4;
 
-// All of them, or so many in the middle where there are more than two.
+// The runs along a side: all of their pixels, or only those in the middle where there are more than two.
 QVector<Run> runsAlong(int pixels, int workingPixels, int inTheMiddle)
 {
     QVector<Run> runs;
@@ -51,7 +51,7 @@ public:
     {
         if (picture.format() == format)
             return reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-        // A single row is converted without Qt's threads.
+        // Qt converts a single row without its threads.
         QImage row(
             picture.constScanLine(y), picture.width(), 1, picture.bytesPerLine(), picture.format());
         row.setColorTable(picture.colorTable());
@@ -82,16 +82,16 @@ Alpha alphaOf(const QImage& picture)
     return picture.format() == QImage::Format_ARGB32 ? Alpha::Straight : Alpha::Premultiplied;
 }
 
-// A premultiplied colour over mid-grey.
+// Composites a premultiplied colour over mid-grey.
 QRgb onGrey(QRgb word)
 {
     const int grey = (128 * (255 - qAlpha(word)) + 127) / 255;
-    const auto level = [grey](int channel) { return std::min(channel + grey, 255); };
-    return qRgb(level(qRed(word)), level(qGreen(word)), level(qBlue(word)));
+    const auto over = [grey](int channel) { return std::min(channel + grey, 255); };
+    return qRgb(over(qRed(word)), over(qGreen(word)), over(qBlue(word)));
 }
 
-// The channels of a word, or sums of them, 16 bits each: alpha and green in the upper half, red and
-// blue below.
+// The channels of a word, or sums of them, packed into 16 bits each: alpha and green in the upper half, red and
+// blue in the lower one.
 using Channels = quint64;
 
 constexpr Channels everySecondByte = 0x00FF00FF00FF00FFU;
@@ -108,7 +108,7 @@ Channels sumOf(const QRgb* words, int count)
     return sum;
 }
 
-// Two words at a time.
+// The same for four words, two at a time.
 Channels sumOfFour(const QRgb* words)
 {
     constexpr quint64 lowerHalf = 0xFFFFFFFFU;
@@ -141,7 +141,7 @@ Channels sumOf(const QRgb* words, int count, Alpha alpha)
     return sum;
 }
 
-// The means of so few words that 16 bits hold their sums.
+// Divides sums by their number of words, rounded to the nearest integer.
 class Means {
 public:
     Means()
@@ -164,7 +164,7 @@ public:
         }
     }
 
-    // Of two or four, 2 to the power of shift.
+    // The means of two words, or of four: of 2 to the power of shift.
     static QRgb shifted(Channels sums, quint32 shift)
     {
         constexpr Channels ones = 0x0001000100010001U;
@@ -172,7 +172,7 @@ public:
     }
 
 private:
-    // Times 65536 / count, rounded up: that gives every mean exactly.
+    // Multiplies by 65536 / count, rounded up, which gives every mean exactly.
     static QRgb divided(Channels sums, quint32 reciprocal)
     {
         const auto mean = [=](quint32 bit) {
@@ -185,7 +185,7 @@ private:
     std::array<quint32, 3 * mostInRun + 1> reciprocals {};
 };
 
-// One row of the working image, of one or more rows of the picture.
+// One row of the working image, from one or more rows of the picture.
 class WorkingRow {
 public:
     explicit WorkingRow(const QVector<Run>& runs)
@@ -204,7 +204,7 @@ public:
         ++rows;
     }
 
-    // Writes the means of the rows that have been added, and begins anew.
+    // Writes the means over the rows that have been added, and starts again.
     void writeMeans(QRgb* words)
     {
         const Channels* sum = sums.data();
@@ -225,8 +225,8 @@ private:
     Means means;
 };
 
-// One row of the working image, of one or two rows of an opaque picture, of which one or two columns count for each
-// pixel. The sums down the columns come first, because a processor makes many of them at a time.
+// One row of the working image, from one or two rows of an opaque picture, one or two columns for each pixel. The
+// columns are summed first, because that runs in vectors.
 class OpaqueRow {
 public:
     OpaqueRow(const QVector<Run>& runs, int width)
@@ -237,14 +237,14 @@ public:
 
     void add(const QRgb* row)
     {
-        const auto* const levels = reinterpret_cast<const uchar*>(row);
+        const auto* const bytes = reinterpret_cast<const uchar*>(row);
         for (std::size_t i = 0; i < sums.size(); ++i)
-            sums[i] = static_cast<quint16>(sums[i] + levels[i]);
+            sums[i] = static_cast<quint16>(sums[i] + bytes[i]);
         ++rows;
     }
 
-    // Writes the means of the rows that have been added, and begins anew. A column that is alone counts twice,
-    // which changes no mean.
+    // Writes the means over the rows that have been added, and starts again. A single column counts
+    // twice, which changes no mean.
     void writeMeans(QRgb* words)
     {
         constexpr QRgb opaque = 0xff000000U;
@@ -261,8 +261,8 @@ public:
 private:
     Channels channelsAt(int column) const
     {
-        const quint16* const levels = sums.data() + std::ptrdiff_t { 4 } * column;
-        return Channels { levels[1] } << 32U | Channels { levels[2] } << 16U | levels[0];
+        const quint16* const channels = sums.data() + std::ptrdiff_t { 4 } * column;
+        return Channels { channels[1] } << 32U | Channels { channels[2] } << 16U | channels[0];
     }
 
     const QVector<Run>& columns;
@@ -270,9 +270,9 @@ private:
     quint32 rows = 0;
 };
 
-// An image whose pixels are not initialized, in a block with room for the map that is made of it:
-// glibc returns memory when twice its largest block is free, and taking it in again would cost as
-// much as the analysis.
+// An image whose pixels are not initialised, in a block twice as large as it needs. glibc gives memory back to the
+// system when twice its largest block is free; so it keeps the memory of the map, whose page faults would cost as much
+// as the analysis.
 QImage roomyImage(const QSize& size)
 {
     const std::size_t bytes = std::size_t { 4 } * static_cast<std::size_t>(size.width())

@@ -1,7 +1,7 @@
 #include "VXAbstractROI.h"
 
-#include "kernels/ImageMemory.h"
-#include "kernels/PixelWords.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/PixelWords.h"
 
 VXAbstractROI::VXAbstractROI() = default;
 

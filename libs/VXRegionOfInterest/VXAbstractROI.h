@@ -26,9 +26,9 @@
 ///
 /// **Threads and ownership**: reentrant. Methods keep nothing between calls but their settings and
 /// start no threads: use an object from one thread at a time, different objects from as many threads
-/// as you like. Who constructs an object deletes it; those of a mixer belong to the mixer. No image is
-/// changed that was handed in, and what is returned has memory of its own: it outlives the buffer that an
-/// image was constructed over. (adjustFormat() alone shares.)
+/// as you like. Who constructs an object deletes it; those of a mixer belong to the mixer. No image
+/// that is handed in is changed, and what is returned has memory of its own: it outlives the buffer that an
+/// image was constructed over. (Only adjustFormat() shares memory.)
 ///
 /// **Out of memory**, operations throw std::bad_alloc. An image too wide for 32 bits per pixel, of more than
 /// 67108862 columns, has no map: null stands for it.

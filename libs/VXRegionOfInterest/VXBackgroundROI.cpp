@@ -1,7 +1,7 @@
 #include "VXBackgroundROI.h"
 
-#include "kernels/PixelWords.h"
 #include "kernels/background/BackgroundMap.h"
+#include "kernels/image/PixelWords.h"
 
 VXBackgroundROI::VXBackgroundROI() = default;
 

@@ -20,10 +20,10 @@
 /// come close to that. Where no cell differs from the border more than another, all is black. The map
 /// is smooth: it tells where something is, not its outline.
 ///
-/// **Settings**: none beyond the base's. The mixer does not own this method; what it makes of its map is
-/// VXSalienzMixer::mix().
+/// **Settings**: none beyond the base's. The mixer does not own this method; VXSalienzMixer::mix() blends its
+/// map with others.
 ///
-/// **Costs** a pass over the pixels and a fixed amount for the cells, on one core 0.7 ms at
+/// **Costs** a pass over the pixels and a fixed amount of work for the cells, on one core 0.7 ms at
 /// 640 × 480; beside the map, 12 bytes of memory for each column and about 1 MB.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.

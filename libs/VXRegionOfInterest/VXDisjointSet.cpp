@@ -1,8 +1,8 @@
-#include "kernels/ExactArithmetic.h"
+#include "kernels/image/ExactArithmetic.h"
 
 #include "VXDisjointSet.h"
 
-#include "kernels/Wrapping.h"
+#include "kernels/image/Wrapping.h"
 
 #include <QSize>
 
@@ -38,7 +38,7 @@ std::pair<float, float> meanOf(const std::vector<QPoint>& points)
     return { static_cast<float>(x.value()) / count, static_cast<float>(y.value()) / count };
 }
 
-// The cells of a grid, columns by rows: none where there is no element for each of them.
+// The size of a grid in cells: none where there is not an element for each of them.
 QSize cellsOf(int rows, int columns, int elements)
 {
     const QSize cells(std::max(columns, 0), std::max(rows, 0));
@@ -69,7 +69,7 @@ int VXDisjointSet::find(int i)
     if (!contains(i))
         return -1;
     int root = i;
-    // No chain is longer than the set, unless elements that are no roots were joined into a circle.
+    // No chain is longer than the set, unless elements that are not roots were joined into a cycle.
     for (int links = elements.size(); links > 0 && elements.at(root).parent != root; --links)
         root = elements.at(root).parent;
     elements[i].parent = root;
@@ -186,8 +186,8 @@ std::vector<QPoint> VXDisjointSet::convex_hull(std::vector<QPoint> points)
 
     std::vector<QPoint> hull;
     hull.reserve(2 * points.size());
-    // Appends a point after dropping those that it makes no corners, as long as a chain has two or
-    // more points, for which the hull must hold `least`.
+    // Appends a point, after dropping the points that are no corners because of it. The chain keeps its first point:
+    // nothing is dropped from a hull of fewer than `least` points.
     const auto turnTo = [&](const QPoint& point, std::size_t least) {
         while (hull.size() >= least && cross(hull[hull.size() - 2], hull.back(), point) <= 0)
             hull.pop_back();

@@ -31,8 +31,8 @@ VXREGIONOFINTEREST_EXPORT bool lexicallySmaller(const QPoint& p, const QPoint& q
 /// only the element that is asked for is compressed.
 ///
 /// **Takes** element indices. An index outside 0 to cells - 1 is answered by -1 or 0 and changes
-/// nothing. join() expects two different roots; other elements are joined all the same, may give
-/// segments that overlap, but never a search without end.
+/// nothing. join() expects two different roots; other elements are joined all the same, and may give
+/// segments that overlap, but never an endless search.
 ///
 /// **Returns** roots, sizes, bounds and centroids; grids in which nothing was merged give one
 /// segment per cell, empty ones none.

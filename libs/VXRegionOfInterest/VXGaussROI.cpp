@@ -1,7 +1,7 @@
 #include "VXGaussROI.h"
 
 #include "kernels/CentrePrior.h"
-#include "kernels/Levels.h"
+#include "kernels/image/GreyMap.h"
 
 VXGaussROI::VXGaussROI() = default;
 
@@ -10,8 +10,8 @@ VXGaussROI::~VXGaussROI() = default;
 QImage VXGaussROI::evaluate(const QImage& image)
 {
     QImage map = createTargetImage(image);
-    QImage prior = vx::kernels::uninitializedLevels(map.size());
+    QImage prior = vx::kernels::uninitializedGreyMap(map.size());
     vx::kernels::centrePrior(prior);
-    vx::kernels::writeGrey(prior, map);
+    vx::kernels::writeOpaqueGrey(prior, map);
     return map;
 }

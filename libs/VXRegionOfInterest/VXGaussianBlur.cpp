@@ -1,4 +1,4 @@
-#include "kernels/ExactArithmetic.h"
+#include "kernels/image/ExactArithmetic.h"
 
 #include "VXGaussianBlur.h"
 

@@ -1,7 +1,7 @@
 #include "VXHistogram.h"
 
-#include "kernels/ChromaBins.h"
-#include "kernels/PixelWords.h"
+#include "kernels/histogram/ChromaBins.h"
+#include "kernels/image/PixelWords.h"
 
 struct VXHistogram::Table {
     Table(int rows, int columns)

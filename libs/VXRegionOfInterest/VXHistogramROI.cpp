@@ -2,10 +2,10 @@
 
 #include "VXDisjointSet.h"
 #include "VXSegmentEdge.h"
-#include "kernels/BlockHistograms.h"
-#include "kernels/ImageMemory.h"
-#include "kernels/LumaChroma.h"
-#include "kernels/PixelWords.h"
+#include "kernels/histogram/BlockHistograms.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/LumaChroma.h"
+#include "kernels/image/PixelWords.h"
 
 #include <algorithm>
 #include <array>
@@ -19,8 +19,8 @@ namespace {
 
 constexpr int mostBlocks = 100; // along each side of the grid
 
-// Beyond one bin for each byte value, bins stay empty. One of them makes the smallest bin 0, more
-// of them change nothing.
+// With more bins than there are byte values, some stay empty. The first of these makes the smallest bin 0, and
+// more of them change nothing.
 constexpr int mostUsefulBins = 257;
 
 // The grid of blocks that an image is divided into.
@@ -35,12 +35,12 @@ struct Grid {
 using HistogramRows = std::map<int, vx::kernels::BinTables>;
 using Edges = std::vector<VXSegmentEdge>;
 
-// Where the neighbours are that a block has edges to: every pair has one edge, from its left or, one above
-// the other, from its upper block.
+// Where the neighbours lie to which a block has edges. Every pair has one edge: from the block on the left or, of
+// two in a column, from the upper one.
 constexpr std::array<QPoint, vx::kernels::neighbourCount> neighbourSteps { QPoint(1, -1),
     QPoint(1, 0), QPoint(1, 1), QPoint(0, 1) };
 
-// The edges from the blocks of one row that merge: distances that are not numbers never do.
+// Appends the edges from the blocks of a row along which blocks merge; a distance that is NaN never counts.
 void appendEdges(
     const HistogramRows& histograms, const Grid& grid, int row, double threshold, Edges& edges)
 {
@@ -70,8 +70,8 @@ Edges mergingEdges(vx::kernels::BlockHistograms& blocks, const Grid& grid, doubl
         if (row + 1 < grid.rows)
             histograms.emplace(row + 1, blocks.ofRow(row + 1));
         appendEdges(histograms, grid, row, threshold, edges);
-        // Blocks have edges to the rows beside theirs, so the row above is needed no more. Together
-        // the histograms can be large.
+        // Blocks have edges to the rows directly above and below theirs, so the row above is no longer needed. All
+        // histograms together may be large.
         histograms.erase(row - 1);
     }
     return edges;
@@ -89,7 +89,7 @@ VXDisjointSet merged(const Grid& grid, const Edges& sortedEdges)
     return regions;
 }
 
-// The block at (column, row) of a grid, cut off at the edges of the frame: the rest would not be painted.
+// The part of the block at (column, row) of a grid that lies within the frame: only that is painted.
 QRect blockWithin(const QSize& frame, int column, int row, const QSize& block)
 {
     const auto part = [](qint64 index, qint64 length, qint64 side) {
@@ -142,8 +142,8 @@ QImage VXHistogramROI::evaluate(const QImage& image)
     return map;
 }
 
-// Blocks of other regions are black, and so is what the grid leaves over at the right and below. All rows
-// of a row of blocks are alike.
+// Blocks of other regions are black, and so is what the grid leaves over at the right and at the bottom. All pixel
+// rows of a row of blocks are the same.
 void VXHistogramROI::paintLargeRegions(
     VXDisjointSet& regions, const QSize& blockSize, QImage& map) const
 {

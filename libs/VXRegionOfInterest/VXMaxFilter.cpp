@@ -1,6 +1,6 @@
 #include "VXMaxFilter.h"
 
-#include "kernels/MaxFilter.h"
+#include "kernels/dilation/Dilation.h"
 
 VXMaxFilter::VXMaxFilter(int filterSize, int spreadThreshold)
     : size(filterSize)
@@ -12,6 +12,6 @@ VXMaxFilter::~VXMaxFilter() = default;
 
 QImage VXMaxFilter::evaluate(const QImage& source)
 {
-    const int arm = size / 2;
-    return vx::kernels::maxFilter(source, arm, threshold);
+    const int radius = size / 2;
+    return vx::kernels::dilate(source, radius, threshold);
 }

@@ -2,10 +2,10 @@
 
 #include "VXAbstractROI.h"
 
-/// A maximum filter with a cross-shaped neighbourhood: bright pixels spread along row and column.
+/// A maximum filter (dilation) whose structuring element is a cross: bright pixels spread along row and column.
 ///
 /// Each pixel of the result is the one of greatest red among itself and every pixel above the
-/// threshold in its row or column within reach. Only red decides; all four channels are copied. On
+/// threshold in its row or column within the radius, size / 2. Only red decides; all four channels are copied. On
 /// equal red a pixel keeps what it has, and among equal candidates the first in scan order wins.
 ///
 /// **Takes** an image of any format, read and written as QImage::pixel and QImage::setPixel do.
@@ -16,8 +16,8 @@
 ///
 /// **Settings**: size and threshold, given once to the constructor.
 ///
-/// **Costs** in the fast formats hardly more for a large size than for a small one, and the same
-/// whatever spreads; least where that is opaque grey, as in every salience map. In other formats it
+/// **Costs** in the fast formats hardly more for a large size than for a small one, whatever the image
+/// shows; least where what spreads is opaque grey, as in every salience map. In other formats the cost
 /// grows with the size.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.

@@ -1,9 +1,9 @@
 #include "VXSalienzAchanta.h"
 
-#include "kernels/Levels.h"
-#include "kernels/PixelWords.h"
-#include "kernels/Planes.h"
-#include "kernels/SurroundContrast.h"
+#include "kernels/image/GreyMap.h"
+#include "kernels/image/PixelWords.h"
+#include "kernels/image/Planes.h"
+#include "kernels/surround/SurroundContrast.h"
 
 #include <algorithm>
 
@@ -23,7 +23,7 @@ bool holds(const QList<QList<double>>& rows, int width, int height)
 } // namespace
 
 VXSalienzAchanta::VXSalienzAchanta()
-    : maxFilter(vx::kernels::contrastSpread, vx::kernels::contrastThreshold)
+    : maxFilter(vx::kernels::contrastDilationSize, vx::kernels::contrastDilationThreshold)
 {
 }
 
@@ -32,11 +32,11 @@ VXSalienzAchanta::~VXSalienzAchanta() = default;
 QImage VXSalienzAchanta::evaluate(const QImage& source)
 {
     const QImage words = vx::kernels::toPixelWords(source);
-    QImage contrast = vx::kernels::uninitializedLevels(words.size());
+    QImage contrast = vx::kernels::uninitializedGreyMap(words.size());
     vx::kernels::surroundContrast(words, contrast);
     const QImage spread = maxFilter.evaluate(contrast);
     QImage map = createTargetImage(words);
-    vx::kernels::writeGrey(spread, map);
+    vx::kernels::writeOpaqueGrey(spread, map);
     return map;
 }
 

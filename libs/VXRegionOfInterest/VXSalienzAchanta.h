@@ -22,7 +22,7 @@
 ///
 /// **Costs** a few additions per pixel for the surround, whatever its size, some multiplications, and the
 /// maximum filter. Where a contrast is so close to the next level that only rounding decides, as in
-/// chessboards and stripes, all is computed once more, several times slower. Needs 9 bytes of memory
+/// chessboards and stripes, everything is computed again to the bit, several times slower. Needs 9 bytes of memory
 /// per pixel and a few rows, and 4 more for an image that is converted first.
 ///
 /// **Threads and ownership**: as VXAbstractROI says.

@@ -1,9 +1,9 @@
 #include "VXSalienzClusterer.h"
 
 #include "kernels/Cubes.h"
-#include "kernels/ImageMemory.h"
-#include "kernels/PixelWords.h"
-#include "kernels/Wrapping.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/PixelWords.h"
+#include "kernels/image/Wrapping.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "VXSalienzMaximizerAbstract.h"
 
-#include "kernels/Wrapping.h"
+#include "kernels/image/Wrapping.h"
 
 // Sums wrap instead of overflowing, whatever values a host hands in.
 using vx::kernels::wrappingDifference;
@@ -24,7 +24,7 @@ int VXSalienzMaximizerAbstract::bestRange(const QList<long long>& cumulative, in
 {
     if (length < 1 || cumulative.size() < length)
         return 0;
-    // The last start itself is left out, on purpose; so is 1, when it is the last.
+    // The last start is left out on purpose, even where it is the only one besides 0.
     const int lastStart = cumulative.size() - length;
     long long bestSum = cumulative.at(length - 1);
     int bestStart = 0;

@@ -1,7 +1,7 @@
 #include "VXSalienzMaximizerVertical.h"
 
-#include "kernels/PixelWords.h"
-#include "kernels/RedSums.h"
+#include "kernels/image/PixelWords.h"
+#include "kernels/image/RedSums.h"
 
 VXSalienzMaximizerVertical::VXSalienzMaximizerVertical() = default;
 

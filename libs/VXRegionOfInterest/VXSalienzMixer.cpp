@@ -5,14 +5,14 @@
 #include "VXSalienzAchanta.h"
 #include "VXSobelROI.h"
 #include "VXVeryImportantAreasROI.h"
-#include "kernels/Blend.h"
 #include "kernels/CentrePrior.h"
-#include "kernels/ImageMemory.h"
-#include "kernels/Levels.h"
-#include "kernels/MaxFilter.h"
-#include "kernels/PixelWords.h"
-#include "kernels/SurroundContrast.h"
-#include "kernels/Wrapping.h"
+#include "kernels/blend/Blend.h"
+#include "kernels/dilation/Dilation.h"
+#include "kernels/image/GreyMap.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/PixelWords.h"
+#include "kernels/image/Wrapping.h"
+#include "kernels/surround/SurroundContrast.h"
 
 #include <algorithm>
 #include <array>
@@ -22,30 +22,30 @@
 
 namespace {
 
-// The map of a method, or its levels where kernels make them of the picture alone: one byte per pixel is
-// quick to write and to read. Null where the map is black.
+// The map of a method: a grey map, which is quick to write and to read, where kernels make it from the picture alone.
+// Null where the map is black.
 using MapOf = QImage (*)(VXAbstractROI& roi, const QImage& words);
 
 QImage mapByEvaluating(VXAbstractROI& roi, const QImage& words) { return roi.evaluate(words); }
 
-// Black for every image, so the object is given a null image, which leaves the vertical kernel loaded as any
-// other image would.
-QImage edgeLevels(VXAbstractROI& roi, const QImage& /*words*/) { return roi.evaluate(QImage()); }
+// Black for every image. The object is evaluated for a null image, which loads the vertical kernel as any other image
+// would.
+QImage edgeMap(VXAbstractROI& roi, const QImage& /*words*/) { return roi.evaluate(QImage()); }
 
-QImage priorLevels(VXAbstractROI& /*roi*/, const QImage& words)
+QImage priorMap(VXAbstractROI& /*roi*/, const QImage& words)
 {
-    QImage levels = vx::kernels::uninitializedLevels(words.size());
-    vx::kernels::centrePrior(levels);
-    return levels;
+    QImage prior = vx::kernels::uninitializedGreyMap(words.size());
+    vx::kernels::centrePrior(prior);
+    return prior;
 }
 
-QImage contrastLevels(VXAbstractROI& /*roi*/, const QImage& words)
+QImage contrastMap(VXAbstractROI& /*roi*/, const QImage& words)
 {
-    QImage levels = vx::kernels::uninitializedLevels(words.size());
-    vx::kernels::surroundContrast(words, levels);
-    vx::kernels::spreadLevels(
-        levels, vx::kernels::contrastSpread / 2, vx::kernels::contrastThreshold);
-    return levels;
+    QImage contrast = vx::kernels::uninitializedGreyMap(words.size());
+    vx::kernels::surroundContrast(words, contrast);
+    vx::kernels::dilateGrey(
+        contrast, vx::kernels::contrastDilationSize / 2, vx::kernels::contrastDilationThreshold);
+    return contrast;
 }
 
 // The image unchanged where the bound has a negative side or the image is null.
@@ -71,11 +71,11 @@ struct KnownMethod {
 };
 
 // In the order in which they are created and in which analyze() runs them: the one that takes most memory
-// comes before there are maps of others. A negative weight subtracts the map.
+// runs before there are maps of others. A negative weight subtracts the map.
 constexpr std::array<KnownMethod, 5> knownMethods { {
-    { Achanta, 10, created<VXSalienzAchanta>, contrastLevels },
-    { Sobel, 20, created<VXSobelROI>, edgeLevels },
-    { Gauss, 2, created<VXGaussROI>, priorLevels },
+    { Achanta, 10, created<VXSalienzAchanta>, contrastMap },
+    { Sobel, 20, created<VXSobelROI>, edgeMap },
+    { Gauss, 2, created<VXGaussROI>, priorMap },
     { Histogram, -10, created<VXHistogramROI>, mapByEvaluating },
     { VeryImportantAreas, 20, nullptr, mapByEvaluating },
 } };
@@ -87,8 +87,8 @@ int defaultWeightOf(VXSalienzMethod method)
         ->weight;
 }
 
-// Blends maps that nobody needs afterwards. The first ARGB32 one is overwritten and returned, because
-// touching fresh memory costs more than the arithmetic.
+// Blends maps that are not needed afterwards. The first ARGB32 one is overwritten and returned, because
+// page faults in fresh memory cost more than the arithmetic.
 QImage blended(const QSize& size, std::vector<QImage> maps, const QList<int>& weights)
 {
     const std::vector<vx::kernels::MapView> views(maps.begin(), maps.end());

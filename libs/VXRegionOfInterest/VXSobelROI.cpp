@@ -2,9 +2,9 @@
 
 #include "VXGaussianBlur.h"
 #include "VXMaxFilter.h"
-#include "kernels/EdgeResponse.h"
-#include "kernels/ImageMemory.h"
-#include "kernels/PixelWords.h"
+#include "kernels/edges/EdgeResponse.h"
+#include "kernels/image/ImageMemory.h"
+#include "kernels/image/PixelWords.h"
 
 #include <cstdlib>
 #include <typeinfo>
@@ -14,8 +14,8 @@ VXSobelROI::VXSobelROI() { configureSobelH(); }
 QImage VXSobelROI::evaluate(const QImage& image)
 {
     QImage blurred = VXGaussianBlur(3, 2.6).evaluate(image);
-    // That blur is black for every image, black has no edges, and nothing spreads: it is the map. Only a
-    // derived class may respond in another way.
+    // That blur is black for every image, black has no edges, and nothing is dilated: so the blur is the map. Only a
+    // derived class may respond differently.
     if (typeid(*this) == typeid(VXSobelROI)) {
         configureSobelV();
         return blurred;

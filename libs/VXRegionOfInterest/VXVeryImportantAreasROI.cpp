@@ -1,6 +1,6 @@
 #include "VXVeryImportantAreasROI.h"
 
-#include "kernels/ImageMemory.h"
+#include "kernels/image/ImageMemory.h"
 
 #include <QDebug>
 #include <QMessageLogger>
@@ -13,7 +13,7 @@
 
 namespace {
 
-// Hosts filter messages by where they come from, so the warning names a fixed place.
+// Hosts filter messages by their origin, so the warning names a fixed place.
 void warnAboutUnscaledAreas()
 {
     const QMessageLogger logger("libs/VXRegionOfInterest/VXVeryImportantAreasROI", 49,
@@ -36,10 +36,10 @@ Span haloOf(const Span& area)
     return { centre - length, centre + length - 1 };
 }
 
-// Where spans are cut off that an int cannot hold.
+// Where spans that an int cannot hold are cut off.
 constexpr qint64 limit = (1 << 30) - 1;
 
-// The span as it is where an int can hold its ends and its length, otherwise cut off.
+// The span, cut off where an int cannot hold its ends or its length.
 std::pair<int, int> paintable(const Span& span)
 {
     const bool fits = span.first >= INT_MIN && span.first <= INT_MAX && span.last >= INT_MIN

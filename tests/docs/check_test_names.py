@@ -12,7 +12,7 @@ defined = {f"{suite}.{name}" for suite, name in re.findall(r"TEST(?:_F)?\((\w+),
 
 named = [(path, name) for path, text in [*pages(root), *recipes(root)]
          for name in re.findall(r"`([A-Z]\w+\.[a-z]\w+)`", text)
-         if not name.endswith((".cpp", ".h", ".json", ".md"))]
+         if not name.endswith((".cpp", ".h", ".inl", ".json", ".md", ".txt"))]
 wrong = [f"{path}: no test {name}" for path, name in named if name not in defined]
 if not named:
     wrong.append("no page names a test")

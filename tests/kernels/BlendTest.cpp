@@ -1,4 +1,4 @@
-#include "kernels/Blend.h"
+#include "kernels/blend/Blend.h"
 
 #include "support/ImageAssert.h"
 #include "support/Random.h"

@@ -24,10 +24,10 @@ TEST(CentrePrior, fastEqualsPlainForEverySizeUpTo40)
         for (int width = 0; width <= 40; ++width) {
             const QSize size(width, height);
             const QImage plain = support::greyImage(
-                size, [](QImage& levels) { vx::kernels::reference::centrePrior(levels); });
+                size, [](QImage& greyMap) { vx::kernels::reference::centrePrior(greyMap); });
             ASSERT_TRUE(support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
                 return support::greyImage(
-                    size, [&](QImage& levels) { vx::kernels::centrePrior(levels, loops); });
+                    size, [&](QImage& greyMap) { vx::kernels::centrePrior(greyMap, loops); });
             }));
         }
     }

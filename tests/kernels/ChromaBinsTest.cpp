@@ -1,4 +1,4 @@
-#include "kernels/ChromaBins.h"
+#include "kernels/histogram/ChromaBins.h"
 
 #include "support/Random.h"
 #include "support/TestImages.h"

@@ -1,4 +1,4 @@
-#include "kernels/EdgeResponse.h"
+#include "kernels/edges/EdgeResponse.h"
 
 #include "support/ImageAssert.h"
 #include "support/Random.h"

@@ -1,6 +1,7 @@
-#include "kernels/LumaChroma.h"
-#include "kernels/PixelWords.h"
+#include "kernels/image/LumaChroma.h"
+#include "kernels/image/PixelWords.h"
 
+#include "kernels/histogram/HistogramLoops.h"
 #include "support/TestImages.h"
 #include "support/Variants.h"
 
@@ -22,7 +23,7 @@ QImage chromaBins(const QImage& image, const vx::kernels::RowLoops& loops)
 {
     QImage bins(image.size(), QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y)
-        loops.chroma.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256, 256,
+        loops.histogram.findChromaBins(vx::kernels::wordRow(image, y), image.width(), 256, 256,
             vx::kernels::writableWordRow(bins, y));
     return bins;
 }

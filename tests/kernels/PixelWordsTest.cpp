@@ -1,4 +1,4 @@
-#include "kernels/PixelWords.h"
+#include "kernels/image/PixelWords.h"
 
 #include "support/ImageAssert.h"
 #include "support/MessageTrap.h"

@@ -1,4 +1,4 @@
-#include "kernels/RedSums.h"
+#include "kernels/image/RedSums.h"
 
 #include "support/TestImages.h"
 

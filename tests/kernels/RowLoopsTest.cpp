@@ -1,4 +1,6 @@
-#include "kernels/loops/RowLoops.h"
+#include "kernels/RowLoops.h"
+#include "kernels/blend/BlendLoops.h"
+#include "kernels/dilation/DilationLoops.h"
 
 #include <gtest/gtest.h>
 

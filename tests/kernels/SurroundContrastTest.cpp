@@ -1,8 +1,9 @@
-#include "kernels/SurroundContrast.h"
+#include "kernels/surround/SurroundContrast.h"
 
-#include "kernels/ContrastEstimates.h"
-#include "kernels/Contrasts.h"
+#include "kernels/surround/ExactContrasts.h"
+#include "kernels/surround/FloatingPointFilter.h"
 
+#include "kernels/surround/SurroundLoops.h"
 #include "support/GreyImage.h"
 #include "support/ImageAssert.h"
 #include "support/TestImages.h"
@@ -13,10 +14,10 @@ namespace {
 testing::AssertionResult fastEqualsPlain(const QImage& image)
 {
     const QImage plain = support::greyImage(image.size(),
-        [&](QImage& levels) { vx::kernels::reference::surroundContrast(image, levels); });
+        [&](QImage& greyMap) { vx::kernels::reference::surroundContrast(image, greyMap); });
     return support::everyVariantGives(plain, [&](const vx::kernels::RowLoops& loops) {
         return support::greyImage(image.size(),
-            [&](QImage& levels) { vx::kernels::surroundContrast(image, levels, loops); });
+            [&](QImage& greyMap) { vx::kernels::surroundContrast(image, greyMap, loops); });
     });
 }
 
@@ -41,22 +42,22 @@ TEST(SurroundContrast, fastEqualsPlainForLargerImagesAndPaddedRows)
     EXPECT_TRUE(fastEqualsPlain(padded.image()));
 }
 
-// Whole-number contrasts lie where a level begins, and rounding decides on which side.
+// Contrasts that are whole numbers lie where a grey value begins, and rounding decides on which side.
 TEST(SurroundContrast, fastEqualsPlainWhereRoundingDecides)
 {
     for (const int side : { 1, 2, 3, 4, 15, 16 })
         EXPECT_TRUE(fastEqualsPlain(support::chessboard(640, 480, side))) << side;
 }
 
-// So many bright rows that the sums of a run outgrow the words that hold them. Runs are as wide as a vector
-// is: each variant of the loops gives up at a number of rows of its own.
+// So many bright rows that prefix sums outgrow the words that hold them. They restart at every vector, so each
+// variant of the loops gives up at a number of rows of its own.
 TEST(SurroundContrast, isExactForMoreRowsThanSumsCanHold)
 {
     for (const vx::kernels::RowLoops* const loops : vx::kernels::availableRowLoops()) {
-        const int runLength = loops->contrast.runLength;
+        const int runLength = loops->surround.runLength;
         const int mostRows = 2147483647 / (2 * runLength * 255);
-        EXPECT_TRUE(vx::kernels::ContrastEstimates::canEstimate(QSize(1, mostRows), *loops));
-        EXPECT_FALSE(vx::kernels::ContrastEstimates::canEstimate(QSize(1, mostRows + 1), *loops));
+        EXPECT_TRUE(vx::kernels::FloatingPointFilter::appliesTo(QSize(1, mostRows), *loops));
+        EXPECT_FALSE(vx::kernels::FloatingPointFilter::appliesTo(QSize(1, mostRows + 1), *loops));
 
         QImage image(4 * runLength + 2, mostRows + 300, QImage::Format_RGB32);
         for (int y = 0; y < image.height(); ++y) {
@@ -64,19 +65,19 @@ TEST(SurroundContrast, isExactForMoreRowsThanSumsCanHold)
             for (int x = 0; x < image.width(); ++x) // bright, and not even
                 row[x] = qRgb(255 - x % 3, 255 - y % 7, 250 + (x + y) % 5);
         }
-        QImage exact = vx::kernels::uninitializedLevels(image.size());
-        vx::kernels::Contrasts(image, *loops).writeLevels(exact);
-        QImage levels = vx::kernels::uninitializedLevels(image.size());
-        vx::kernels::surroundContrast(image, levels, *loops);
-        EXPECT_EQ(levels, exact) << loops->name;
+        QImage exact = vx::kernels::uninitializedGreyMap(image.size());
+        vx::kernels::ExactContrasts(image, *loops).stretch(exact);
+        QImage greyMap = vx::kernels::uninitializedGreyMap(image.size());
+        vx::kernels::surroundContrast(image, greyMap, *loops);
+        EXPECT_EQ(greyMap, exact) << loops->name;
     }
 }
 
 TEST(SurroundContrast, writesNothingForANullImage)
 {
-    QImage levels = vx::kernels::uninitializedLevels(QSize(4, 3));
-    levels.fill(7);
-    const QImage untouched = levels.copy();
-    vx::kernels::surroundContrast(QImage(), levels);
-    EXPECT_EQ(levels, untouched);
+    QImage greyMap = vx::kernels::uninitializedGreyMap(QSize(4, 3));
+    greyMap.fill(7);
+    const QImage untouched = greyMap.copy();
+    vx::kernels::surroundContrast(QImage(), greyMap);
+    EXPECT_EQ(greyMap, untouched);
 }

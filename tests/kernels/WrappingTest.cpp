@@ -1,4 +1,4 @@
-#include "kernels/Wrapping.h"
+#include "kernels/image/Wrapping.h"
 
 #include <gtest/gtest.h>
 

@@ -1,17 +1,17 @@
 #pragma once
 
-#include "kernels/Levels.h"
+#include "kernels/image/GreyMap.h"
 
 #include <QImage>
 
 namespace support {
 
-/// The opaque grey ARGB32 image of the levels that \a write fills an image in Grayscale8 with.
+/// The opaque grey ARGB32 image of the grey map that \a write fills.
 template <typename Write> QImage greyImage(const QSize& size, const Write& write)
 {
-    QImage levels = vx::kernels::uninitializedLevels(size);
-    write(levels);
-    return levels.convertToFormat(QImage::Format_ARGB32);
+    QImage greyMap = vx::kernels::uninitializedGreyMap(size);
+    write(greyMap);
+    return greyMap.convertToFormat(QImage::Format_ARGB32);
 }
 
 } // namespace support

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernels/loops/RowLoops.h"
+#include "kernels/RowLoops.h"
 #include "support/ImageAssert.h"
 
 namespace support {

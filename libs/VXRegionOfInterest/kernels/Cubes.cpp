@@ -1,8 +1,9 @@
-#include "ExactArithmetic.h"
+#include "image/ExactArithmetic.h"
 
 #include "Cubes.h"
 
-#include "PixelWords.h"
+#include "image/PixelLoops.h"
+#include "image/PixelWords.h"
 
 #include <algorithm>
 
@@ -10,7 +11,7 @@ namespace {
 
 using namespace vx::kernels;
 
-// What a cube holds. Sums of whole numbers are exact in any order, so none is kept in double.
+// The measure of a cube. Sums of whole numbers are exact in any order, as those of doubles would not be.
 RedMeasure measureCube(const QImage& words, const QRect& cube, int meanPixel, const RowLoops& loops)
 {
     RedMeasure all {};
@@ -34,7 +35,7 @@ quint32 boosted(const RedMeasure& measure, int meanPixel)
     return static_cast<quint32>(static_cast<qint64>(meanExcess * sum));
 }
 
-int levelOf(
+int cubeLevel(
     const QImage& words, const QRect& cube, const CubeStandard& standard, const RowLoops& loops)
 {
     // Zero only by wrapping: no cube is empty.
@@ -69,7 +70,7 @@ void vx::kernels::paintCubes(const QImage& words, const QSize& cube, const CubeS
     for (int y = 0; y < words.height(); y += cube.height()) {
         for (int x = 0; x < words.width(); x += cube.width()) {
             const QRect cutOff = QRect(QPoint(x, y), cube) & words.rect();
-            paint(target, cutOff, levelOf(words, cutOff, standard, loops));
+            paint(target, cutOff, cubeLevel(words, cutOff, standard, loops));
         }
     }
 }

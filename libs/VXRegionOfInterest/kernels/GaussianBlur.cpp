@@ -1,18 +1,18 @@
 #include "GaussianBlur.h"
 
-#include "PixelWords.h"
+#include "image/PixelWords.h"
 
 #include <algorithm>
 #include <vector>
 
-// Only the weight 1 takes the divisor from 0 to 1, and nothing takes it further, because normalised
+// Only a weight of 1 takes the divisor from 0 to 1, and nothing takes it further, because normalised
 // weights are at most 1.
 //
 // Without a weight of 1 the divisor is 0 and every quotient infinite or undefined, so all channels
 // are 0. (So they are when the weights are not numbers.)
 //
-// With it, it is the centre weight, and the others, whose sum was lost when it was added to 1, add
-// less than 255 · 2⁻⁵¹ to a channel, which truncation takes away again. In the horizontal pass, the
+// With a weight of 1, that is the centre weight. The sum of the others was lost when it was added to 1, so they add
+// less than 255 · 2⁻⁵¹ to a channel, which truncation removes. In the horizontal pass, the
 // taps up to the centre find a red sum below 1 and read row 0, so each row becomes row 0 of the
 // source. In the vertical pass the taps before the centre lie above the image, and the centre reads
 // row 0 of the target, whichever row is written.

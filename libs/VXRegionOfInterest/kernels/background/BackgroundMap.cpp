@@ -1,4 +1,4 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "BackgroundMap.h"
 
@@ -20,32 +20,32 @@ void add(Cells<double>& sums, const Cells<double>& cells)
     std::transform(sums.begin(), sums.end(), cells.begin(), sums.begin(), std::plus<>());
 }
 
-// Leaves what exceeds a share of the mean: backgrounds with some texture become black.
-void dropWhatIsUsual(Cells<double>& cells)
+// Subtracts a share of the mean, down to 0, so that backgrounds with some texture become black.
+void subtractShareOfMean(Cells<double>& cells)
 {
     constexpr double shareOfMean = 0.3;
     const double sum = std::accumulate(cells.begin(), cells.end(), 0.0);
-    const double usual = shareOfMean * (sum / (cells.columns() * cells.rows()));
+    const double subtracted = shareOfMean * (sum / (cells.columns() * cells.rows()));
     for (double& value : cells)
-        value = std::max(value - usual, 0.0);
+        value = std::max(value - subtracted, 0.0);
 }
 
-// exp(-d² / (2 σ²)) for each cell along an axis, d the distance of its middle to that of all.
-std::vector<double> bumpAlong(int cells, double deviation)
+// The Gaussian along an axis: exp(-d² / (2 σ²)) for each cell, d the distance of its centre from that of the picture.
+std::vector<double> gaussianAlong(int cells, double deviation)
 {
-    std::vector<double> bump;
-    bump.reserve(static_cast<std::size_t>(cells));
+    std::vector<double> gaussian;
+    gaussian.reserve(static_cast<std::size_t>(cells));
     for (int cell = 0; cell < cells; ++cell) {
         const double distance = (cell + 0.5) / cells - 0.5;
-        bump.push_back(std::exp(distance * distance * -0.5 / (deviation * deviation)));
+        gaussian.push_back(std::exp(distance * distance * -0.5 / (deviation * deviation)));
     }
-    return bump;
+    return gaussian;
 }
 
-void preferCentre(Cells<double>& cells)
+void applyCentrePrior(Cells<double>& cells)
 {
-    const std::vector<double> columns = bumpAlong(cells.columns(), 0.4);
-    const std::vector<double> rows = bumpAlong(cells.rows(), 0.25);
+    const std::vector<double> columns = gaussianAlong(cells.columns(), 0.4);
+    const std::vector<double> rows = gaussianAlong(cells.rows(), 0.25);
     for (int y = 0; y < cells.rows(); ++y) {
         for (int x = 0; x < cells.columns(); ++x)
             cells.at(x, y)
@@ -72,8 +72,8 @@ void vx::kernels::writeBackgroundMap(const QImage& words, QImage& map, const Row
     add(salience, borderColourDistance(colours));
     add(salience, geodesicDistance(colours, gridFor(words.size(), coarseCellsAlongLongerSide)));
     stretch(salience);
-    dropWhatIsUsual(salience);
-    preferCentre(salience);
+    subtractShareOfMean(salience);
+    applyCentrePrior(salience);
     divideByLargest(salience);
     writeEnlarged(salience, map, loops);
 }

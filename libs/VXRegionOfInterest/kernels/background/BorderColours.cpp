@@ -1,4 +1,4 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "BackgroundDistances.h"
 
@@ -20,7 +20,7 @@ struct Symmetric {
     double ab;
     double bb;
 
-    // By the matrix of cofactors. \pre its determinant is not 0
+    // The adjugate divided by the determinant. \pre the determinant is not 0
     Symmetric inverse() const
     {
         const double cofactorLL = aa * bb - ab * ab;
@@ -52,10 +52,10 @@ Lab meanOf(const Cells<Lab>& colours, const QRect& band)
     return { sum.lightness / count, sum.a / count, sum.b / count };
 }
 
-// With so much on the diagonal that a band of one colour has an inverse, and noise counts little.
+// The covariance, with a variance added to every channel: a band of one colour has an inverse, and noise counts little.
 Symmetric covarianceOf(const Cells<Lab>& colours, const QRect& band, const Lab& mean)
 {
-    constexpr double ofEveryChannel = 16;
+    constexpr double addedVariance = 16;
     Symmetric sum {};
     for (int y = band.top(); y <= band.bottom(); ++y) {
         for (int x = band.left(); x <= band.right(); ++x) {
@@ -69,8 +69,8 @@ Symmetric covarianceOf(const Cells<Lab>& colours, const QRect& band, const Lab& 
         }
     }
     const double count = band.width() * band.height();
-    return { sum.ll / count + ofEveryChannel, sum.la / count, sum.lb / count,
-        sum.aa / count + ofEveryChannel, sum.ab / count, sum.bb / count + ofEveryChannel };
+    return { sum.ll / count + addedVariance, sum.la / count, sum.lb / count,
+        sum.aa / count + addedVariance, sum.ab / count, sum.bb / count + addedVariance };
 }
 
 // The Mahalanobis distance of each cell to the colours of a band, as a share of the largest.

@@ -1,8 +1,9 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "Cells.h"
 
-#include "../PixelWords.h"
+#include "../image/PixelWords.h"
+#include "BackgroundLoops.h"
 
 #include <array>
 
@@ -10,7 +11,7 @@ namespace {
 
 using namespace vx::kernels;
 
-// The first pixel of a cell, and behind the last the number of pixels.
+// The first pixel of a cell along an axis; for the cell after the last one, the number of pixels.
 int firstPixelOf(int cell, int cells, int pixels)
 {
     return static_cast<int>(qint64 { cell } * pixels / cells);
@@ -22,7 +23,7 @@ struct ChannelSums {
     quint64 blue = 0;
 };
 
-// The sums of the columns of several rows, and of the cells that those belong to.
+// The channel sums of a band of rows: of each column, and of the cells that the columns belong to.
 class BandSums {
 public:
     BandSums(const QImage& image, int cells, const RowLoops& rowLoops)
@@ -34,10 +35,10 @@ public:
     {
     }
 
-    // The sums of each cell over the rows from first to before end.
+    // The sums of each cell over the rows from first up to end, which is excluded.
     const std::vector<ChannelSums>& ofRows(int first, int end)
     {
-        // So many that sums fit into 16 bits.
+        // The sum of a column of so many rows fits into 16 bits.
         constexpr int rowsAtOnce = 65535 / 255;
         std::fill(sums.begin(), sums.end(), ChannelSums());
         for (int y = first; y < end; y += rowsAtOnce)
@@ -82,14 +83,16 @@ Lab meanOf(const ChannelSums& sums, quint64 pixels)
     return labOf(qRgb(rounded(sums.red), rounded(sums.green), rounded(sums.blue)));
 }
 
-// One row of cells, mixed from two, as levels.
-void mixRows(const Cells<double>& cells, const Between& rows, std::vector<float>& levels)
+// A row of grey values, interpolated between two rows of cells; the last one is repeated.
+void interpolateRows(
+    const Cells<double>& cells, const Interpolation& rows, std::vector<float>& greys)
 {
     for (int x = 0; x < cells.columns(); ++x) {
-        const double value = mixed(cells.at(x, rows.first), cells.at(x, rows.second), rows.share);
-        levels[static_cast<std::size_t>(x)] = static_cast<float>(255 * value);
+        const double value
+            = interpolated(cells.at(x, rows.first), cells.at(x, rows.second), rows.share);
+        greys[static_cast<std::size_t>(x)] = static_cast<float>(255 * value);
     }
-    levels.back() = levels[static_cast<std::size_t>(cells.columns()) - 1];
+    greys.back() = greys[static_cast<std::size_t>(cells.columns()) - 1];
 }
 
 } // namespace
@@ -135,14 +138,15 @@ Cells<double> vx::kernels::enlarged(const Cells<double>& cells, const QSize& siz
 {
     Cells<double> larger(size);
     for (int y = 0; y < size.height(); ++y) {
-        const Between rows = betweenCells(y, size.height(), cells.rows());
+        const Interpolation rows = interpolationAt(y, size.height(), cells.rows());
         for (int x = 0; x < size.width(); ++x) {
-            const Between columns = betweenCells(x, size.width(), cells.columns());
+            const Interpolation columns = interpolationAt(x, size.width(), cells.columns());
             const auto between = [&](int column) {
-                return mixed(
+                return interpolated(
                     cells.at(column, rows.first), cells.at(column, rows.second), rows.share);
             };
-            larger.at(x, y) = mixed(between(columns.first), between(columns.second), columns.share);
+            larger.at(x, y)
+                = interpolated(between(columns.first), between(columns.second), columns.share);
         }
     }
     return larger;
@@ -150,19 +154,19 @@ Cells<double> vx::kernels::enlarged(const Cells<double>& cells, const QSize& siz
 
 void vx::kernels::writeEnlarged(const Cells<double>& cells, QImage& map, const RowLoops& loops)
 {
-    // For each cell where the pixels between it and the next one end, and where those lie.
+    // For each cell, where the pixels between it and the next one end; for each pixel, how far along it is.
     std::vector<int> ends(static_cast<std::size_t>(cells.columns()), 0);
     std::vector<float> shares;
     shares.reserve(static_cast<std::size_t>(map.width()));
     for (int x = 0; x < map.width(); ++x) {
-        const Between columns = betweenCells(x, map.width(), cells.columns());
+        const Interpolation columns = interpolationAt(x, map.width(), cells.columns());
         ends[static_cast<std::size_t>(columns.first)] = x + 1;
         shares.push_back(static_cast<float>(columns.share));
     }
-    std::vector<float> levels(ends.size() + 1);
+    std::vector<float> greys(ends.size() + 1);
     for (int y = 0; y < map.height(); ++y) {
-        mixRows(cells, betweenCells(y, map.height(), cells.rows()), levels);
-        loops.background.writeBetween(
-            levels.data(), ends.data(), cells.columns(), shares.data(), writableWordRow(map, y));
+        interpolateRows(cells, interpolationAt(y, map.height(), cells.rows()), greys);
+        loops.background.interpolateRow(
+            greys.data(), ends.data(), cells.columns(), shares.data(), writableWordRow(map, y));
     }
 }

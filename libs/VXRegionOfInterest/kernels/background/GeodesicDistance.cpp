@@ -1,4 +1,4 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "BackgroundDistances.h"
 
@@ -52,8 +52,8 @@ void forEachNeighbour(const Cells<Lab>& colours, const QPoint& cell, const Visit
     }
 }
 
-// The mean over all cells of the difference to the most similar neighbour; 0 where there are none.
-double usualDifference(const Cells<Lab>& colours)
+// The mean over all cells of the difference to the most similar neighbour, which is 0 for a cell without neighbours.
+double meanLeastDifference(const Cells<Lab>& colours)
 {
     double sum = 0;
     for (int y = 0; y < colours.rows(); ++y) {
@@ -73,7 +73,7 @@ class ShortestPaths {
 public:
     explicit ShortestPaths(const Cells<Lab>& cellColours)
         : colours(cellColours)
-        , free(usualDifference(colours))
+        , free(meanLeastDifference(colours))
         , lengths(QSize(colours.columns(), colours.rows()), infinite)
     {
         for (int y = 0; y < colours.rows(); ++y) {
@@ -86,9 +86,9 @@ public:
             const auto [length, place] = reached.top();
             reached.pop();
             const QPoint cell(place % colours.columns(), place / colours.columns());
-            if (length
-                == lengths.at(cell.x(), cell.y())) // else it has been reached by a shorter path
-                goOn(cell, length);
+            const bool isShortest = length == lengths.at(cell.x(), cell.y());
+            if (isShortest)
+                relaxNeighbours(cell, length);
         }
     }
 
@@ -101,7 +101,7 @@ private:
         reached.emplace(length, cell.y() * colours.columns() + cell.x());
     }
 
-    void goOn(const QPoint& from, double length)
+    void relaxNeighbours(const QPoint& from, double length)
     {
         forEachNeighbour(colours, from, [&](int column, int row) {
             const double difference
@@ -115,7 +115,7 @@ private:
     using Reached = std::pair<double, int>;
 
     const Cells<Lab>& colours;
-    double free; // what a step costs nothing for
+    double free; // how much of a difference costs nothing
     Cells<double> lengths;
     std::priority_queue<Reached, std::vector<Reached>, std::greater<>> reached;
 };

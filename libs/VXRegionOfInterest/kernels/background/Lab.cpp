@@ -1,4 +1,4 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "Lab.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 using Intensities = std::array<double, 256>;
 
-// What the 256 values of a channel stand for, as a share of the brightest light.
+// The linear light that each value of a channel stands for, as a share of the brightest.
 Intensities linearIntensities()
 {
     Intensities intensities {};
@@ -28,18 +28,18 @@ double intensityOf(int value)
     return intensities[static_cast<std::size_t>(value)];
 }
 
-// The cube root of a number from 0.001 to 1, but for 1e-14 of it. std::cbrt takes as long as all other steps
-// of the background map together.
+// The cube root of a number from 0.001 to 1, with a relative error of 1e-14. std::cbrt would take as long as all other
+// steps of the background map together.
 double cubeRoot(double number)
 {
-    // A third of the exponent and of the bits after it: 4 % from the root at most.
+    // Dividing the bits of a float by 3 takes a third of its exponent: at most 4 % from the root.
     const auto single = static_cast<float>(number);
     quint32 bits = 0;
     std::memcpy(&bits, &single, sizeof bits);
     bits = bits / 3 + 709921077;
     float estimate = 0;
     std::memcpy(&estimate, &bits, sizeof estimate);
-    // Halley's method: each step has three times as many right digits.
+    // Halley's method: each step triples the number of correct digits.
     double root = estimate;
     for (int step = 0; step < 2; ++step) {
         const double cube = root * root * root;
@@ -48,14 +48,14 @@ double cubeRoot(double number)
     return root;
 }
 
-// The cube root, continued by its tangent where it is too steep.
+// The cube root, continued by its tangent near 0, where it is too steep.
 double compressed(double share)
 {
     constexpr double linearBelow = 216.0 / 24389.0;
     return share > linearBelow ? cubeRoot(share) : (24389.0 / 27.0 * share + 16) / 116;
 }
 
-// What the three primaries have of a tristimulus value, as shares of white's.
+// How much each primary contributes to a tristimulus value, as a share of that of white.
 struct Primaries {
     constexpr Primaries(double ofRed, double ofGreen, double ofBlue)
         : red(ofRed / (ofRed + ofGreen + ofBlue))

@@ -4,7 +4,7 @@
 
 namespace vx::kernels {
 
-/// A colour in CIE 1976 L*a*b*, where colours that look as different lie as far apart.
+/// A colour in CIE 1976 L*a*b*, where the distance of two colours is about how different they look.
 struct Lab {
     double lightness; ///< 0 to 100
     double a; ///< from green, below 0, to red
@@ -12,7 +12,7 @@ struct Lab {
 };
 
 /// Converts an 0xAARRGGBB word, whose alpha is ignored, from sRGB (IEC 61966-2-1) with the white point D65.
-/// Greys have a and b of 0, but for rounding.
+/// Up to rounding, a and b of greys are 0.
 Lab labOf(QRgb colour);
 
 /// The Euclidean distance of two colours.

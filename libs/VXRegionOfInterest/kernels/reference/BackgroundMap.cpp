@@ -1,9 +1,9 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "../background/BackgroundMap.h"
 
-#include "../PixelWords.h"
 #include "../background/Lab.h"
+#include "../image/PixelWords.h"
 
 #include <algorithm>
 #include <array>
@@ -411,7 +411,7 @@ void vx::kernels::reference::writeBackgroundMap(const QImage& words, QImage& map
             const auto first = static_cast<float>(255 * columnAt(salience, grid, column, row));
             const auto second = static_cast<float>(255 * columnAt(salience, grid, column + 1, row));
             const auto share = static_cast<float>(place - column);
-            // NOLINTNEXTLINE(bugprone-incorrect-roundings): levels are not negative
+            // NOLINTNEXTLINE(bugprone-incorrect-roundings): grey values are not negative
             const int level = static_cast<int>(first + (second - first) * share + 0.5F);
             writableWordRow(map, y)[x] = opaqueGrey(level);
         }

@@ -1,6 +1,6 @@
-#include "../Blend.h"
+#include "../blend/Blend.h"
 
-#include "../PixelWords.h"
+#include "../image/PixelWords.h"
 
 namespace {
 

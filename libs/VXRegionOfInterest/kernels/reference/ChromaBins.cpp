@@ -1,8 +1,8 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
-#include "../ChromaBins.h"
+#include "../histogram/ChromaBins.h"
 
-#include "../PixelWords.h"
+#include "../image/PixelWords.h"
 
 #include <cmath>
 

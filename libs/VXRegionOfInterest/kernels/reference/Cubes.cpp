@@ -1,8 +1,8 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "../Cubes.h"
 
-#include "../PixelWords.h"
+#include "../image/PixelWords.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "../EdgeResponse.h"
+#include "../edges/EdgeResponse.h"
 
-#include "../PixelWords.h"
+#include "../image/PixelWords.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
 #include "../GaussianBlur.h"
 

@@ -1,6 +1,6 @@
-#include "../RedSums.h"
+#include "../image/RedSums.h"
 
-#include "../PixelWords.h"
+#include "../image/PixelWords.h"
 
 QList<long long> vx::kernels::reference::columnRedSums(const QImage& words)
 {

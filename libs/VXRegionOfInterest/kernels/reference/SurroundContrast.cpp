@@ -1,11 +1,11 @@
-#include "../ExactArithmetic.h"
+#include "../image/ExactArithmetic.h"
 
-#include "../SurroundContrast.h"
+#include "../surround/SurroundContrast.h"
 
-#include "../Levels.h"
-#include "../LumaChroma.h"
-#include "../PixelWords.h"
-#include "../Planes.h"
+#include "../image/GreyMap.h"
+#include "../image/LumaChroma.h"
+#include "../image/PixelWords.h"
+#include "../image/Planes.h"
 
 #include <algorithm>
 
@@ -53,7 +53,7 @@ QRect surroundOf(int x, int y, const QSize& size)
 
 } // namespace
 
-void vx::kernels::reference::surroundContrast(const QImage& words, QImage& levels)
+void vx::kernels::reference::surroundContrast(const QImage& words, QImage& greyMap)
 {
     const Channel luma = channelOf(words, &LumaChroma::luma);
     const Channel red = channelOf(words, &LumaChroma::redDifference);
@@ -79,7 +79,7 @@ void vx::kernels::reference::surroundContrast(const QImage& words, QImage& level
         for (int x = 0; x < words.width(); ++x) {
             const int above = static_cast<int>(contrasts.at(y * words.width() + x) - smallest);
             const int level = range == 0 ? 0 : above * 255 / range;
-            writableLevelRow(levels, y)[x] = static_cast<quint8>(std::clamp(level, 0, 255));
+            writableGreyRow(greyMap, y)[x] = static_cast<quint8>(std::clamp(level, 0, 255));
         }
     }
 }
