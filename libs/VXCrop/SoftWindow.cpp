@@ -15,15 +15,22 @@ SoftWindow::SoftWindow(const QList<long long>& gridSums, const Axis& windowAxis)
         prefixSums.append(prefixSums.last() + sum);
 }
 
-// With n positions in the window, the one k from an end lies a share of (k + 1/2) / n from it,
-// so it weighs 0.9 + (k + 1/2) / 2 n, or 1. Times 20 n that is 20 n less 2 n - 10 k - 5, where
-// that is above 0.
+// With n positions in the window, the middle of the one k from an end lies a share of (k + 1/2) / n from it. It weighs 0.9
+// there, 1 from a fifth on, and in between 0.9 + (k + 1/2) / 2 n. All of that times 20 n is a whole number.
 qint64 SoftWindow::heldFrom(int gridStart) const
 {
+    constexpr int weightInside = 20;
+    constexpr int weightAtEnd = 18;
+    constexpr int softPartsOfLength = 5;
+    constexpr int lessAtEnd = weightInside - weightAtEnd;
     const int last = gridStart + length - 1;
-    qint64 held = 20LL * length * (prefixSums.at(last + 1) - prefixSums.at(gridStart));
-    for (int k = 0; 10 * k + 5 < 2 * length; ++k)
-        held -= (2 * length - 10 * k - 5) * (sums.at(gridStart + k) + sums.at(last - k));
+    const auto less = [this](int k) {
+        return lessAtEnd * length - softPartsOfLength * lessAtEnd * (2 * k + 1) / 2;
+    };
+    qint64 held
+        = qint64 { weightInside } * length * (prefixSums.at(last + 1) - prefixSums.at(gridStart));
+    for (int k = 0; less(k) > 0; ++k)
+        held -= less(k) * (sums.at(gridStart + k) + sums.at(last - k));
     return held;
 }
 
