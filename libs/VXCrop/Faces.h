@@ -13,19 +13,17 @@
 
 namespace vx::crop {
 
-/// Adds to the sums of a map along an axis what its faces weigh: each a fifth of what the map holds without them, spread evenly
-/// over the ellipse in the face's box, extended downwards by half its height for the chin and shoulders.
-/// \param sums those of the map's columns or rows; see Direction::sumsOf().
-/// \param map the size of the map.
-/// \param faces boxes in picture pixels, within the picture and not empty.
+/// Adds to \a sums, those of a map's columns or rows along \a direction, what \a faces weigh: each a fifth of what the
+/// map holds without them, spread evenly over the ellipse in the face's box, which is extended downwards by half its
+/// height for the chin and shoulders. \a map is the map's size; boxes are in picture pixels, within the picture and not
+/// empty.
 void addFaces(QList<long long>& sums, const Direction& direction, const QSize& map,
     const QVector<QRect>& faces);
 
-/// The start nearest to \a start at which faces are whole in the window, as many as can be: the largest first, of those
-/// that have at least 30 % in it. A face that is longer than the window stays as it is, and so does one
-/// that cannot be shown whole beside a larger one.
-/// \param faces as for addFaces().
-/// \param allowed the starts to choose from; when none of them shows a face whole, it stays as it is.
+/// The start nearest to \a start, one of \a allowed, at which \a faces are whole in a window that moves along \a direction:
+/// as many as can be, the largest first, of those that have at least 30 % in it. A face that is longer than the
+/// window, that cannot be whole beside a larger one, or that no allowed start shows whole stays as it is. Boxes are as
+/// for addFaces().
 int startThatShows(const Direction& direction, int start, const QVector<QRect>& faces,
     const QVector<Span>& allowed);
 
