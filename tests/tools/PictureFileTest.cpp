@@ -255,9 +255,9 @@ TEST_F(PictureFile, findsThatABmpOrAGifIsCutShortThoughItsDecoderDoesNot)
                               "3B");
     for (const QByteArray& whole : { bmp, gif }) {
         EXPECT_EQ(failureOf(folder.save(whole, QStringLiteral("whole"))), ExitCode::Success);
-        const int behindThePixels = whole == gif ? 1 : 0; // the trailer
+        const int trailerBytes = whole == gif ? 1 : 0; // the trailer
         const QString part
-            = folder.save(whole.left(whole.size() - behindThePixels - 1), QStringLiteral("part"));
+            = folder.save(whole.left(whole.size() - trailerBytes - 1), QStringLiteral("part"));
         EXPECT_EQ(failureOf(part), ExitCode::UnreadableInput);
         host::ReadingRules rules;
         rules.onBroken = host::OnBroken::Warn;

@@ -30,7 +30,7 @@ TEST_F(VxroiMerge, givesTheRecordsOfOneMachine)
     EXPECT_EQ(outcome.exitCode, 1) << "one picture is none";
     EXPECT_TRUE(outcome.err.contains("vxroi: in/p05-broken.png: ")) << outcome.err.toStdString();
     EXPECT_TRUE(
-        outcome.err.endsWith("vxroi: 11 ok, 1 failed (1 with code 65), 0 missing, 0 double\n"))
+        outcome.err.endsWith("vxroi: 11 ok, 1 failed (1 with code 65), 0 missing, 0 duplicate\n"))
         << outcome.err.toStdString();
     EXPECT_TRUE(merge("part-* --from list -q").err.isEmpty());
 }
@@ -102,7 +102,7 @@ TEST_F(VxroiMerge, tellsTheLinesOfOnePictureApart)
     folder.save(whole, QStringLiteral("part"));
     const Outcome outcome = merge("part --from lines");
     EXPECT_EQ(outcome.out, whole);
-    EXPECT_TRUE(outcome.err.contains("3 ok, 0 failed, 0 missing, 0 double"));
+    EXPECT_TRUE(outcome.err.contains("3 ok, 0 failed, 0 missing, 0 duplicate"));
 }
 
 TEST_F(VxroiMerge, takesOneOfSeveralRecordsAndRatherOneThatHasNotFailed)
@@ -116,7 +116,7 @@ TEST_F(VxroiMerge, takesOneOfSeveralRecordsAndRatherOneThatHasNotFailed)
         EXPECT_EQ(outcome.out, contentOf(QStringLiteral("late"))) << parts;
         EXPECT_TRUE(
             outcome.err.contains("in/late.png: has several records; that of late is taken"));
-        EXPECT_TRUE(outcome.err.contains("2 ok, 0 failed, 0 missing, 2 double"));
+        EXPECT_TRUE(outcome.err.contains("2 ok, 0 failed, 0 missing, 2 duplicate"));
         EXPECT_EQ(outcome.exitCode, 0);
     }
 }

@@ -7,13 +7,13 @@ enum class ExitCode {
     Success = 0,
     SomeFailed = 1, ///< some of several inputs failed
     Usage = 64, ///< the command line is wrong
-    UnreadableInput = 65, ///< the file is not a picture, or a damaged one
-    MissingInput = 66, ///< the file does not exist or must not be opened
-    Internal = 70, ///< the system refuses memory or threads, or a fault of the program itself
+    UnreadableInput = 65, ///< the file is not a picture, or is damaged
+    MissingInput = 66, ///< the file does not exist or cannot be opened
+    Internal = 70, ///< the system refuses memory or threads, or the program has a fault
     CannotCreate = 73, ///< the output cannot be created
-    WriteFailed = 74, ///< writing began and failed; nothing is left behind
+    WriteFailed = 74, ///< writing started and failed; no partial file is left
     Interrupted = 130, ///< a signal asked the program to end
-    ClosedPipe = 141, ///< nobody reads standard output any more; a program says nothing of it
+    ClosedPipe = 141, ///< nobody reads standard output any more; the program ends without a message
 };
 
 } // namespace host

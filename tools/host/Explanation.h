@@ -4,7 +4,7 @@
 
 namespace host {
 
-/// A name that a user may write, and what it stands for in a few words.
+/// A name that a user may write, and its meaning in a few words.
 struct Explanation {
     QString name;
     QString text;

@@ -15,14 +15,14 @@ HostError::HostError(
     , atFault(onOneLine(subject))
     , whatIsWrong(onOneLine(reason))
     , whatToDo(onOneLine(remedy))
-    , isOutside(code != ExitCode::Usage && code != ExitCode::UnreadableInput)
+    , retryable(code != ExitCode::Usage && code != ExitCode::UnreadableInput)
 {
 }
 
-HostError unreadableForNow(const QString& path, const QString& reason, const QString& remedy)
+HostError retryableReadError(const QString& path, const QString& reason, const QString& remedy)
 {
     HostError error(ExitCode::UnreadableInput, path, reason, remedy);
-    error.isOutside = true;
+    error.retryable = true;
     return error;
 }
 
@@ -35,7 +35,7 @@ HostError threadsRefused()
 
 HostError tooSlow(const QString& path, int mostSeconds)
 {
-    return unreadableForNow(path, QStringLiteral("takes more than %1 seconds").arg(mostSeconds),
+    return retryableReadError(path, QStringLiteral("takes more than %1 seconds").arg(mostSeconds),
         QStringLiteral("allow more with --max-seconds"));
 }
 

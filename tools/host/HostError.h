@@ -8,7 +8,7 @@
 
 namespace host {
 
-/// Ends a command with one line that says what is wrong and what to do about it.
+/// An error that ends a command with one line: what is wrong, and what to do about it.
 class HostError : public std::runtime_error {
 public:
     /// \param subject the file or argument at fault
@@ -21,31 +21,31 @@ public:
     const QString& reason() const { return whatIsWrong; }
     const QString& remedy() const { return whatToDo; }
 
-    /// Whether the same input may do another time: what is in its way lies outside of it, such as a missing file, a
-    /// full disk, or a limit that the user may raise.
-    bool isFromOutside() const { return isOutside; }
+    /// Whether a retry with the same input may succeed, because the cause lies outside of it: a missing file, a full
+    /// disk, or a limit that the user may raise.
+    bool isRetryable() const { return retryable; }
 
 private:
-    friend HostError unreadableForNow(
+    friend HostError retryableReadError(
         const QString& path, const QString& reason, const QString& remedy);
 
     ExitCode exitCode;
     QString atFault;
     QString whatIsWrong;
     QString whatToDo;
-    bool isOutside;
+    bool retryable;
 };
 
-/// What a program says of a picture that it may read another time: a limit stood in the way, or a pipe that was silent.
-HostError unreadableForNow(const QString& path, const QString& reason, const QString& remedy);
+/// The error for a picture that a retry may read: it exceeds a limit, or nothing arrived from its pipe.
+HostError retryableReadError(const QString& path, const QString& reason, const QString& remedy);
 
-/// What a program says when the system refuses it a thread that it needs.
+/// The error when the system refuses a thread that the program needs.
 HostError threadsRefused();
 
-/// What a program says of a picture that has taken all the time it may take.
+/// The error for a picture that has used up its time limit.
 HostError tooSlow(const QString& path, int mostSeconds);
 
-/// \a text on one line: control characters, which a file name may hold, become question marks.
+/// \a text on one line: control characters, which a file name may contain, become question marks.
 QString onOneLine(QString text);
 
 } // namespace host

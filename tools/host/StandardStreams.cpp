@@ -15,7 +15,7 @@ namespace {
 
 int descriptorOfErrors = STDERR_FILENO; // NOLINT(*-avoid-non-const-global-variables): set once
 
-// Whoever shares a stream may have made it refuse to wait by itself.
+// Another process that shares the stream may have made it non-blocking.
 void waitForRoom(int descriptor)
 {
     constexpr int forever = -1;
@@ -23,7 +23,7 @@ void waitForRoom(int descriptor)
     poll(&waiting, 1, forever);
 }
 
-// The error number of what failed; 0 when all of it is written.
+// Returns 0 when all bytes are written, and errno otherwise.
 int writeAll(int descriptor, const char* bytes, std::size_t count)
 {
     while (count > 0) {
@@ -69,7 +69,7 @@ int errorDescriptor() { return descriptorOfErrors; }
 
 void keepLibrariesQuiet()
 {
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // whose reports go there
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // sanitizers report to stderr
     // NOLINTBEGIN(cppcoreguidelines-pro-type-vararg): both functions are declared with an ellipsis
     const int ours = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);

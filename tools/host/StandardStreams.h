@@ -7,25 +7,25 @@
 
 namespace host {
 
-/// What the program says before it ends with ExitCode::Internal for want of memory.
+/// The message that the program writes before it ends with ExitCode::Internal because memory has run out.
 constexpr const char* noMemoryLine
     = "vxroi: there is not enough memory; allow more, see ulimit -v\n";
 
-/// Writes \a bytes to the program's standard output, at once.
-/// \throws HostError with ExitCode::ClosedPipe when nobody reads there any more, or with ExitCode::WriteFailed.
+/// Writes \a bytes to standard output, unbuffered.
+/// \throws HostError with ExitCode::ClosedPipe when nobody reads it any more, or with ExitCode::WriteFailed.
 void writeOutput(const QByteArray& bytes);
 
-/// Writes \a text to the program's stderr, at once and in one piece, from any thread.
+/// Writes \a text to stderr, unbuffered and in one piece. May be called from any thread.
 void writeError(const std::string& text);
 
-/// Writes one line to stderr that says what the user should know of the picture at \a path.
+/// Writes a warning about the picture at \a path to stderr, on one line.
 void writeWarning(const QString& path, const QString& warning);
 
-/// The descriptor of the program's stderr. May be asked for in a signal handler.
+/// The file descriptor of the program's stderr. May be called in a signal handler.
 int errorDescriptor();
 
-/// From here on only writeError() writes to the program's stderr: decoders complain there of pictures, in words that
-/// nobody understands. Call it before there are threads.
+/// From this call on, only writeError() writes to the program's stderr. Output of libraries is discarded: decoders
+/// report damaged pictures in terms of their own internals. Call it before starting threads.
 void keepLibrariesQuiet();
 
 } // namespace host

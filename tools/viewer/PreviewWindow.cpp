@@ -18,7 +18,7 @@ PreviewWindow::PreviewWindow()
         shapeBox.addItem(QStringLiteral("%1:%2").arg(ratio.width()).arg(ratio.height()), ratio);
     view.setAlignment(Qt::AlignCenter);
     view.setMinimumSize(320, 240);
-    view.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // whatever it shows
+    view.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // regardless of its pixmap
     setCentralWidget(&view);
 
     QToolBar* const bar = addToolBar(QStringLiteral("Picture"));

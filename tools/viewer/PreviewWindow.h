@@ -9,15 +9,15 @@
 
 namespace viewer {
 
-/// A window that shows a picture with its salience map over it and the crop that keeps most of the map.
+/// A window that shows a picture overlaid with its salience map and the chosen crop.
 class PreviewWindow : public QMainWindow {
 public:
     PreviewWindow();
 
-    /// Shows a picture file; says in the status bar what is wrong when it cannot.
+    /// Shows the picture in a file, or an error in the status bar.
     void open(const QString& path);
 
-    /// The crop of the shape that is selected, in picture pixels; null when there is no picture.
+    /// The crop of the selected shape, in picture pixels; null when no picture is open.
     QRect crop() const;
 
     QComboBox& shapes() { return shapeBox; }

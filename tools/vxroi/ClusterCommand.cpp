@@ -30,7 +30,7 @@ QJsonObject jsonOf(const host::GridCell& cell)
         { QStringLiteral("level"), cell.level } };
 }
 
-// One line.
+// The cells as one line of JSON.
 QByteArray tableOf(
     const host::CellGrid& rated, const QSize& grid, const QString& path, const QSize& picture)
 {

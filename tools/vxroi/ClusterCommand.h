@@ -15,17 +15,17 @@ struct ClusterArguments {
     std::string picture;
     QSize grid { 12, 8 }; ///< columns and rows
     bool json = false; ///< print the cells as a table
-    std::string output; ///< empty: write no picture of the cells
+    std::string output; ///< a PNG for the picture of the cells; empty: none is written
     host::IfExists ifExists = host::IfExists::Fail;
     bool quiet = false;
     AnalysisOptions analysis;
 };
 
-/// Adds the command to the program's; its callback runs it.
+/// Adds the command to \a app; its callback runs it.
 void addClusterCommand(CLI::App& app, ClusterArguments& arguments);
 
-/// Says how salient each cell of a grid over the picture is: as one line of JSON, as a picture of the
-/// cells, or both.
+/// Rates how salient each cell of a grid over the picture is, and writes the result as one line of JSON, as a picture
+/// of the cells, or both.
 /// \throws host::HostError
 void runCluster(const ClusterArguments& arguments);
 

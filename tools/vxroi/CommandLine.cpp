@@ -44,7 +44,7 @@ ExitCode failAsWrong(const CLI::App& app, const QString& complaint)
     return fail(ExitCode::Usage, withHelp(complaint, app));
 }
 
-// --help and --version arrive as errors, too.
+// Prints the answer to --help or --version, which the parser reports as exceptions.
 void printAnswer(const CLI::App& app, const CLI::Success& wish)
 {
     std::ostringstream answer;
@@ -52,8 +52,8 @@ void printAnswer(const CLI::App& app, const CLI::Success& wish)
     host::writeOutput(QByteArray::fromStdString(answer.str()));
 }
 
-// The arguments, last first, as the parser takes them. It would take "[a,b]" apart as a list;
-// "./[a,b]" is the same file.
+// The arguments in reverse order, as the parser takes them. The parser would split "[a,b]" as a list; "./[a,b]" is the
+// same file.
 std::vector<std::string> reversedArguments(int argc, char** argv)
 {
     std::vector<std::string> arguments;
@@ -66,7 +66,7 @@ std::vector<std::string> reversedArguments(int argc, char** argv)
     return arguments;
 }
 
-// What was written after each command.
+// The arguments of each command.
 struct Commands {
     CropArguments crop;
     BatchArguments batch;
@@ -113,7 +113,7 @@ try {
     }
     return exitCode;
 } catch (const HostError& error) {
-    // As a program that a signal ended: who closed the pipe has what it wanted.
+    // A closed pipe is no failure to report: its reader has what it wanted.
     return error.code() == ExitCode::ClosedPipe ? error.code()
                                                 : fail(error.code(), pathFrom(error.what()));
 } catch (const std::bad_alloc&) {

@@ -16,7 +16,7 @@ using host::HostError;
 
 namespace {
 
-// What there is to say of one picture among several.
+// Writes the failure or the warnings of one picture to stderr.
 void complainOf(const CropRecord& record)
 {
     if (record.failure) {

@@ -17,11 +17,11 @@ struct CropArguments {
     bool quiet = false;
 };
 
-/// Adds the command to the program's; its callback runs it and sets \a exitCode.
+/// Adds the command to \a app; its callback runs it and sets \a exitCode.
 void addCropCommand(CLI::App& app, CropArguments& arguments, host::ExitCode& exitCode);
 
-/// Prints the windows to keep; writes the cropped pictures when an output is named. Failures of single
-/// pictures among several are reported on stderr.
+/// Prints the chosen crops, and writes the cropped pictures when an output is named. When one of several pictures
+/// fails, that is reported on stderr and the others are still cropped.
 /// \throws host::HostError when the command line is wrong, or the only picture fails.
 host::ExitCode runCrop(const CropArguments& arguments);
 

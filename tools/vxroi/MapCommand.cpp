@@ -19,7 +19,7 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-// Where the maps go: one of them at least is named.
+// The paths of the outputs, of which at least one is named.
 struct MapOutputs {
     explicit MapOutputs(const MapArguments& arguments)
         : map(pathFrom(arguments.output))

@@ -19,7 +19,7 @@ void requireFreeName(const QString& input, const QString& output, host::IfExists
     host::requireReplaceable(output);
     if (ifExists == host::IfExists::Fail && !host::isStandardStream(output)
         && QFileInfo::exists(output))
-        host::throwIsThere(output);
+        host::throwAlreadyExists(output);
 }
 
 OutputFiles::OutputFiles(QString inputPath, host::IfExists ifOutputsExist)

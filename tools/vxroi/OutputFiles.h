@@ -15,16 +15,18 @@ namespace vxroi {
 /// \throws host::HostError
 void requireFreeName(const QString& input, const QString& output, host::IfExists ifExists);
 
-/// Picture files that are written together and appear together, once all of them could be encoded.
+/// Picture files that are encoded one by one and appear under their names only when all of them have succeeded.
 class OutputFiles {
 public:
-    /// \param inputPath the file that they are made from, which none of them may be.
-    /// \param ifOutputsExist fail or overwrite.
+    /// \param inputPath the file that they are made from, which is never overwritten.
+    /// \param ifOutputsExist Fail or Overwrite.
     OutputFiles(QString inputPath, host::IfExists ifOutputsExist);
 
+    /// Encodes \a image for the file at \a path.
     /// \throws host::HostError when the name is taken, or writing fails.
     void add(const QImage& image, const QString& path);
 
+    /// Makes all files appear under their names.
     /// \throws host::HostError when a file cannot be given its name.
     void commit();
 

@@ -16,22 +16,22 @@
 
 namespace {
 
-// What the program needs beside its pictures. Qt and libvips do not say so when they find none while they start
-// and load plugins: they crash, or wait for ever later.
+// The memory that the program needs besides its pictures. When Qt or libvips run out of memory while they start or load
+// plugins, they report nothing and crash or hang later.
 constexpr std::size_t leastBytes = std::size_t { 384 } << 20U;
 
-// glibc returns memory to the system after each picture, and taking it in again costs a sixth of the time that a
-// small one takes.
+// By default glibc returns memory to the system after each picture; getting it back takes a sixth of the time of a
+// small picture.
 void keepFreedMemory()
 {
-    constexpr int largestKept = 32 << 20; // the largest block that glibc takes from memory it has
+    constexpr int largestKept = 32 << 20; // the largest block that is served from kept memory
     constexpr int mostKept = 64 << 20;
     mallopt(M_MMAP_THRESHOLD, largestKept);
     mallopt(M_TRIM_THRESHOLD, mostKept);
 }
 
-// A standard stream that is closed would be opened again as the next file, and written into. These can neither be
-// read nor written.
+// Opens a closed standard stream as /dev/null, in the mode that makes using it fail. Otherwise the next opened file
+// would get its descriptor, and messages would be written into that file.
 void holdClosedStreams()
 {
     // NOLINTBEGIN(cppcoreguidelines-pro-type-vararg): both functions are declared with an ellipsis
@@ -44,7 +44,7 @@ void holdClosedStreams()
     // NOLINTEND(cppcoreguidelines-pro-type-vararg)
 }
 
-// For exceptions that nobody catches: Qt's threads let lack of memory out.
+// Handles uncaught exceptions: std::bad_alloc escapes from threads of Qt.
 [[noreturn]] void endOnException()
 {
     try {
@@ -71,7 +71,7 @@ int main(int argc, char** argv)
         return static_cast<int>(host::ExitCode::Internal);
     }
     host::useForFileNames();
-    // No plugin of Qt is needed, and looking for them takes a tenth of what a small picture takes.
+    // No plugin of Qt is needed, and looking for them takes a tenth of the time of a small picture.
     QCoreApplication::setLibraryPaths({});
     const QCoreApplication application(argc, argv);
     return static_cast<int>(vxroi::runCommandLine(argc, argv));

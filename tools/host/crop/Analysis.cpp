@@ -12,7 +12,7 @@ namespace host {
 
 namespace {
 
-// The mean of the maps of as many frames as are enough to see where something moves.
+// The mean of the maps of up to ten frames, evenly spread: enough to show where something moves.
 QImage meanMap(PictureFile& picture, const VXCropSettings& salience)
 {
     constexpr int mostFrames = 10;
@@ -51,9 +51,9 @@ std::unique_ptr<PictureFile> openMap(const QString& path, const ReadingRules& ru
 try {
     if (path.isEmpty())
         return nullptr;
-    ReadingRules ofMap = rules;
-    ofMap.areAllFramesRead = false;
-    return std::make_unique<PictureFile>(path, ofMap);
+    ReadingRules mapRules = rules;
+    mapRules.areAllFramesRead = false;
+    return std::make_unique<PictureFile>(path, mapRules);
 } catch (const HostError& error) {
     throw notUsable(path, error);
 }
@@ -72,16 +72,16 @@ qint64 Analysis::countedPixels() const
     return std::max(file.countedPixels(), map ? map->countedPixels() : 0);
 }
 
-VXCrop Analysis::run() { return map ? takeMap() : compute(); }
+VXCrop Analysis::run() { return map ? readMap() : compute(); }
 
-VXCrop Analysis::runOrTakeKept(const QJsonObject& state)
+VXCrop Analysis::runWithStore(const QJsonObject& state)
 {
     if (map || !rules.maps)
         return run();
     const MapKey key { file.path(), state, textOf(rules.salience), file.frameCount() };
-    const QImage kept = rules.maps->find(key, file.orientedSize());
-    if (!kept.isNull())
-        return VXCrop::fromMap(kept, file.orientedSize());
+    const QImage stored = rules.maps->find(key, file.orientedSize());
+    if (!stored.isNull())
+        return VXCrop::fromMap(stored, file.orientedSize());
     const QStringList warningsBefore = file.warnings();
     VXCrop computed = compute();
     if (file.warnings() == warningsBefore)
@@ -106,7 +106,7 @@ VXCrop Analysis::compute()
     return VXCrop::fromWorkingImage(file.readWorkingImage(), file.orientedSize(), rules.salience);
 }
 
-VXCrop Analysis::takeMap()
+VXCrop Analysis::readMap()
 try {
     return VXCrop::fromMap(map->readAll(), file.orientedSize());
 } catch (const HostError& error) {

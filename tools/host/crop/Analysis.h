@@ -19,43 +19,43 @@ class MapStore;
 struct AnalysisRules {
     VXCropSettings salience;
     ReadingRules reading;
-    std::shared_ptr<const MapStore> maps = {}; ///< where maps are kept; none: nowhere
+    std::shared_ptr<const MapStore> maps = {}; ///< where maps are stored; null: they are not stored
 };
 
-/// A picture that is open, and what draws the eye in it.
+/// An open picture, and the analysis of what draws the eye in it.
 class Analysis {
 public:
     /// Opens the picture.
-    /// \param mapPath a picture to take the salience map from; empty: it is computed.
-    /// \throws HostError when one of them is missing, is not a picture, or breaks the rules.
+    /// \param mapPath a picture to read the salience map from; empty: the map is computed.
+    /// \throws HostError when one of the files is missing, is not a picture, or exceeds a limit.
     Analysis(const QString& path, const AnalysisRules& analysisRules, const QString& mapPath = {});
 
     PictureFile& picture() { return file; }
 
-    /// How many pixels may be held at a time; see PictureFile::countedPixels().
+    /// The most pixels that are in memory at a time; see PictureFile::countedPixels().
     qint64 countedPixels() const;
 
-    /// Takes the map from the picture that was named for it, see VXCrop::fromMap(), or computes it: of several frames,
-    /// it is the mean of the maps of at most ten.
+    /// Reads the map from \a mapPath, see VXCrop::fromMap(), or computes it. The map of an animation is the mean of the
+    /// maps of at most ten frames.
     /// \throws HostError when a picture is damaged.
     VXCrop run();
 
-    /// The same, but a map that was kept before is taken, and one that is computed is kept, unless reading the picture
-    /// gave warnings: they would be missed the next time.
-    /// \param state that of the picture's file; see stateOf().
+    /// As run(), but uses a stored map where there is one, and stores a computed one. A map is not stored when reading
+    /// the picture gave warnings, because a later run that used it would not repeat them.
+    /// \param state the state of the picture's file; see stateOf().
     /// \throws HostError when a picture is damaged, or the map cannot be written.
-    VXCrop runOrTakeKept(const QJsonObject& state);
+    VXCrop runWithStore(const QJsonObject& state);
 
-    /// What the user should know of the picture and its map.
+    /// What the user should know about the picture and its map.
     QStringList warnings() const;
 
 private:
     VXCrop compute();
-    VXCrop takeMap();
+    VXCrop readMap();
 
     AnalysisRules rules;
     PictureFile file;
-    std::unique_ptr<PictureFile> map; ///< none: it is computed
+    std::unique_ptr<PictureFile> map; ///< null: the map is computed
 };
 
 } // namespace host

@@ -23,9 +23,9 @@ QRect areaOf(int column, int row, const QSize& grid, const QSize& picture)
     };
     const QPoint first(border(column, grid.width(), picture.width()),
         border(row, grid.height(), picture.height()));
-    const QPoint behind(border(column + 1, grid.width(), picture.width()),
+    const QPoint end(border(column + 1, grid.width(), picture.width()),
         border(row + 1, grid.height(), picture.height()));
-    return { first, behind - QPoint(1, 1) };
+    return { first, end - QPoint(1, 1) };
 }
 
 } // namespace
@@ -35,10 +35,10 @@ CellGrid rateCells(const QImage& map, const QSize& pictureSize, const QSize& gri
     const QSize even(
         multipleNear(map.width(), grid.width()), multipleNear(map.height(), grid.height()));
     VXSalienzClusterer clusterer;
-    clusterer.setCountCubesV(grid.width()); // the clusterer's axes are crossed
+    clusterer.setCountCubesV(grid.width()); // V divides the width: the clusterer's axes are crossed
     clusterer.setCountCubesH(grid.height());
-    CellGrid result { clusterer.cluster(
-                          held(map.scaled(even, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))),
+    CellGrid result { clusterer.cluster(notNull(
+                          map.scaled(even, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))),
         {} };
     const QSize cell(even.width() / grid.width(), even.height() / grid.height());
     for (int row = 0; row < grid.height(); ++row) {

@@ -12,16 +12,16 @@
 
 namespace host {
 
-/// A number of pixels, or of percent of a side of the picture.
+/// A length in pixels, or in percent of a side of the picture.
 struct Length {
     double value = 0;
     bool isPercent = false;
 
-    /// In pixels of a side of that many.
+    /// The length in pixels, for a side of \a side pixels.
     double in(int side) const;
 };
 
-/// A rectangle of a picture.
+/// A rectangle in a picture, in pixels or percent.
 struct Area {
     Length left;
     Length top;
@@ -29,18 +29,18 @@ struct Area {
     Length height;
     QString text; ///< as the user wrote it, with its option
 
-    /// The pixels of a picture that it touches.
+    /// All pixels that the area touches in a picture of size \a picture.
     QRect in(const QSize& picture) const;
 };
 
-/// What a crop is to show and to leave out.
+/// What a crop should contain and what it should leave out.
 struct Constraints {
     QVector<Area> keep;
     QVector<Area> avoid;
     std::optional<QPointF> focus;
 };
 
-/// \a constraints in pixels of the picture at \a path, cut off at its edges.
+/// \a constraints in pixels of the picture at \a path, clipped to it.
 /// \throws HostError when an area lies outside the picture.
 VXCropConstraints within(const QSize& picture, const Constraints& constraints, const QString& path);
 

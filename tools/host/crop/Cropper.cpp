@@ -18,7 +18,7 @@ namespace {
 
 constexpr qint64 thousand = 1000;
 
-// Whether all outputs existed before.
+// Whether every output already exists and is skipped.
 bool isNothingToDo(const CropRecord& record)
 {
     return std::all_of(record.crops.begin(), record.crops.end(),
@@ -104,9 +104,9 @@ void Cropper::fill(CropRecord& record, const CropTask& task, const Look& look)
     unusedBudget.acquire(needed);
     const QSemaphoreReleaser releaser(unusedBudget, needed);
 
-    // Areas to keep are blended with the maps of single methods, which are not kept.
-    const bool mayTakeKept = record.file && task.constraints.keep.isEmpty();
-    const VXCrop analysed = mayTakeKept ? analysis.runOrTakeKept(*record.file) : analysis.run();
+    // Areas to keep are blended with the maps of single methods, which are not stored.
+    const bool mayUseStore = record.file && task.constraints.keep.isEmpty();
+    const VXCrop analysed = mayUseStore ? analysis.runWithStore(*record.file) : analysis.run();
     choose(record, task, analysed, picture);
     if (look)
         look(picture, analysed);
@@ -146,7 +146,7 @@ void Cropper::setOutputSize(
     const qint64 pixels
         = qint64 { crop.outputSize.width() } * crop.outputSize.height() * frameCount;
     if (pixels > rules.analysis.reading.mostPixels)
-        throw unreadableForNow(record.path,
+        throw retryableReadError(record.path,
             QStringLiteral("its crop for %1 would have more pixels than are allowed")
                 .arg(shape.name),
             QStringLiteral("allow them with --max-pixels %1").arg(pixels));
@@ -163,14 +163,14 @@ OutputState Cropper::planFor(const QString& output, const CropTask& task) const
         return OutputState::None;
     const bool exists = !isStandardStream(output) && QFileInfo::exists(output);
     if (exists && !rules.isResumed)
-        return planForOtherContent(output, task);
+        return planForTakenName(output, task);
     return rules.isDryRun ? OutputState::Planned : OutputState::Written;
 }
 
-OutputState Cropper::planForOtherContent(const QString& output, const CropTask& task) const
+OutputState Cropper::planForTakenName(const QString& output, const CropTask& task) const
 {
     if (!mayReplace(output, task) && rules.ifExists == IfExists::Fail)
-        throwIsThere(output);
+        throwAlreadyExists(output);
     if (!mayReplace(output, task))
         return OutputState::Skipped;
     return rules.isDryRun ? OutputState::Planned : OutputState::Written;
@@ -202,10 +202,10 @@ void Cropper::write(CropRecord& record, const CropTask& task, PictureFile& pictu
         files.emplace_back(pictures.at(i), crop.outputPath, writing, picture.deadline());
         const PictureWriter::Existing existing = files.back().existing();
         if (existing == PictureWriter::Existing::Other)
-            crop.state = planForOtherContent(crop.outputPath, task);
-        const bool isThere
+            crop.state = planForTakenName(crop.outputPath, task);
+        const bool isUnchanged
             = existing == PictureWriter::Existing::Same && rules.ifExists != IfExists::Overwrite;
-        if (crop.state != OutputState::Written || isThere)
+        if (crop.state != OutputState::Written || isUnchanged)
             files.pop_back();
     }
     commit(files, task);
@@ -221,10 +221,8 @@ void Cropper::commit(std::deque<PictureWriter>& files, const CropTask& task) con
         created.append(file.draftPath());
         (QFileInfo::exists(file.path()) ? replaced : created).append(file.path());
     }
-    if (rules.journal != nullptr) {
-        rules.journal->willCreate(created);
-        rules.journal->willReplace(replaced);
-    }
+    if (rules.journal != nullptr)
+        rules.journal->willWrite(created, replaced);
     try {
         for (PictureWriter& file : files) {
             file.commit(mayReplace(file.path(), task));

@@ -23,15 +23,15 @@ enum class IfExists {
     Overwrite,
 };
 
-/// What becomes of a crop that has fewer pixels than the size that is asked for.
+/// What to do with a crop that has fewer pixels than the requested size.
 enum class Fit {
-    Smaller, ///< it is written with the pixels that it has, and a warning says so
-    Enlarged,
-    Padded, ///< there is background around it
+    Smaller, ///< write it as it is, with a warning
+    Enlarged, ///< scale it up
+    Padded, ///< put background around it
 };
 
-/// Hears of output files before they get their names, so that a later run knows them as this program's even when this one
-/// ends there. Its functions are called by any thread.
+/// Is told about output files before they appear under their names, so that a later run can recognise them as this
+/// program's even if this run is killed. Its functions are called from any thread.
 class OutputJournal {
 public:
     OutputJournal() = default;
@@ -39,55 +39,51 @@ public:
     OutputJournal& operator=(const OutputJournal&) = delete;
     virtual ~OutputJournal() = default;
 
-    /// There are no files at \a paths, and there are about to be some, of which drafts last a moment only.
-    virtual void willCreate(const QStringList& paths) = 0;
+    /// Files are about to be created, including short-lived drafts, or replaced.
+    virtual void willWrite(const QStringList& created, const QStringList& replaced) = 0;
 
-    /// The files at \a paths are about to be replaced.
-    virtual void willReplace(const QStringList& paths) = 0;
-
-    /// Those at \a paths could not be made after all.
+    /// The files at \a paths were announced as created but could not be.
     virtual void haveNotCreated(const QStringList& paths) = 0;
 };
 
-/// What holds for every picture of a run.
+/// What applies to every picture of a run.
 struct CropRules {
     AnalysisRules analysis;
     IfExists ifExists = IfExists::Fail;
-    bool isResumed
-        = false; ///< a file that is what would be written is from an earlier run: it counts
-    KnownBy knownBy = KnownBy::Time; ///< how records tell files
-    OutputJournal* journal = nullptr; ///< none: nobody wants to know
+    bool isResumed = false; ///< an existing output with the content to be written counts as written
+    KnownBy knownBy = KnownBy::Time; ///< how records identify files
+    OutputJournal* journal = nullptr; ///< null: outputs are not recorded
     Fit fit = Fit::Smaller;
     WritingRules writing = {};
-    bool isDryRun = false; ///< write no file
-    bool makesFolders = false; ///< make the folders that outputs go to
+    bool isDryRun = false; ///< write no files
+    bool makesFolders = false; ///< create the folders of outputs
 };
 
-/// One picture and the crops that are asked of it.
+/// One picture and its requested crops.
 struct CropTask {
     QString path;
     QVector<CropShape> shapes;
-    QStringList outputs; ///< one for each shape, or none at all
+    QStringList outputs; ///< one for each shape, or empty: nothing is written
     Constraints constraints;
-    QString map = {}; ///< a file to take the salience map from; empty: it is computed
+    QString map = {}; ///< a file to read the salience map from; empty: the map is computed
     CropRequest request = {};
-    QStringList ownOutputs = {}; ///< those that an earlier run has written, which may be replaced
-    std::optional<HostError> failure = std::nullopt; ///< why there is nothing to crop
+    QStringList ownOutputs = {}; ///< outputs of an earlier run, which may be replaced
+    std::optional<HostError> failure = std::nullopt; ///< why the picture cannot be cropped
 };
 
-/// Crops pictures. One object serves any number of threads.
+/// Crops pictures. One object may be used from any number of threads.
 class Cropper {
 public:
-    /// \param pixelsAtOnce how many pixels all threads together may have decoded at a time; a picture
-    /// with more waits until it is alone.
+    /// \param pixelsAtOnce the most pixels that all threads together may have decoded at a time; a larger picture waits
+    /// until no other is being cropped.
     Cropper(CropRules rules, qint64 pixelsAtOnce);
 
-    /// Looks at a picture and its analysis; a HostError that it throws is the picture's failure.
+    /// Receives a picture and its analysis; a HostError that it throws becomes the picture's failure.
     using Look = std::function<void(PictureFile& picture, const VXCrop& analysis)>;
 
     /// Chooses the crops of a picture and writes those that have outputs: all of them or none.
-    /// \param look is called once the crops are chosen, if there is one.
-    /// \return the record; a failure is in it, and never thrown.
+    /// \param look called once the crops are chosen; may be empty.
+    /// \return the record; a failure is stored in it and never thrown.
     CropRecord crop(const CropTask& task, const Look& look = {});
 
 private:
@@ -101,7 +97,7 @@ private:
         CropRecord& record, CropResult& crop, const CropShape& shape, int frameCount) const;
     bool mayReplace(const QString& output, const CropTask& task) const;
     OutputState planFor(const QString& output, const CropTask& task) const;
-    OutputState planForOtherContent(const QString& output, const CropTask& task) const;
+    OutputState planForTakenName(const QString& output, const CropTask& task) const;
 
     CropRules rules;
     int budget; ///< in thousands of pixels

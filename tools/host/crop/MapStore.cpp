@@ -37,10 +37,10 @@ void MapStore::keep(const MapKey& key, const QImage& map) const
 {
     const QString name = fileNameOf(key);
     createFolder(QFileInfo(name).path());
-    PictureWriter(held(map.convertToFormat(QImage::Format_Grayscale8)), name).commit(true);
+    PictureWriter(notNull(map.convertToFormat(QImage::Format_Grayscale8)), name).commit(true);
 }
 
-// The first two digits are a folder, because some file systems are slow with many files in one.
+// The first two digits of the hash name a subfolder, because some file systems are slow with many files in one folder.
 QString MapStore::fileNameOf(const MapKey& key) const
 {
     QJsonObject whole { { QStringLiteral("file"), key.state },

@@ -10,24 +10,24 @@ namespace host {
 /// What the map of a picture depends on, besides the version of the program.
 struct MapKey {
     QString path; ///< of the picture
-    QJsonObject state; ///< that of its file; see stateOf()
-    QString settings; ///< how it is analysed; see textOf()
-    int frameCount = 1; ///< how many frames are
+    QJsonObject state; ///< of the picture's file; see stateOf()
+    QString settings; ///< how the picture is analysed; see textOf()
+    int frameCount = 1; ///< how many frames are analysed
 };
 
-/// The maps of pictures in a folder, so that nobody analyses a picture twice the same way. The file of a map is a PNG that is
-/// called by a hash of its key; the path is part of it where the state has no checksum. One object serves any number
-/// of threads, and one folder any number of programs.
+/// Stores the maps of pictures in a folder, so that no picture is analysed twice with the same settings. Each map is a
+/// PNG whose name is a hash of its key; the path is hashed only where the state has no checksum. One object may be used
+/// from any number of threads, and one folder by any number of processes.
 class MapStore {
 public:
-    /// \throws HostError when there is no such folder and none can be made.
+    /// \throws HostError when the folder does not exist and cannot be created.
     explicit MapStore(QString folder);
 
-    /// The map that was kept for \a key, for a picture of size \a picture; null when there is none. A file that is
-    /// damaged, or of something else, counts as none.
+    /// The map stored for \a key, for a picture of size \a picture. Null when there is none, and when the file is
+    /// damaged or has another size than the map would have.
     QImage find(const MapKey& key, const QSize& picture) const;
 
-    /// Keeps a map.
+    /// Stores a map.
     /// \throws HostError when it cannot be written.
     void keep(const MapKey& key, const QImage& map) const;
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int longestSide = 1600;
 
-// The colours of the 256 levels, each a mix of the two stops around it.
+// The colours of the 256 levels, interpolated between the stops.
 QVector<QRgb> heatScale()
 {
     constexpr int lastStop = static_cast<int>(heatStops.size()) - 1;
@@ -36,7 +36,7 @@ QVector<QRgb> heatScale()
     return colours;
 }
 
-// A map is grey, so its levels serve as indices into a colour table.
+// A map is grey, so its levels can be indices into a colour table.
 QImage heatOf(const QImage& map)
 {
     QImage heat = brightened(map);
@@ -56,9 +56,10 @@ void outline(QPainter& painter, const QRect& frame, const QRect& window)
         painter.fillRect(outside, QColor(0, 0, 0, 130));
     const int lineWidth = lineWidthFor(frame.size());
     painter.setPen(QPen(Qt::white, lineWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    const int before = lineWidth / 2;
-    const int behind = lineWidth - before;
-    painter.drawRect(window.adjusted(before, before, -behind, -behind));
+    // The pen is centred on the rectangle; this keeps the line within the window.
+    const int leading = lineWidth / 2;
+    const int trailing = lineWidth - leading;
+    painter.drawRect(window.adjusted(leading, leading, -trailing, -trailing));
 }
 
 void mark(QPainter& painter, const QRect& frame, const QRect& area, Qt::GlobalColor colour)
@@ -68,7 +69,7 @@ void mark(QPainter& painter, const QRect& frame, const QRect& area, Qt::GlobalCo
     painter.drawRect(area);
 }
 
-// What labels are written with. There are no fonts where there is no display.
+// A character of the scale's labels, as pixels: without a display, Qt has no fonts.
 struct Glyph {
     char character;
     std::array<const char*, 5> rows;
@@ -83,7 +84,7 @@ constexpr std::array<Glyph, 4> glyphs { {
 
 constexpr int glyphAdvance = 4;
 
-// Writes \a label with dots of so many pixels, centred below a point.
+// Writes \a label centred below \a top, with dots of \a dot by \a dot pixels.
 void write(QPainter& painter, const char* label, const QPoint& top, int dot)
 {
     const int length = static_cast<int>(std::strlen(label));
@@ -101,15 +102,14 @@ void write(QPainter& painter, const char* label, const QPoint& top, int dot)
     }
 }
 
-// The height of the strip below the picture that holds the scale; 0 for pictures too narrow for it.
+// The height of the strip with the scale below the picture; 0 when the picture is too narrow for it.
 int scaleHeightFor(const QSize& frame)
 {
     constexpr int leastWidth = 120;
     return frame.width() < leastWidth ? 0 : 13 * lineWidthFor(frame);
 }
 
-// The colours of all levels over mid-grey, from left to right, and what share of the brightest they
-// stand for.
+// Draws the colours of all levels over mid-grey, from left to right, with labels in percent of the brightest level.
 void drawScale(QPainter& painter, const QRect& strip)
 {
     const int dot = strip.height() / 13;
@@ -133,18 +133,18 @@ QImage drawOverlay(const QImage& picture, const QImage& map, const QRect& window
     const VXCropConstraints& constraints)
 {
     const bool isLarge = std::max(picture.width(), picture.height()) > longestSide;
-    const QImage shown = isLarge ? held(picture.scaled(longestSide, longestSide,
+    const QImage shown = isLarge ? notNull(picture.scaled(longestSide, longestSide,
                              Qt::KeepAspectRatio, Qt::SmoothTransformation))
                                  : picture;
     const QRect frame = shown.rect();
     const QRect strip(0, frame.height(), frame.width(), scaleHeightFor(frame.size()));
     QImage overlay
-        = held(QImage(frame.width(), frame.height() + strip.height(), QImage::Format_RGB32));
+        = notNull(QImage(frame.width(), frame.height() + strip.height(), QImage::Format_RGB32));
 
     QPainter painter(&overlay);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.drawImage(frame, held(shown.convertToFormat(QImage::Format_RGB32)));
+    painter.drawImage(frame, notNull(shown.convertToFormat(QImage::Format_RGB32)));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.drawImage(frame, heatOf(map));
     const double scale = static_cast<double>(frame.width()) / picture.width();

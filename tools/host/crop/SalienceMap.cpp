@@ -8,7 +8,7 @@ namespace host {
 
 QImage stretched(const QImage& map)
 {
-    QImage levels = held(map.convertToFormat(QImage::Format_Grayscale8));
+    QImage levels = notNull(map.convertToFormat(QImage::Format_Grayscale8));
     int least = 255;
     int most = 0;
     for (int y = 0; y < levels.height(); ++y) {
@@ -30,7 +30,7 @@ QImage stretched(const QImage& map)
 
 QImage brightened(const QImage& map)
 {
-    QImage levels = held(map.convertToFormat(QImage::Format_Grayscale8));
+    QImage levels = notNull(map.convertToFormat(QImage::Format_Grayscale8));
     int brightest = 1;
     for (int y = 0; y < levels.height(); ++y) {
         const uchar* const row = levels.constScanLine(y);

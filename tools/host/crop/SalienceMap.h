@@ -4,11 +4,10 @@
 
 namespace host {
 
-/// \a map with its levels stretched to reach from black to white, for the eye; its text "Comment" says
-/// so.
+/// \a map with its levels stretched from black to white, to be looked at. The original range is in its text "Comment".
 QImage stretched(const QImage& map);
 
-/// \a map with its levels scaled so that the brightest is white, as heat shows them.
+/// \a map with its levels scaled so that the brightest is white, as the heat scale needs it.
 QImage brightened(const QImage& map);
 
 } // namespace host

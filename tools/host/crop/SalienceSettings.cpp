@@ -18,7 +18,7 @@ bool haveSameWeights(const VXCropSettings& one, const VXCropSettings& other)
     });
 }
 
-// The preset's name, or the weights of the methods that are on.
+// The name of the preset, or the weights that are not 0.
 QString weightsText(const VXCropSettings& settings)
 {
     for (const Preset& preset : presets) {
@@ -35,7 +35,7 @@ QString weightsText(const VXCropSettings& settings)
     return weights.isEmpty() ? QStringLiteral("none") : weights.join(QLatin1Char(' '));
 }
 
-// The settings in a table that are not as they come.
+// The settings of a table that differ from their defaults.
 template <typename Table> QStringList changesOf(const Table& table, const HistogramTuning& tuning)
 {
     QStringList changes;

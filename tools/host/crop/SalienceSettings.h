@@ -7,11 +7,11 @@
 #include <array>
 
 /// \file
-/// How a picture is analysed, by names.
+/// The names of presets and settings of the analysis.
 
 namespace host {
 
-/// Settings that have a name.
+/// Named settings.
 struct Preset {
     const char* name;
     const char* text; ///< what it is for, in a few words
@@ -24,7 +24,7 @@ inline constexpr std::array<Preset, 2> presets { {
         VXCropSettings::library },
 } };
 
-/// One setting of the histogram method, and its range.
+/// One setting of the histogram method and its range.
 template <typename Value> struct HistogramSetting {
     const char* name;
     const char* text; ///< what it does, in a few words
@@ -54,9 +54,9 @@ inline constexpr std::array<HistogramSetting<double>, 3> realSettings { {
 /// Settings with every method off.
 VXCropSettings withoutMethods();
 
-/// The settings in one line: the preset's name or the weights that are not 0, then what is tuned.
-/// The same settings give the same text, whatever options made them: "photo", "gauss=20 achanta=10
-/// bins1=16".
+/// The settings as one line: the name of the preset or the weights that are not 0, then the settings that differ from
+/// their defaults, such as "photo" or "gauss=20 achanta=10 bins1=16". Equal settings give equal texts, whichever
+/// options they came from.
 QString textOf(const VXCropSettings& settings);
 
 } // namespace host

@@ -13,7 +13,7 @@ bool isByte(QChar character)
     return character.unicode() >= firstHalf + 0x80 && character.unicode() <= firstHalf + 0xff;
 }
 
-// How many bytes the character at a position has; 0 when it is none.
+// The length in bytes of the UTF-8 character at \a position; 0 when the bytes there are not UTF-8.
 int characterBytes(const QByteArray& name, int position)
 {
     constexpr int mostBytes = 4;
@@ -65,10 +65,10 @@ QString textOfName(const QByteArray& name)
 QByteArray bytesOfName(const QString& text)
 {
     QByteArray name;
-    int begin = 0; // of what has no such bytes
+    int begin = 0; // of the text that is plain UTF-8
     for (int position = 0; position < text.size(); ++position) {
-        const bool isOfPair = position > begin && text.at(position - 1).isHighSurrogate();
-        if (!isByte(text.at(position)) || isOfPair)
+        const bool isInPair = position > begin && text.at(position - 1).isHighSurrogate();
+        if (!isByte(text.at(position)) || isInPair)
             continue;
         name += text.midRef(begin, position - begin).toUtf8();
         name += static_cast<char>(text.at(position).unicode() - firstHalf);
@@ -84,7 +84,7 @@ bool mayBeName(const QString& text)
 
 void useForFileNames()
 {
-    QTextCodec::setCodecForLocale(new FileNameCodec); // which Qt deletes
+    QTextCodec::setCodecForLocale(new FileNameCodec); // Qt takes ownership
 }
 
 } // namespace host

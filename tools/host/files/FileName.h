@@ -4,9 +4,9 @@
 #include <QString>
 
 /// \file
-/// Names of files as text and as the system's bytes. They are UTF-8 in every locale; a byte that is no part of
-/// UTF-8 becomes half of a surrogate pair, U+DC80 to U+DCFF for 0x80 to 0xFF, which JSON writes as "\udc80" to
-/// "\udcff" and Python's file functions understand.
+/// File names as text and as the system's bytes. They are UTF-8 in every locale. A byte that is not valid UTF-8 becomes
+/// the second half of a surrogate pair, U+DC80 to U+DCFF for 0x80 to 0xFF; JSON has these as "\udc80" to "\udcff", and
+/// Python's file functions understand them.
 
 namespace host {
 
@@ -14,15 +14,14 @@ QString textOfName(const QByteArray& name);
 
 QByteArray bytesOfName(const QString& text);
 
-/// Whether a file may have \a text as its name: a NUL would end the name within the system, and half of a surrogate
-/// pair is no character unless it stands for a byte.
+/// Whether \a text can be a file name: it must not contain NUL, which ends names in the system, nor half of a surrogate
+/// pair that does not stand for a byte.
 bool mayBeName(const QString& text);
 
-/// Whether \a path stands for standard input, where a picture is read, or for standard output, where one is
-/// written.
+/// Whether \a path is "-": standard input as the name of an input, standard output as that of an output.
 inline bool isStandardStream(const QString& path) { return path == QLatin1String("-"); }
 
-/// Makes Qt read and write names of files that way.
+/// Makes Qt convert file names with these functions.
 void useForFileNames();
 
 } // namespace host

@@ -13,7 +13,7 @@ namespace host {
 
 namespace {
 
-// Not by QDateTime: what it formats with is made at its first use, and threads that meet there get an empty text.
+// Not by QDateTime: it sets up its formatting at the first use, and threads that do so together get an empty text.
 QString textOf(const timespec& time)
 {
     constexpr int nanosecondDigits = 9;

@@ -7,14 +7,14 @@
 
 namespace host {
 
-/// By what a file is known to be the one that it was.
+/// How an unchanged file is recognised.
 enum class KnownBy {
-    Time, ///< its size and when it was modified
-    Checksum, ///< its size and its SHA-256, which takes reading it
+    Time, ///< by its size and its modification time
+    Checksum, ///< by its size and its SHA-256, for which the whole file is read
 };
 
 /// The state of a file: {"bytes", "modified"} with the time in UTC to the nanosecond, or {"bytes", "sha256"}.
-/// \return none for a file that cannot be read, or is no regular file.
+/// \return std::nullopt for a file that cannot be read or is not a regular file.
 std::optional<QJsonObject> stateOf(const QString& path, KnownBy knownBy);
 
 } // namespace host

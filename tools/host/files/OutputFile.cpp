@@ -28,12 +28,12 @@ constexpr QLatin1String draftPrefix(".vxroi-", 7);
         QStringLiteral("free some space on the disk or choose another folder"));
 }
 
-// A file without a name, which goes away with the process that writes it; -1 where the file system has none.
+// Opens a file without a name, which disappears with the process; -1 where the file system does not support that.
 int openUnnamed(const QString& folder)
 {
-    constexpr mode_t readableByAll = 0666; // as far as the umask lets it
+    constexpr mode_t readableByAll = 0666; // before the umask
     if (access("/proc/self/fd", X_OK) != 0)
-        return -1; // where it could not be given a name
+        return -1; // it could not be named later
     const QByteArray path = bytesOfName(folder);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
     return open(path.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, readableByAll);
@@ -45,7 +45,7 @@ bool nameUnnamed(int descriptor, const QByteArray& name)
     return linkat(AT_FDCWD, source.c_str(), AT_FDCWD, name.constData(), AT_SYMLINK_FOLLOW) == 0;
 }
 
-// Some file systems cannot rename without replacing; all that have links can refuse a second one.
+// Renames only if \a to does not exist. Where the file system lacks such a rename, a hard link fails the same way.
 bool renameToFreeName(const QByteArray& from, const QByteArray& to)
 {
     if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
@@ -70,7 +70,7 @@ void requireReplaceable(const QString& output)
 
 bool isDraft(const QString& path) { return QFileInfo(path).fileName().startsWith(draftPrefix); }
 
-void throwIsThere(const QString& output)
+void throwAlreadyExists(const QString& output)
 {
     throw HostError(ExitCode::CannotCreate, output, QStringLiteral("already exists"),
         QStringLiteral("choose another name or another --if-exists"));
@@ -123,8 +123,8 @@ OutputFile::~OutputFile()
 void OutputFile::write(const QByteArray& bytes)
 {
     if (isStandardStream(name))
-        forStream += bytes;
-    // A disk that fills up shortens what is written, and only then refuses to write.
+        streamContent += bytes;
+    // When the disk fills up, the first failing write is short and sets no error.
     else if (file.write(bytes) != bytes.size() || !file.flush())
         throwWriteFailed(name,
             file.error() == QFileDevice::NoError ? QStringLiteral("no room left")
@@ -134,14 +134,14 @@ void OutputFile::write(const QByteArray& bytes)
 void OutputFile::commit(bool mayReplace)
 {
     if (isStandardStream(name)) {
-        writeOutput(forStream);
+        writeOutput(streamContent);
         return;
     }
     if (fsync(file.handle()) != 0)
         throwWriteFailed(name, qt_error_string(errno));
-    if (!takeName(mayReplace)) {
+    if (!moveIntoPlace(mayReplace)) {
         if (errno == EEXIST)
-            throwIsThere(name);
+            throwAlreadyExists(name);
         if (errno == ENAMETOOLONG)
             throw HostError(ExitCode::CannotCreate, name, qt_error_string(errno),
                 QStringLiteral("choose a shorter name"));
@@ -150,14 +150,14 @@ void OutputFile::commit(bool mayReplace)
     file.close();
 }
 
-bool OutputFile::takeName(bool mayReplace)
+bool OutputFile::moveIntoPlace(bool mayReplace)
 {
     const QByteArray to = bytesOfName(target);
     const QByteArray from = bytesOfName(draft);
     if (!isNamed) {
         if (nameUnnamed(file.handle(), to))
             return true;
-        // Only a file with a name can take the place of another.
+        // Replacing a file needs a rename, and so a name.
         isNamed = errno == EEXIST && mayReplace && nameUnnamed(file.handle(), from);
         if (!isNamed)
             return false;

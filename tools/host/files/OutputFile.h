@@ -6,26 +6,26 @@
 
 namespace host {
 
-/// Refuses an output that is there and is no regular file: a folder, a pipe, a device or a link to nothing.
+/// Refuses an output that exists and is not a regular file: a folder, a pipe, a device or a dangling link.
 /// \throws HostError
 void requireReplaceable(const QString& output);
 
-/// Whether \a path is a name that OutputFile gives to files on their way.
+/// Whether \a path is the name of a draft: a file that OutputFile has not committed yet.
 bool isDraft(const QString& path);
 
-/// \throws HostError that says that \a output is there already.
-[[noreturn]] void throwIsThere(const QString& output);
+/// \throws HostError always: \a output already exists.
+[[noreturn]] void throwAlreadyExists(const QString& output);
 
-/// Makes sure that there is a folder at \a path.
-/// \throws HostError when none can be made.
+/// Creates the folder at \a path, and those above it, unless they exist.
+/// \throws HostError when that fails.
 void createFolder(const QString& path);
 
-/// A file on its way: it appears whole under its name when commit() is called, or not at all. Until then it has no
-/// name, or one of its own beside it where the file system wants one.
+/// An output file that appears complete under its name when commit() is called, or not at all. Until then it has no
+/// name, or the name of a draft in the same folder where the file system needs one.
 class OutputFile {
 public:
-    /// \param path where it will be; "-" is standard output, which is written to at the commit.
-    /// \throws HostError when it cannot be created there.
+    /// \param path the name of the file; "-" is standard output, which is written at the commit.
+    /// \throws HostError when the file cannot be created.
     explicit OutputFile(QString path);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
@@ -33,28 +33,27 @@ public:
 
     const QString& path() const { return name; }
 
-    /// The name that it may have beside its own until the commit has ended; empty for standard output.
+    /// The name that the draft may have until the commit has ended; empty for standard output.
     const QString& draftPath() const { return draft; }
 
-    /// Adds \a bytes.
+    /// Appends \a bytes.
     /// \throws HostError when that fails.
     void write(const QByteArray& bytes);
 
-    /// Makes sure that it is on the disk, and gives it its name.
-    /// \param mayReplace whether a file that has the name by then is replaced; of several processes that may not,
-    /// one succeeds.
+    /// Syncs the file to the disk and gives it its name.
+    /// \param mayReplace whether to replace an existing file; of several processes that may not, exactly one succeeds.
     /// \throws HostError when that fails.
     void commit(bool mayReplace);
 
 private:
-    bool takeName(bool mayReplace);
+    bool moveIntoPlace(bool mayReplace);
 
     QString name;
-    QString target; ///< what a link of that name leads to
-    QString draft; ///< its name until the commit, if it has one
-    bool isNamed = false;
+    QString target; ///< the name, with links resolved
+    QString draft;
+    bool isNamed = false; ///< whether the draft has its name on the disk
     QFile file;
-    QByteArray forStream; ///< what standard output gets
+    QByteArray streamContent; ///< to be written to standard output
 };
 
 } // namespace host

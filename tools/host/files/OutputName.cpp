@@ -15,7 +15,7 @@ namespace host {
 
 namespace {
 
-// Any of the placeholders.
+// Matches any of the placeholders.
 const QRegularExpression& placeholderPattern()
 {
     static const QRegularExpression pattern = [] {

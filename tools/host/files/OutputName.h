@@ -7,38 +7,38 @@
 
 namespace host {
 
-/// The name of a file that belongs to a picture or a crop, with placeholders for what differs
-/// between them: {dir}, {stem} and {ext} of the picture's name, and for a crop {ratio}, its shape as in
-/// "16x9".
+/// A pattern for the names of files that belong to pictures or crops. Its placeholders are {dir}, {stem} and {ext},
+/// parts of the picture's name, and for crops {ratio}, the shape as in "16x9".
 class OutputName {
 public:
-    /// What has a file: a crop its output, a picture its map.
+    /// What the pattern names: the output of a crop, or the map of a picture.
     enum class Of { Crop, Picture };
 
-    /// \throws HostError when \a pattern has another placeholder, or an unmatched brace.
+    /// \throws HostError when \a pattern has an unknown placeholder or an unmatched brace.
     explicit OutputName(const QString& pattern, Of owner = Of::Crop);
 
-    /// The placeholders, and what they stand for.
+    /// The placeholders and their meanings.
     static QVector<Explanation> placeholders();
 
     /// The name for a crop of \a shape of the picture at \a input.
-    /// \param suffix what {ext} stands for; empty: that of the picture.
+    /// \param suffix the value of {ext}; empty: the suffix of the picture.
     QString nameFor(const QString& input, const CropShape& shape, const QString& suffix = {}) const;
 
-    /// The folder that the name is in before any placeholder but a {dir} that it begins with is replaced.
+    /// The folder that the pattern itself names: the part before its first placeholder. A {dir} at its very beginning
+    /// counts as the folder of \a input. Outputs must not leave this folder.
     QString folderFor(const QString& input) const;
 
-    /// Whether there is any placeholder: then missing folders are made.
+    /// Whether there are placeholders; then missing folders are created.
     bool hasPlaceholders() const;
 
 private:
     QString text;
 };
 
-/// The path of a file that need not be there yet, by way of no link: two names of one file are one.
+/// The absolute path of a file, which need not exist, with all links resolved: two names of one file become equal.
 QString canonicalPathOf(const QString& path);
 
-/// Whether the file at \a path, which need not be there yet, is or will be in \a folder or a folder within it.
+/// Whether \a path lies in \a folder or in a folder within it. Neither need exist.
 bool isWithin(const QString& folder, const QString& path);
 
 } // namespace host

@@ -12,10 +12,10 @@ namespace host {
 
 namespace {
 
-// Notes when a decoder asks for more than there is: Qt's takes black for what is missing.
-class NotingDevice : public QIODevice {
+// Notices when a decoder reads past the end: Qt's reports no error and fills in black.
+class EndDetector : public QIODevice {
 public:
-    explicit NotingDevice(QIODevice& device)
+    explicit EndDetector(QIODevice& device)
         : source(device)
     {
         source.seek(0);
@@ -55,14 +55,14 @@ QSize bitmapSize(QIODevice& device)
 {
     device.seek(0);
     const QSize size = QImageReader(&device, "bmp").size();
-    return { size.width(), std::abs(size.height()) }; // rows from the top have a negative height
+    return { size.width(), std::abs(size.height()) }; // negative where the top row comes first
 }
 
 std::optional<vips::VImage> readBitmap(QIODevice& device, bool& isWhole)
 {
-    NotingDevice noting(device);
-    const QImage image = QImageReader(&noting, "bmp").read();
-    isWhole = !noting.isExhausted();
+    EndDetector detector(device);
+    const QImage image = QImageReader(&detector, "bmp").read();
+    isWhole = !detector.isExhausted();
     if (image.isNull())
         return std::nullopt;
     return toVipsImage(image);

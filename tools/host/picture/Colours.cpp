@@ -19,7 +19,8 @@ bool isSrgb(const VImage& image)
         == QColorSpace(QColorSpace::SRgb);
 }
 
-// In sRGB by the profile of an image, or by that of usual inks; as it is where its profile is of no use.
+// Converts to sRGB by the embedded profile, or for CMYK without one by a common profile. Returns \a image unchanged
+// when the profile cannot be used.
 VImage byProfile(const VImage& image, int depth)
 try {
     VOption* const options = VImage::option()->set("embedded", true)->set("depth", depth);
@@ -73,7 +74,7 @@ std::vector<double> pixelOf(const VImage& image, const QColor& colour)
         const VImage exported = withProfileOf(image, srgb.colourspace(VIPS_INTERPRETATION_LAB))
                                     .icc_export(VImage::option()->set("depth", isDeep ? 16 : 8));
         return exported.getpoint(0, 0);
-    } catch (const vips::VError&) { // its profile is of no use
+    } catch (const vips::VError&) { // the profile cannot be used
         return isCmyk ? srgb.colourspace(VIPS_INTERPRETATION_CMYK).getpoint(0, 0) : rgb;
     }
 }
@@ -82,7 +83,7 @@ VImage withChannelsFor(const QColor& colour, const VImage& image)
 {
     if (image.bands() > 2 || colour.saturation() <= 0)
         return image;
-    const VImage srgb = inSrgbWithDepth(image); // a profile of greys is none of colours
+    const VImage srgb = inSrgbWithDepth(image); // a grey profile does not apply to colours
     return srgb.colourspace(image.format() == VIPS_FORMAT_USHORT ? VIPS_INTERPRETATION_RGB16
                                                                  : VIPS_INTERPRETATION_sRGB);
 }

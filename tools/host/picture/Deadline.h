@@ -6,10 +6,10 @@
 
 namespace host {
 
-/// How long a picture may take.
+/// The time limit of one picture.
 class Deadline {
 public:
-    /// Begins now; of 0 seconds it has passed at once.
+    /// Starts now; a limit of 0 seconds has passed immediately.
     explicit Deadline(int mostSeconds)
         : seconds(mostSeconds)
     {

@@ -33,7 +33,7 @@ bool isSet(const VImage& header, const char* field)
     return header.get_typeof(field) != 0 && header.get_int(field) != 0;
 }
 
-// Whether the decoder holds all pixels at once, which takes up to nine bytes for one of 8 bits a channel.
+// Whether the decoder keeps the whole picture in memory: up to nine bytes for a pixel with 8 bits per channel.
 bool isDecodedWhole(const VImage& header, const Format& format)
 {
     constexpr auto chroma = "jpeg-chroma-subsample";
@@ -43,13 +43,13 @@ bool isDecodedWhole(const VImage& header, const Format& format)
         || (isSet(header, "jpeg-multiscan") && isFullChroma);
 }
 
-// What has 16 bits takes twice as much memory as what has 8.
+// 1 for channels of 8 bits, 2 for 16.
 int bytesPerLevel(const VImage& image)
 {
     return static_cast<int>(vips_format_sizeof(image.format()));
 }
 
-// HEIC and AVIF have the same decoder.
+// HEIC and AVIF share a decoder and differ in compression.
 bool isAvif(const VImage& header)
 {
     constexpr auto compression = "heif-compression";
@@ -93,12 +93,12 @@ void Decoder::readHeader()
     if (formatName == QLatin1String("jxl"))
         unread = unreadInJxl(*device);
     decodingShrink = format->mostShrink;
-    headerImage = tolerating([this] { return opened(1); });
+    headerImage = readTolerantly([this] { return opened(1); });
     if (formatName == QLatin1String("avif") && !isAvif(headerImage))
         formatName = QStringLiteral("heic");
     if (format->abilities.testFlag(Ability::Frames) && rules.areAllFramesRead) {
         frames = vips_image_get_n_pages(headerImage.get_image());
-        headerImage = tolerating([this] { return opened(1); });
+        headerImage = readTolerantly([this] { return opened(1); });
     }
     const QSize size = boundsOf(headerImage).size();
     pixelWeight = bytesPerLevel(headerImage);
@@ -117,7 +117,7 @@ void Decoder::readBitmap()
     const QSize size = bitmapSize(*device);
     if (size.isEmpty())
         throwUnknown(name);
-    pixelWeight = 2; // Qt holds the picture, and so do we
+    pixelWeight = 2; // one copy in Qt, one in libvips
     refuseTooMany(size, pixelWeight);
     bool isWhole = true;
     bitmap = host::readBitmap(*device, isWhole);
@@ -130,19 +130,19 @@ void Decoder::readBitmap()
     }
 }
 
-// A pixel counts as many times as its weight says.
+// Each pixel counts \a weight times.
 void Decoder::refuseTooMany(const QSize& size, int weight) const
 {
     const qint64 counted = qint64 { size.width() } * size.height() * weight;
     if (counted > rules.mostPixels)
-        throw unreadableForNow(name,
+        throw retryableReadError(name,
             QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()),
             QStringLiteral("allow them with --max-pixels %1").arg(counted));
 }
 
 VImage Decoder::decode(int shrink, const QRect& area, bool isOpaque)
 {
-    return tolerating([&] {
+    return readTolerantly([&] {
         const int byDecoder = std::min(shrink, decodingShrink);
         VImage image = opened(byDecoder);
         if (isOpaque)
@@ -170,11 +170,11 @@ VImage Decoder::opened(int shrink)
         options->set("n", frames);
     VImage image = VImage::new_from_source(sourceOf(*device, timeLimit), "", options);
     image = withUnread(image, unread);
-    endLate(image, timeLimit);
+    setDeadline(image, timeLimit);
     return image;
 }
 
-VImage Decoder::tolerating(const std::function<VImage()>& read)
+VImage Decoder::readTolerantly(const std::function<VImage()>& read)
 {
     for (;;) {
         try {
@@ -182,7 +182,7 @@ VImage Decoder::tolerating(const std::function<VImage()>& read)
             noteDamage();
             return image;
         } catch (const vips::VError& error) {
-            refuseLackOfMeans(error);
+            throwIfOutOfResources(error);
             if (timeLimit.hasPassed())
                 throw tooSlow(name, rules.mostSeconds);
             refuseManyFaults(error);
@@ -192,7 +192,7 @@ VImage Decoder::tolerating(const std::function<VImage()>& read)
     }
 }
 
-// What decoders only warn of is tolerated in any case.
+// Lowers the strictness by one step, if the rules allow it. Mere warnings of a decoder are always tolerated.
 bool Decoder::tolerateMore()
 {
     if (failOn == VIPS_FAIL_ON_WARNING) {
@@ -219,7 +219,7 @@ void Decoder::warn(const QString& note)
         notes.append(note);
 }
 
-// Such as a JPEG of thousands of scans, which its decoder gives up.
+// The decoder gives up after too many errors, for example on a JPEG of thousands of scans.
 void Decoder::refuseManyFaults(const vips::VError& error) const
 {
     if (std::strstr(error.what(), "warnings") != nullptr)

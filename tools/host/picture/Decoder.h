@@ -18,17 +18,17 @@
 
 namespace host {
 
-/// Decodes a picture file, as often as it is asked to: the picture as it is stored.
+/// Decodes a picture file, as often as needed, without applying its EXIF orientation.
 class Decoder {
 public:
     /// Opens the file and reads its header.
-    /// \throws HostError when the file is missing, is no picture, or breaks the rules.
+    /// \throws HostError when the file is missing, is not a picture, or exceeds a limit.
     Decoder(const QString& path, const ReadingRules& rules);
     Decoder(const Decoder&) = delete;
     Decoder& operator=(const Decoder&) = delete;
     ~Decoder() = default;
 
-    /// The picture without its pixels: its size, its colours, its metadata. Frames lie below each other.
+    /// The picture's size, colours and metadata, without pixels. Frames are stacked vertically.
     const vips::VImage& header() const { return headerImage; }
 
     /// How many frames are read.
@@ -37,22 +37,24 @@ public:
     /// The name of the format, such as "jpeg".
     const QString& format() const { return formatName; }
 
-    /// How many times a pixel counts where its memory matters: twice when it has 16 bits, and when the decoder holds
-    /// the whole picture.
+    /// How many times a pixel counts against limits of memory: doubled for 16 bits per channel, and doubled when the
+    /// decoder keeps the whole picture in memory.
     int weight() const { return pixelWeight; }
 
-    /// Up to which factor, a power of 2, it makes pictures smaller while it decodes them.
+    /// The largest factor, a power of 2, by which the decoder can reduce a picture while decoding.
     int mostShrink() const { return decodingShrink; }
 
-    /// Decodes a part of the picture, reduced by a whole factor and on mid-grey where it is transparent if
-    /// \a isOpaque says so.
-    /// \throws HostError when the picture is damaged, or the time is up.
+    /// Decodes a part of the picture.
+    /// \param shrink the whole factor to reduce it by.
+    /// \param area the part, in pixels of the unreduced picture.
+    /// \param isOpaque whether to flatten transparent pixels onto mid-grey.
+    /// \throws HostError when the picture is damaged, or the time limit has passed.
     /// \throws std::bad_alloc
     vips::VImage decode(int shrink, const QRect& area, bool isOpaque);
 
     const Deadline& deadline() const { return timeLimit; }
 
-    /// What the user should know of how it was decoded.
+    /// What the user should know about the decoding.
     const QStringList& warnings() const { return notes; }
 
 private:
@@ -60,7 +62,7 @@ private:
     void readBitmap();
     void refuseTooMany(const QSize& size, int weight) const;
     vips::VImage opened(int shrink);
-    vips::VImage tolerating(const std::function<vips::VImage()>& read);
+    vips::VImage readTolerantly(const std::function<vips::VImage()>& read);
     bool tolerateMore();
     void noteDamage();
     void warn(const QString& note);
@@ -73,11 +75,11 @@ private:
     std::unique_ptr<QIODevice> device;
     std::optional<vips::VImage> bitmap; ///< the pixels of a BMP, which libvips does not read
     QString formatName;
-    EmbeddedMetadata unread; ///< by libvips
+    EmbeddedMetadata unread; ///< metadata that libvips does not read
     int pixelWeight = 1;
     int frames = 1;
     int decodingShrink = 1;
-    VipsFailOn failOn = VIPS_FAIL_ON_WARNING; ///< the least fault that is not tolerated
+    VipsFailOn failOn = VIPS_FAIL_ON_WARNING; ///< the mildest fault that is not tolerated
     QStringList notes;
     vips::VImage headerImage;
 };

@@ -39,7 +39,7 @@ QByteArray arrayOf(const Exiv2::DataBuf& buffer)
     return QByteArray(reinterpret_cast<const char*>(buffer.pData_), static_cast<int>(buffer.size_));
 }
 
-// Exiv2's parser of XMP is one for all threads.
+// Exiv2's XMP parser has global state and takes a lock from its caller.
 void lockXmp(void* mutex, bool isLocked)
 {
     if (isLocked)
@@ -55,9 +55,9 @@ void startExiv2()
     Exiv2::XmpParser::initialize(lockXmp, &mutex);
 }
 
-// What \a work returns; nothing when Exiv2 cannot do it, which tells nobody. It throws exceptions of its own and those
-// of the standard library.
-template <typename Work> auto orNothing(const Work& work) -> decltype(work())
+// Returns what \a work returns, or an empty value when Exiv2 throws; such failures are not reported. Exiv2 throws its
+// own exceptions and those of the standard library.
+template <typename Work> auto orEmpty(const Work& work) -> decltype(work())
 try {
     static std::once_flag started;
     std::call_once(started, startExiv2);
@@ -72,10 +72,10 @@ Exiv2::ExifData decodedExif(const QByteArray& exif)
 {
     if (exif.isEmpty())
         return {};
-    // That of a PNG lacks the beginning.
+    // EXIF from a PNG lacks the prefix.
     const bool hasBegin = exif.startsWith(QByteArray(exifBegin.data(), exifBeginBytes));
     const QByteArray plain = hasBegin ? exif.mid(exifBeginBytes) : exif;
-    return orNothing([&] {
+    return orEmpty([&] {
         Exiv2::ExifData data;
         Exiv2::ExifParser::decode(data, bytesOf(plain), countOf(plain));
         return data;
@@ -91,7 +91,7 @@ QByteArray encodedExif(const Exiv2::ExifData& data)
     return QByteArray(exifBegin.data(), exifBeginBytes) + arrayOf(blob);
 }
 
-// Upright, without a thumbnail, with the size and the resolution of what is written.
+// The EXIF of a crop: upright, without a thumbnail, with the size and the resolution of the written picture.
 Exiv2::ExifData exifOfCrop(const EmbeddedMetadata& metadata)
 {
     Exiv2::ExifData data = decodedExif(metadata.exif);
@@ -114,18 +114,18 @@ Exiv2::ExifData exifOfCrop(const EmbeddedMetadata& metadata)
     return data;
 }
 
-// Nothing of what Exiv2 cannot read, or what one segment cannot hold.
+// \a xmp, or an empty text when Exiv2 cannot read it or it does not fit into one JPEG segment.
 std::string xmpForJpeg(const QByteArray& xmp)
 {
     constexpr int mostBytes = 65'000;
-    const bool isReadable = orNothing([&] {
+    const bool isReadable = orEmpty([&] {
         Exiv2::XmpData data;
         return Exiv2::XmpParser::decode(data, xmp.toStdString()) == 0;
     });
     return isReadable && xmp.size() <= mostBytes ? xmp.toStdString() : std::string();
 }
 
-// \param jpeg begins with the segment of JFIF.
+// Sets the resolution in the JFIF segment that \a jpeg begins with.
 QByteArray jfifWithResolution(const QByteArray& jpeg, const Resolution& resolution)
 {
     constexpr int unitPosition = 13;
@@ -138,7 +138,7 @@ QByteArray jfifWithResolution(const QByteArray& jpeg, const Resolution& resoluti
     return QByteArray(jpeg).replace(unitPosition, density.size(), density);
 }
 
-// Only those entries that \a isKept says.
+// The entries for which \a isKept returns true.
 template <typename Data, typename Predicate>
 Data filtered(const Data& data, const Predicate& isKept)
 {
@@ -150,10 +150,10 @@ Data filtered(const Data& data, const Predicate& isKept)
     return kept;
 }
 
-// Of the picture, or of how its pixels are stored.
+// Whether an entry describes the picture; the others describe how its pixels are stored.
 bool isOfPicture(const Exiv2::Exifdatum& entry)
 {
-    static const std::array<std::string, 11> ofPicture { "ImageDescription", "Make", "Model",
+    static const std::array<std::string, 11> pictureTags { "ImageDescription", "Make", "Model",
         "Software", "DateTime", "Artist", "HostComputer", "Copyright", "Rating", "XPKeywords",
         "XPComment" };
     const std::string group = entry.groupName();
@@ -161,7 +161,8 @@ bool isOfPicture(const Exiv2::Exifdatum& entry)
         return entry.tagName() != "PixelXDimension" && entry.tagName() != "PixelYDimension";
     return group == "GPSInfo"
         || (group == "Image"
-            && std::find(ofPicture.begin(), ofPicture.end(), entry.tagName()) != ofPicture.end());
+            && std::find(pictureTags.begin(), pictureTags.end(), entry.tagName())
+                != pictureTags.end());
 }
 
 template <typename Predicate> QByteArray filteredXmp(const QByteArray& xmp, const Predicate& isKept)
@@ -188,7 +189,7 @@ Exiv2::IptcData decodedIptc(const QByteArray& iptc)
                     static_cast<int>(dataBytes))
                             : QByteArray();
     }
-    return orNothing([&] {
+    return orEmpty([&] {
         Exiv2::IptcData data;
         Exiv2::IptcParser::decode(data, bytesOf(plain), countOf(plain));
         return data;
@@ -200,7 +201,7 @@ QByteArray encodedIptc(const Exiv2::IptcData& data)
     return data.empty() ? QByteArray() : arrayOf(Exiv2::IptcParser::encode(data));
 }
 
-// \param file outlives the result.
+// \pre \a file outlives the result.
 auto openedFile(const QByteArray& file)
 {
     auto image = Exiv2::ImageFactory::open(bytesOf(file), file.size());
@@ -208,7 +209,7 @@ auto openedFile(const QByteArray& file)
     return image;
 }
 
-// The file with the metadata that the image has now.
+// The file with the current metadata of \a image.
 QByteArray writtenFile(Exiv2::Image& image)
 {
     image.writeMetadata();
@@ -218,7 +219,7 @@ QByteArray writtenFile(Exiv2::Image& image)
 
 constexpr quint32 boxHeaderBytes = 8;
 
-// A box of the container that JPEG XL shares with other formats.
+// A box of the ISO base media container, which JPEG XL uses.
 QByteArray box(const char* kind, const QByteArray& content)
 {
     QByteArray bytes;
@@ -233,7 +234,7 @@ EmbeddedMetadata unreadInTiff(QIODevice& tiff)
 {
     const QByteArray bytes = contentOf(tiff);
     EmbeddedMetadata metadata;
-    metadata.exif = orNothing([&] {
+    metadata.exif = orEmpty([&] {
         const auto image = openedFile(bytes);
         metadata.iptc = encodedIptc(image->iptcData());
         return encodedExif(filtered(image->exifData(), isOfPicture));
@@ -243,8 +244,8 @@ EmbeddedMetadata unreadInTiff(QIODevice& tiff)
 
 EmbeddedMetadata unreadInJxl(QIODevice& jxl)
 {
-    constexpr qint64 mostBytes = (qint64 { 8 } << 20U) + 1; // more than that is refused anyway
-    constexpr int offsetBytes = 4; // before the EXIF
+    constexpr qint64 mostBytes = (qint64 { 8 } << 20U) + 1; // more is refused later
+    constexpr int offsetBytes = 4; // of the EXIF within its box; precedes it
     EmbeddedMetadata metadata;
     jxl.seek(0);
     QDataStream stream(&jxl);
@@ -254,7 +255,7 @@ EmbeddedMetadata unreadInJxl(QIODevice& jxl)
         QByteArray kind(4, '\0');
         stream >> length;
         stream.readRawData(kind.data(), kind.size());
-        // A last box, and one of more than four gigabytes, say so by a length that is none.
+        // A length below 8 marks a box that extends to the end, or one of more than four gigabytes.
         if (stream.status() != QDataStream::Ok || length < boxHeaderBytes)
             return metadata;
         const qint64 contentBytes = std::min<qint64>(length - boxHeaderBytes, mostBytes);
@@ -270,7 +271,7 @@ EmbeddedMetadata unreadInJxl(QIODevice& jxl)
 
 QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& metadata)
 {
-    const QByteArray whole = orNothing([&] {
+    const QByteArray whole = orEmpty([&] {
         const auto image = openedFile(tiff);
         Exiv2::ExifData& all = image->exifData();
         for (const Exiv2::Exifdatum& entry : filtered(decodedExif(metadata.exif), isOfPicture)) {
@@ -304,18 +305,18 @@ QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& meta
         }
         return writtenFile(*image);
     };
-    QByteArray whole = orNothing([&] { return written(true); });
-    if (whole.isEmpty()) // its colours matter more than what cannot be written
-        whole = orNothing([&] { return written(false); });
+    QByteArray whole = orEmpty([&] { return written(true); });
+    if (whole.isEmpty()) // keep at least the colour profile
+        whole = orEmpty([&] { return written(false); });
     return whole.isEmpty() ? plain : whole;
 }
 
 QByteArray jxlWithMetadata(const QByteArray& jxl, const EmbeddedMetadata& metadata)
 {
-    const QByteArray exif = orNothing([&] { return encodedExif(exifOfCrop(metadata)); });
+    const QByteArray exif = orEmpty([&] { return encodedExif(exifOfCrop(metadata)); });
     if (exif.isEmpty() && metadata.xmp.isEmpty())
         return jxl;
-    const QByteArray offset(4, '\0'); // from which the EXIF begins
+    const QByteArray offset(4, '\0'); // the EXIF follows immediately
     const QByteArray begin
         = box("JXL ", "\r\n\x87\n") + box("ftyp", QByteArray("jxl \0\0\0\0jxl ", 12));
     QByteArray boxes;
@@ -323,7 +324,7 @@ QByteArray jxlWithMetadata(const QByteArray& jxl, const EmbeddedMetadata& metada
         boxes += box("Exif", offset + exif.mid(exifBeginBytes));
     if (!metadata.xmp.isEmpty())
         boxes += box("xml ", metadata.xmp);
-    // Deep and transparent pictures come in a container.
+    // The encoder writes deep and transparent pictures as a container.
     return jxl.startsWith(begin) ? QByteArray(jxl).insert(begin.size(), boxes)
                                  : begin + boxes + box("jxlc", jxl);
 }
@@ -332,7 +333,7 @@ QByteArray xmpOfCrop(const QByteArray& xmp)
 {
     if (!xmp.contains("Orientation") && !xmp.contains("Thumbnails"))
         return xmp;
-    return orNothing([&] {
+    return orEmpty([&] {
         return filteredXmp(xmp, [](const Exiv2::Xmpdatum& entry) {
             return entry.tagName() != "Orientation" && entry.tagName().rfind("Thumbnails", 0) != 0;
         });
@@ -341,7 +342,7 @@ QByteArray xmpOfCrop(const QByteArray& xmp)
 
 QByteArray copyrightInExif(const QByteArray& exif)
 {
-    return orNothing([&] {
+    return orEmpty([&] {
         return encodedExif(filtered(decodedExif(exif), [](const Exiv2::Exifdatum& entry) {
             return entry.key() == "Exif.Image.Copyright" || entry.key() == "Exif.Image.Artist";
         }));
@@ -350,7 +351,7 @@ QByteArray copyrightInExif(const QByteArray& exif)
 
 QByteArray copyrightInXmp(const QByteArray& xmp)
 {
-    return orNothing([&] {
+    return orEmpty([&] {
         return filteredXmp(xmp, [](const Exiv2::Xmpdatum& entry) {
             const std::string group = entry.groupName();
             const std::string tag = entry.tagName();
@@ -363,7 +364,7 @@ QByteArray copyrightInXmp(const QByteArray& xmp)
 
 QByteArray copyrightInIptc(const QByteArray& iptc)
 {
-    return orNothing([&] {
+    return orEmpty([&] {
         return encodedIptc(filtered(decodedIptc(iptc), [](const Exiv2::Iptcdatum& entry) {
             return entry.tagName() == "Copyright" || entry.tagName() == "Byline"
                 || entry.tagName() == "Credit";

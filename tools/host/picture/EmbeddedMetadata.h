@@ -5,12 +5,12 @@
 #include <QSize>
 
 /// \file
-/// EXIF, XMP and IPTC as libvips hands them over: EXIF with or without its beginning "Exif", IPTC as in a JPEG, with
-/// "Photoshop 3.0", or a plain one. What cannot be understood gives nothing.
+/// EXIF, XMP and IPTC as libvips provides them: EXIF with or without its prefix "Exif", IPTC bare or within the
+/// "Photoshop 3.0" block of a JPEG. Metadata that cannot be parsed is dropped.
 
 namespace host {
 
-/// In pixels per inch; 0 when there is none.
+/// A resolution in pixels per inch; 0 when it is unknown.
 struct Resolution {
     int x = 0;
     int y = 0;
@@ -21,30 +21,30 @@ struct EmbeddedMetadata {
     QByteArray exif;
     QByteArray xmp;
     QByteArray iptc;
-    QByteArray profile = {}; ///< of its colours
+    QByteArray profile = {}; ///< the ICC profile
     Resolution resolution = {};
     QSize size = {}; ///< in pixels
 };
 
-/// EXIF and IPTC of a TIFF, of which libvips reads none or only a part.
+/// EXIF and IPTC of a TIFF, which libvips reads only in part or not at all.
 EmbeddedMetadata unreadInTiff(QIODevice& tiff);
 
 /// EXIF and XMP of a JPEG XL, which libvips does not read.
 EmbeddedMetadata unreadInJxl(QIODevice& jxl);
 
-/// \a tiff with EXIF and IPTC, which libvips does not write or only in part.
+/// \a tiff with EXIF and IPTC, which libvips writes only in part or not at all.
 QByteArray tiffWithMetadata(const QByteArray& tiff, const EmbeddedMetadata& metadata);
 
-/// \a jpeg, a file without metadata, with metadata.
+/// \a jpeg, which has no metadata, with \a metadata.
 QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& metadata);
 
 /// \a jxl, a bare codestream or a container, with EXIF and XMP, which libvips does not write.
 QByteArray jxlWithMetadata(const QByteArray& jxl, const EmbeddedMetadata& metadata);
 
-/// \a xmp without what is not true of a crop: its orientation and its thumbnails.
+/// \a xmp without the orientation and the thumbnails, which do not apply to a crop.
 QByteArray xmpOfCrop(const QByteArray& xmp);
 
-/// What they say of who made a picture and whose it is.
+/// The entries that name a picture's author and copyright.
 QByteArray copyrightInExif(const QByteArray& exif);
 QByteArray copyrightInXmp(const QByteArray& xmp);
 QByteArray copyrightInIptc(const QByteArray& iptc);

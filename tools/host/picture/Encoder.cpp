@@ -20,8 +20,8 @@ using vips::VOption;
 
 namespace {
 
-// Whether the colours of the file that a picture has been read from had half the resolution of its brightness.
-bool wasOfHalfChroma(const VImage& picture)
+// Whether the file that a picture was read from has chroma at half resolution.
+bool sourceHasHalfChroma(const VImage& picture)
 {
     if (picture.get_typeof(VIPS_META_LOADER) == 0)
         return false;
@@ -34,7 +34,7 @@ bool wasOfHalfChroma(const VImage& picture)
 
 bool hasHalfChroma(const VImage& picture, const WritingRules& rules)
 {
-    return rules.chroma == Chroma::OfSource ? wasOfHalfChroma(picture)
+    return rules.chroma == Chroma::OfSource ? sourceHasHalfChroma(picture)
                                             : rules.chroma == Chroma::Half;
 }
 
@@ -56,14 +56,14 @@ VOption* optionsFor(const VImage& picture, const Format& format, const WritingRu
     if (format.abilities.testFlag(Ability::Progression))
         options->set("interlace", rules.isProgressive);
     if (isJpeg(format))
-        options->set("strip", true); // its metadata is added to the file
+        options->set("strip", true); // withMissingMetadata() adds the metadata
     return options;
 }
 
 QByteArray encodedByVips(
     const VImage& image, const Format& format, const WritingRules& rules, const Deadline& deadline)
 {
-    endLate(image, deadline);
+    setDeadline(image, deadline);
     void* bytes = nullptr;
     std::size_t count = 0;
     vips_error_clear();
@@ -74,7 +74,7 @@ QByteArray encodedByVips(
     return QByteArray(static_cast<const char*>(bytes), static_cast<int>(count));
 }
 
-// JPEG knows no more than 8 bits.
+// \a image with 8 bits per channel, the most that JPEG has.
 VImage withEightBits(const VImage& image)
 {
     if (image.format() == VIPS_FORMAT_UCHAR)
@@ -83,14 +83,14 @@ VImage withEightBits(const VImage& image)
         image.bands() < 3 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB);
 }
 
-// It wants all pixels at once, of which libvips needs a few rows only.
-bool isForTurboJpeg(const VImage& image)
+// Whether \a image may be encoded by TurboJPEG, which needs all pixels in memory; libvips needs only a few rows.
+bool fitsTurboJpeg(const VImage& image)
 {
     constexpr std::size_t mostBytes = std::size_t { 12 } << 20U;
-    return isForQt(image) && bytesOf(image) <= mostBytes;
+    return hasQtFormat(image) && bytesOf(image) <= mostBytes;
 }
 
-// The first frame where a format holds no others.
+// \a picture, or its first frame when the format does not support animations.
 VImage withFramesFor(const VImage& picture, const Format& format)
 {
     const bool isAnimation = vips_image_get_n_pages(picture.get_image()) > 1
@@ -127,17 +127,17 @@ try {
         return encodedBitmap(toQImage(inSrgb(colours)));
     const VImage image = withMetadata(colours, rules.metadata);
     const VImage shallow = isJpeg(format) ? withEightBits(image) : image;
-    const QByteArray file = isJpeg(format) && isForTurboJpeg(shallow)
+    const QByteArray file = isJpeg(format) && fitsTurboJpeg(shallow)
         ? encodedJpeg(toQImage(shallow),
             { qualityOf(format, rules), hasHalfChroma(image, rules), rules.isProgressive })
         : encodedByVips(shallow, format, rules, deadline);
     return withMissingMetadata(file, image, format);
 } catch (const vips::VError& error) {
-    refuseLackOfMeans(error);
+    throwIfOutOfResources(error);
     throw;
 }
 
-bool isForWantOfEncoder(const vips::VError& error)
+bool isMissingEncoder(const vips::VError& error)
 {
     const std::string text = error.what();
     return text.find("Unsupported") != std::string::npos

@@ -10,14 +10,14 @@
 
 namespace host {
 
-/// \a picture as a file of \a format. A format that knows no transparency gets the background in its place, one
-/// that knows no inks gets their colours in sRGB.
-/// \throws vips::VError when the format cannot hold it, or \a deadline passes.
+/// Encodes \a picture as a file of \a format. Transparent pixels are flattened onto the background when the format has
+/// no opacity; CMYK is converted to sRGB when the format has no CMYK.
+/// \throws vips::VError when the format cannot hold the picture, or \a deadline passes.
 /// \throws std::bad_alloc
 QByteArray encoded(const vips::VImage& picture, const Format& format, const WritingRules& rules,
     const Deadline& deadline);
 
-/// Whether \a error says that there is no encoder for a format.
-bool isForWantOfEncoder(const vips::VError& error);
+/// Whether \a error means that the system has no encoder for a format.
+bool isMissingEncoder(const vips::VError& error);
 
 } // namespace host

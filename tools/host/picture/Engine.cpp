@@ -14,8 +14,8 @@ namespace host {
 
 namespace {
 
-// What libvips and the decoders warn of, their errors tell, or nobody needs to know. GLib ends the program when
-// it finds no memory for something small, and says so here.
+// Discards warnings: errors of libvips say what matters. GLib ends the program when even a small allocation fails, and
+// logs that here first.
 void handleMessage(
     const char* /*domain*/, GLogLevelFlags level, const char* /*message*/, void* /*data*/)
 {
@@ -49,11 +49,11 @@ void startEngine()
     vips_error_clear();
 }
 
-void refuseLackOfMeans(const vips::VError& error)
+void throwIfOutOfResources(const vips::VError& error)
 {
     constexpr std::size_t fewBytes = std::size_t { 64 } << 20U;
     const std::string text = error.what();
-    // Decoders have words of their own for it, which are not asked for: hardly any is left then.
+    // Decoders report lack of memory in many different words; a failing allocation tells it reliably.
     if (text.find("vips_tracked:") != std::string::npos || !isMemoryLeft(fewBytes))
         throw std::bad_alloc();
     if (text.find("glib:") != std::string::npos)

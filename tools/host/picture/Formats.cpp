@@ -4,7 +4,8 @@
 
 namespace host {
 
-// Efforts are those beyond which files hardly get smaller; qualities are well above the codecs' own, so that a crop does not look worse than its source.
+// Efforts are those beyond which files hardly get smaller. Qualities are well above the defaults of the codecs, so that
+// a crop does not look worse than its source.
 const QVector<Format>& formats()
 {
     const auto list
@@ -27,7 +28,7 @@ const QVector<Format>& formats()
             transparent | Ability::WholeDecoding },
         { "gif", list("gif"), "VipsForeignLoadNsgif", 1, ".gif", 0,
             Ability::Opacity | Ability::Frames | Ability::Progression | Ability::WholeDecoding },
-        // Which would have the time in it otherwise.
+        // "strip" omits a comment with the time of writing.
         { "ppm", list("ppm pnm"), "VipsForeignLoadPpm", 1, ".ppm[strip]" },
         { "pgm", list("pgm"), "VipsForeignLoadPpm", 1, ".pgm[strip]" },
         { "pbm", list("pbm"), "VipsForeignLoadPpm", 1, "" },

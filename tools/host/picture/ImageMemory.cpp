@@ -6,7 +6,7 @@ namespace host {
 
 bool isMemoryLeft(std::size_t bytes)
 {
-    // NOLINTBEGIN(cppcoreguidelines-no-malloc): volatile, because compilers leave out what nobody uses
+    // NOLINTBEGIN(cppcoreguidelines-no-malloc): volatile, or the compiler removes the unused allocation
     void* volatile const block = std::malloc(bytes);
     const bool isLeft = block != nullptr;
     std::free(block);

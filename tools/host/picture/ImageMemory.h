@@ -7,16 +7,16 @@
 
 namespace host {
 
-/// \a image, which Qt has scaled, turned or converted. Where Qt finds no memory for it, it is null.
-/// \throws std::bad_alloc when it is
-inline QImage held(QImage image)
+/// Returns \a image, the result of an operation of Qt, which is null when Qt ran out of memory.
+/// \throws std::bad_alloc when the image is null.
+inline QImage notNull(QImage image)
 {
     if (image.isNull())
         throw std::bad_alloc();
     return image;
 }
 
-/// Whether so much memory can be had at once.
+/// Whether a block of \a bytes can be allocated.
 bool isMemoryLeft(std::size_t bytes);
 
 } // namespace host

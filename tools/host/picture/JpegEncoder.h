@@ -12,9 +12,9 @@ struct JpegSettings {
     bool isProgressive;
 };
 
-/// \a image, grey or of three channels of 8 bits, as a JPEG without metadata. libvips encodes in threads of its own,
-/// for which workers on all cores wait; this takes the caller's.
-/// \throws vips::VError when it is too large for a JPEG.
+/// Encodes \a image, with one or three channels of 8 bits, as a JPEG without metadata. This runs in the caller's
+/// thread: libvips would start threads of its own, which compete with the workers that keep all cores busy.
+/// \throws vips::VError when the image is too large for a JPEG.
 QByteArray encodedJpeg(const QImage& image, const JpegSettings& settings);
 
 } // namespace host

@@ -44,12 +44,12 @@ void refuseManyTexts(const QString& path, QIODevice& png)
         quint32 length = 0;
         QByteArray kind(4, '\0');
         stream >> length;
-        // Those behind the pixels are not read.
+        // Texts after the pixels are not read.
         if (stream.readRawData(kind.data(), kind.size()) != kind.size() || kind == "IDAT")
             return;
         if (kind == "zTXt" || kind == "iTXt")
             ++texts;
-        if (texts > mostTexts || length > mostMetadataBytes) // which libpng would take at once
+        if (texts > mostTexts || length > mostMetadataBytes) // libpng allocates the claimed length
             throwTooMuch(path);
         constexpr int checksumBytes = 4;
         if (!png.seek(png.pos() + length + checksumBytes))
@@ -67,7 +67,7 @@ void refuseMuchMetadata(const QString& path, const vips::VImage& header)
 
 void refuseManyScans(const QString& path, QIODevice& jpeg)
 {
-    // Compressed data never has the first two of these bytes; a thumbnail may, and rarely what follows the picture.
+    // Compressed data never contains the first two of these bytes. A thumbnail may add a few matches.
     constexpr int mostScans = 100;
     if (contentOf(jpeg).count(QByteArray("\xff\xda\0", 3)) > mostScans)
         throw HostError(ExitCode::UnreadableInput, path,

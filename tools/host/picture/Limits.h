@@ -6,13 +6,13 @@
 #include <QString>
 
 /// \file
-/// What a picture may have at most beside its pixels.
+/// Limits on what a picture file contains besides its pixels.
 
 namespace host {
 
-/// Refuses a PNG with more than 20 compressed texts, each of which may take 8 megabytes while it is read, and one
-/// that claims more than 8 megabytes of anything before its pixels.
-/// \param path what the file is called in the error.
+/// Refuses a PNG with more than 20 compressed texts, each of which may expand to 8 megabytes, and one with a chunk of
+/// more than 8 megabytes before its pixels.
+/// \param path the file's name in the error.
 /// \throws HostError
 void refuseManyTexts(const QString& path, QIODevice& png);
 
@@ -20,7 +20,7 @@ void refuseManyTexts(const QString& path, QIODevice& png);
 /// \throws HostError
 void refuseMuchMetadata(const QString& path, const vips::VImage& header);
 
-/// Refuses a progressive JPEG with more than 100 scans, each of which takes as long as a whole picture.
+/// Refuses a progressive JPEG with more than 100 scans, each of which takes as long to decode as a whole picture.
 /// \throws HostError
 void refuseManyScans(const QString& path, QIODevice& jpeg);
 

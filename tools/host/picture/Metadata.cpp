@@ -20,7 +20,7 @@ QByteArray blobOf(const vips::VImage& image, const char* name)
     return QByteArray(static_cast<const char*>(blob), static_cast<int>(bytes));
 }
 
-// No bytes take it away.
+// Sets a metadata field, or removes it when \a blob is empty.
 void setBlob(vips::VImage& image, const char* name, const QByteArray& blob)
 {
     if (blob.isEmpty())
@@ -40,28 +40,28 @@ std::vector<std::string> fieldsOf(const vips::VImage& image)
     return fields;
 }
 
-bool begins(const std::string& text, const char* with) { return text.rfind(with, 0) == 0; }
+bool startsWith(const std::string& text, const char* with) { return text.rfind(with, 0) == 0; }
 
-// What is said of a picture, not how it is to be shown.
-bool isSaying(const std::string& field)
+// Whether a metadata field describes the picture, as opposed to how it is displayed.
+bool isDescriptive(const std::string& field)
 {
     static const std::array<const char*, 8> beginnings { "exif-", "xmp-", "iptc-", "photoshop-",
         "png-comment-", "jpeg-comment", "gif-comment", "image-description" };
     return std::any_of(beginnings.begin(), beginnings.end(),
-        [&](const char* beginning) { return begins(field, beginning); });
+        [&](const char* beginning) { return startsWith(field, beginning); });
 }
 
-// Of PNG, whose texts have keywords.
+// Whether a field is a PNG text whose keyword names the author or the copyright.
 bool isCopyrightText(const std::string& field)
 {
-    const auto ends = [&](const std::string& end) {
+    const auto endsWith = [&](const std::string& end) {
         return field.size() > end.size()
             && field.compare(field.size() - end.size(), end.size(), end) == 0;
     };
-    return begins(field, "png-comment-") && (ends("-Copyright") || ends("-Author"));
+    return startsWith(field, "png-comment-") && (endsWith("-Copyright") || endsWith("-Author"));
 }
 
-// libvips takes a pixel per millimetre for none.
+// libvips reports one pixel per millimetre when a file has no resolution.
 Resolution resolutionOf(const vips::VImage& image)
 {
     if (image.xres() == 1 && image.yres() == 1)
@@ -87,8 +87,8 @@ void keepCopyright(vips::VImage& image)
     const QByteArray exif = copyrightInExif(blobOf(image, VIPS_META_EXIF_NAME));
     const QByteArray xmp = copyrightInXmp(blobOf(image, VIPS_META_XMP_NAME));
     const QByteArray iptc = copyrightInIptc(blobOf(image, VIPS_META_IPTC_NAME));
-    removeFields(
-        image, [](const std::string& field) { return isSaying(field) && !isCopyrightText(field); });
+    removeFields(image,
+        [](const std::string& field) { return isDescriptive(field) && !isCopyrightText(field); });
     setBlob(image, VIPS_META_EXIF_NAME, exif);
     setBlob(image, VIPS_META_XMP_NAME, xmp);
     setBlob(image, VIPS_META_IPTC_NAME, iptc);
@@ -114,7 +114,7 @@ vips::VImage withMetadata(const vips::VImage& image, KeptMetadata kept)
 {
     vips::VImage result = image.copy();
     if (kept == KeptMetadata::None)
-        removeFields(result, isSaying);
+        removeFields(result, isDescriptive);
     if (kept == KeptMetadata::Copyright)
         keepCopyright(result);
     result.remove("jpeg-thumbnail-data");

@@ -9,19 +9,19 @@
 #include <QByteArray>
 
 /// \file
-/// What is kept of a picture's metadata.
+/// The metadata that a crop keeps of its picture.
 
 namespace host {
 
-/// \a image with metadata that libvips has not read; what there is none of stays.
+/// \a image with the metadata that libvips has not read. Kinds that are empty in \a unread stay as they are.
 vips::VImage withUnread(const vips::VImage& image, const EmbeddedMetadata& unread);
 
-/// \a image with so much of its metadata as \a kept says, and without thumbnails. Its profile, its resolution and
-/// how long its frames last stay.
+/// \a image with the metadata that \a kept selects, and without thumbnails. The profile, the resolution and the delays
+/// of frames always stay.
 vips::VImage withMetadata(const vips::VImage& image, KeptMetadata kept);
 
-/// \a file, which has been made of \a image, with the metadata that it lacks because libvips cannot write it, and all
-/// that a JPEG can have.
+/// \a file, encoded from \a image, with the metadata that the encoder did not write: for a JPEG all of it, for a TIFF
+/// or a JPEG XL what libvips cannot write.
 QByteArray withMissingMetadata(
     const QByteArray& file, const vips::VImage& image, const Format& format);
 

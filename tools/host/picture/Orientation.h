@@ -7,25 +7,25 @@
 
 namespace host {
 
-/// How a picture as it is stored becomes the one that is seen.
+/// The transformation of a stored picture into the picture as it is seen: the EXIF orientation.
 class Orientation {
 public:
-    /// \param exif as EXIF says it, 1 to 8.
+    /// \param exif the value in EXIF, 1 to 8.
     explicit Orientation(int exif);
 
-    /// A size in the stored picture as one in the picture that is seen, or the other way round.
+    /// Converts a size in the stored picture to one in the picture as seen, or the reverse.
     QSize inOtherFrame(const QSize& size) const;
 
-    /// A rectangle of the picture as it is seen, in pixels of the one of size \a stored.
+    /// Converts a rectangle in the picture as seen to one in the stored picture, which has the size \a stored.
     QRect toStored(const QRect& oriented, const QSize& stored) const;
 
-    /// \a image as it is seen, and without an orientation then. It is computed when it is asked for.
+    /// \a image as it is seen, without an orientation in its metadata; computed lazily.
     vips::VImage applied(const vips::VImage& image) const;
 
 private:
-    bool isMirrored; ///< left becomes right, first
-    bool isFlipped; ///< top becomes bottom
-    bool isTurned; ///< a quarter to the right, at last
+    bool isMirrored; ///< step 1: left and right are exchanged
+    bool isFlipped; ///< step 2: top and bottom are exchanged
+    bool isTurned; ///< step 3: a quarter turn to the right
 };
 
 } // namespace host

@@ -20,8 +20,8 @@ using vips::VImage;
 
 namespace {
 
-// The pixels that stand for a part of the stored picture, each for a square of shrink by shrink pixels; at
-// least one.
+// The part of a reduced picture that shows \a storedRect. One of its pixels stands for \a shrink by \a shrink stored
+// pixels; the part is at least one pixel wide and high.
 QRect partOf(const QRect& storedRect, int shrink, const QSize& pixels)
 {
     const auto along = [shrink](int first, int length, int count) {
@@ -35,8 +35,8 @@ QRect partOf(const QRect& storedRect, int shrink, const QSize& pixels)
     return { left, top, width, height };
 }
 
-// Frames as libvips has them.
-VImage belowEachOther(const std::vector<VImage>& frames)
+// Joins frames into the vertical strip that libvips uses for animations.
+VImage stacked(const std::vector<VImage>& frames)
 {
     VImage strip = VImage::arrayjoin(frames, VImage::option()->set("across", 1)).copy();
     strip.set(VIPS_META_PAGE_HEIGHT, frames.front().height());
@@ -61,23 +61,24 @@ PictureFile::PictureFile(const QString& path, const ReadingRules& rules)
 QImage PictureFile::readWorkingImage(int frame)
 try {
     const VImage pixels = seen.applied(pixelsForAnalysis(frame));
-    const bool isReducedFirst = isForQt(pixels) && (pixels.bands() > 1 || !hasOtherColours(pixels));
+    const bool isReducedFirst
+        = hasQtFormat(pixels) && (pixels.bands() > 1 || !hasOtherColours(pixels));
     if (!isReducedFirst)
         return VXCrop::workingImage(toQImage(inSrgb(pixels)));
-    // Far fewer pixels are left then whose colours are to be converted.
+    // Reducing first leaves far fewer pixels for the colour conversion.
     QImage working = VXCrop::workingImage(toQImage(pixels));
     if (!hasOtherColours(pixels))
         return working;
     return VXCrop::workingImage(toQImage(inSrgb(withProfileOf(pixels, toVipsImage(working)))));
 } catch (const vips::VError& error) {
-    throwConverted(error);
+    throwNotConverted(error);
 }
 
 QImage PictureFile::readAll()
 try {
     return toQImage(seen.applied(inSrgb(decoded(1, areaOfFrame(0)).pixels)));
 } catch (const vips::VError& error) {
-    throwConverted(error);
+    throwNotConverted(error);
 }
 
 QVector<VImage> PictureFile::readCuts(const QVector<Cut>& cuts)
@@ -89,7 +90,7 @@ try {
         area |= window;
         shrink = std::min(shrink, shrinkFor(window.size(), seen.inOtherFrame(cut.size)));
     }
-    if (frameCount() > 1) { // which a reduced strip of all would mix where they meet
+    if (frameCount() > 1) { // reducing the strip would mix neighbouring frames at their edges
         area = QRect(QPoint(), boundsOf(decoder.header()).size());
         shrink = 1;
     }
@@ -100,11 +101,11 @@ try {
         frames.reserve(static_cast<std::size_t>(frameCount()));
         for (int frame = 0; frame < frameCount(); ++frame)
             frames.push_back(cutOut(source, cut, frame));
-        pictures.append(frames.size() == 1 ? frames.front() : belowEachOther(frames));
+        pictures.append(frames.size() == 1 ? frames.front() : stacked(frames));
     }
     return pictures;
 } catch (const vips::VError& error) {
-    throwConverted(error);
+    throwNotConverted(error);
 }
 
 VImage PictureFile::cutOut(const Decoded& source, const Cut& cut, int frame) const
@@ -123,7 +124,7 @@ QRect PictureFile::areaOfFrame(int frame) const
     return { QPoint(0, frame * stored.height()), stored };
 }
 
-// By which factor a part may be reduced while it is decoded, and be as large as it is wanted.
+// The largest factor by which a part may be reduced while decoding without becoming smaller than \a wanted.
 int PictureFile::shrinkFor(const QSize& storedPart, const QSize& wanted) const
 {
     const int most = std::max(
@@ -136,8 +137,8 @@ int PictureFile::shrinkFor(const QSize& storedPart, const QSize& wanted) const
     return shrink;
 }
 
-// Whether all pixels are decoded at once, and what is wanted is made of them: not when they are too many, nor
-// when the decoder can make them fewer.
+// Whether the whole picture is decoded once, and all results are made from its pixels: unless it is too large, or the
+// decoder can reduce it.
 bool PictureFile::isHeldWhole() const
 {
     constexpr std::size_t mostBytes = std::size_t { 256 } << 20U;
@@ -155,7 +156,7 @@ const PictureFile::Decoded& PictureFile::decoded(int shrink, const QRect& area)
     return *held;
 }
 
-// As they are stored, at least as many as are analysed.
+// Pixels of a frame for its working image, in the stored orientation; reduced, but not below the working size.
 VImage PictureFile::pixelsForAnalysis(int frame)
 {
     const QRect all = areaOfFrame(frame);
@@ -166,7 +167,7 @@ VImage PictureFile::pixelsForAnalysis(int frame)
     const int shrink = shrinkFor(stored, seen.inOtherFrame(VXCrop::workingSize(orientedSize())));
     if (isHeldWhole()) {
         const VImage pixels = decoded(1, all).pixels;
-        const bool isReducedByVXCrop = shrink == 1 || isForQt(pixels);
+        const bool isReducedByVXCrop = shrink == 1 || hasQtFormat(pixels);
         return isReducedByVXCrop ? pixels : on(midGrey, pixels).shrink(shrink, shrink);
     }
     if (decoder.header().has_alpha())
@@ -174,9 +175,9 @@ VImage PictureFile::pixelsForAnalysis(int frame)
     return decoded(shrink, all).pixels;
 }
 
-void PictureFile::throwConverted(const vips::VError& error) const
+void PictureFile::throwNotConverted(const vips::VError& error) const
 {
-    refuseLackOfMeans(error);
+    throwIfOutOfResources(error);
     throw HostError(ExitCode::UnreadableInput, name,
         QStringLiteral("its pixels cannot be converted"),
         QStringLiteral("convert it to PNG or JPEG"));

@@ -18,39 +18,41 @@
 
 namespace host {
 
-/// A part of a picture, and how it is wanted.
+/// A part of a picture, and how it is to be scaled and padded.
 struct Cut {
-    QRect window; ///< in pixels of the picture as it is seen
-    QSize size; ///< that it is scaled to, in pixels
-    QSize canvas = {}; ///< that it is in the middle of, if any; not smaller
-    QColor background = {}; ///< of the canvas
+    QRect window; ///< in pixels of the picture as seen
+    QSize size; ///< the size to scale to, in pixels
+    QSize canvas = {}; ///< the size to pad to, in pixels, at least \a size; empty: no padding
+    QColor background = {}; ///< of the padding
 };
 
 /// A picture in a file.
 ///
-/// AVIF, BMP, GIF, HEIC, JPEG, JPEG XL, PBM, PGM, PNG, PPM, TIFF and WebP are read. The content decides the
-/// format, not the name; of several frames or pages the first is read, unless the rules ask for all frames of a
-/// GIF or a WebP; the EXIF orientation is applied.
-/// A picture is decoded once where that serves, and no larger than is needed where its format allows it.
+/// Reads AVIF, BMP, GIF, HEIC, JPEG, JPEG XL, PBM, PGM, PNG, PPM, TIFF and WebP. The content decides the format, not
+/// the name. Of several frames or pages the first is read, unless the rules ask for all frames of a GIF or a WebP. The
+/// EXIF orientation is applied.
+///
+/// A picture is decoded only once where its pixels can be reused, and reduced while decoding where its format allows
+/// it.
 class PictureFile {
 public:
     /// Opens the file and reads its header.
-    /// \throws HostError when the file is missing, is no picture, or breaks the rules.
+    /// \throws HostError when the file is missing, is not a picture, or exceeds a limit.
     PictureFile(const QString& path, const ReadingRules& rules);
 
     const QString& path() const { return name; }
 
-    /// The size of the picture as it is seen, and as it is stored, in pixels.
+    /// The size of the picture as it is seen, and as it is stored, in pixels; of one frame.
     QSize orientedSize() const { return seen.inOtherFrame(stored); }
     QSize storedSize() const { return stored; }
 
-    /// A rectangle of the picture as it is seen, in pixels of the picture as it is stored.
+    /// Converts a rectangle in the picture as seen to one in the stored picture.
     QRect toStored(const QRect& oriented) const { return seen.toStored(oriented, stored); }
 
     /// The name of the format, such as "jpeg".
     const QString& format() const { return decoder.format(); }
 
-    /// How many pixels it takes the memory of.
+    /// The memory that the picture needs, as a number of pixels of 8 bits per channel.
     qint64 countedPixels() const
     {
         return qint64 { stored.width() } * stored.height() * frameCount() * decoder.weight();
@@ -62,33 +64,33 @@ public:
     /// The EXIF orientation, 1 to 8.
     int orientation() const { return vips_image_get_orientation(decoder.header().get_image()); }
 
-    /// The picture as it is seen, in sRGB, as VXCrop::workingImage() makes it. It does not depend on what else
-    /// is read.
-    /// \param frame which of those that are read, from 0.
-    /// \throws HostError when the picture is damaged, or the time is up.
+    /// The picture as seen, in sRGB, reduced by VXCrop::workingImage(). The result does not depend on what was read
+    /// before.
+    /// \param frame the index of the frame, from 0.
+    /// \throws HostError when the picture is damaged, or the time limit has passed.
     /// \throws std::bad_alloc
     QImage readWorkingImage(int frame = 0);
 
-    /// The picture as it is seen, in sRGB, with 8 bits a channel.
+    /// The picture as seen, in sRGB, with 8 bits per channel.
     /// \throws as readWorkingImage() does.
     QImage readAll();
 
-    /// Parts of the picture as it is seen, with its colours, its depth, its profile, its metadata and its frames.
+    /// Parts of the picture as seen, with its colours, bit depth, profile, metadata and frames.
     /// \throws as readWorkingImage() does.
     QVector<vips::VImage> readCuts(const QVector<Cut>& cuts);
 
-    /// When its time is up.
+    /// The time limit of the picture, which runs since the file was opened.
     const Deadline& deadline() const { return decoder.deadline(); }
 
-    /// What the user should know: one line each, in a fixed order.
+    /// What the user should know about the picture: one line each, in a fixed order.
     QStringList warnings() const { return notes + decoder.warnings(); }
 
 private:
-    // A part of the stored picture, so many times smaller.
+    // A decoded part of the stored picture, reduced by a factor.
     struct Decoded {
         vips::VImage pixels;
-        QRect area;
-        QPoint origin; ///< where the first of the pixels begins
+        QRect area; ///< in stored pixels
+        QPoint origin; ///< the stored pixel at the upper left of \a pixels
         int shrink;
     };
 
@@ -98,7 +100,7 @@ private:
     vips::VImage pixelsForAnalysis(int frame);
     QRect areaOfFrame(int frame) const;
     vips::VImage cutOut(const Decoded& source, const Cut& cut, int frame) const;
-    [[noreturn]] void throwConverted(const vips::VError& error) const;
+    [[noreturn]] void throwNotConverted(const vips::VError& error) const;
 
     QString name;
     Decoder decoder;

@@ -20,7 +20,7 @@ namespace {
 
 [[noreturn]] void throwTooLarge(const QString& path, qint64 mostBytes)
 {
-    throw unreadableForNow(path, QStringLiteral("the file has more than %1 bytes").arg(mostBytes),
+    throw retryableReadError(path, QStringLiteral("the file has more than %1 bytes").arg(mostBytes),
         QStringLiteral("allow more with --max-bytes"));
 }
 
@@ -29,8 +29,8 @@ namespace {
     throw HostError(ExitCode::MissingInput, path, reason, QStringLiteral("check its permissions"));
 }
 
-// A pipe is read to its end, because a decoder may begin anew. It may have no writer, or one that
-// stopped: nobody waits for ever.
+// Reads a pipe to its end, because a decoder may seek. Gives up when nothing arrives for \a mostSeconds: a pipe may
+// have no writer, or one that has stopped.
 std::unique_ptr<QIODevice> contentOfPipe(
     const QString& path, int descriptor, int mostSeconds, qint64 mostBytes)
 {
@@ -42,7 +42,7 @@ std::unique_ptr<QIODevice> contentOfPipe(
     while (content->size() <= mostBytes) {
         pollfd waiting { descriptor, POLLIN, 0 };
         if (poll(&waiting, 1, mostSeconds * 1000) <= 0)
-            throw unreadableForNow(path,
+            throw retryableReadError(path,
                 QStringLiteral("nothing was written to the pipe for %1 seconds").arg(mostSeconds),
                 QStringLiteral("check the program that writes to it"));
         const QByteArray part = pipe.read(1 << 20);
@@ -52,7 +52,7 @@ std::unique_ptr<QIODevice> contentOfPipe(
     }
     if (content->size() > mostBytes)
         throwTooLarge(path, mostBytes);
-    // One that can be written to grows when a decoder seeks beyond its end.
+    // A writable buffer would grow when a decoder seeks past its end.
     content->close();
     content->open(QIODevice::ReadOnly);
     return content;
@@ -73,7 +73,7 @@ std::unique_ptr<QIODevice> contentOfStandardInput(qint64 mostBytes)
     if (isatty(STDIN_FILENO) == 1)
         throw HostError(ExitCode::MissingInput, name, QStringLiteral("is a terminal"),
             QStringLiteral("send a picture to it, such as by < picture.jpg"));
-    constexpr int patience = 60; // what is before it in a pipeline may have to begin
+    constexpr int patience = 60; // earlier programs of the pipeline may be slow to start
     return contentOfPipe(name, dup(STDIN_FILENO), patience, mostBytes);
 }
 

@@ -16,7 +16,7 @@ namespace {
 {
     if (deadline.hasPassed())
         throw tooSlow(path, deadline.mostSeconds());
-    if (isForWantOfEncoder(error))
+    if (isMissingEncoder(error))
         throw HostError(ExitCode::CannotCreate, path,
             QStringLiteral("this system has no encoder for %1").arg(QLatin1String(format.name)),
             QStringLiteral("install libheif's plugins, or choose another format"));

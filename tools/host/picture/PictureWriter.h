@@ -13,15 +13,15 @@
 
 namespace host {
 
-/// Refuses a name whose suffix means no format that is written, unless the rules name one.
+/// Refuses a path whose suffix is not that of a format that can be written, unless \a rules name the format.
 /// \throws HostError
 void requireKnownFormat(const QString& path, const WritingRules& rules);
 
-/// The format that a file at \a path gets: that of the rules, or that of its suffix, or PNG for standard output.
-/// \pre requireKnownFormat() accepts them.
+/// The format of a file at \a path: that of \a rules, else that of its suffix, else PNG for standard output.
+/// \pre requireKnownFormat() accepts the path and the rules.
 const Format& formatOf(const QString& path, const WritingRules& rules);
 
-/// A picture file on its way: it appears whole under its name when commit() is called, or not at all.
+/// A picture file that appears complete under its name when commit() is called, or not at all.
 class PictureWriter {
 public:
     /// Encodes \a picture in the format of formatOf().
@@ -34,10 +34,10 @@ public:
     const QString& path() const { return file.path(); }
     const QString& draftPath() const { return file.draftPath(); }
 
-    /// The file of that name that is there already.
+    /// How an existing file of the same name compares with the new content.
     enum class Existing { None, Same, Other };
 
-    /// Compares with it.
+    /// Compares the new content with an existing file.
     Existing existing() const;
 
     /// Gives the file its name. \see OutputFile::commit()

@@ -16,7 +16,7 @@ std::size_t bytesPerPixel(const VImage& image)
         * static_cast<std::size_t>(image.bands());
 }
 
-// Blobs of some decoders go with the image that they come with.
+// Copies a blob: those of some decoders are freed together with their image.
 void* copyBlob(VipsImage* /*from*/, const char* name, GValue* value, void* to)
 {
     if (G_VALUE_HOLDS(value, VIPS_TYPE_BLOB)) {
@@ -27,8 +27,8 @@ void* copyBlob(VipsImage* /*from*/, const char* name, GValue* value, void* to)
     return nullptr;
 }
 
-// libvips tells now and then how far it has come.
-void killIfLate(VipsImage* image, VipsProgress* /*progress*/, const Deadline* deadline)
+// A progress callback of libvips.
+void stopAfterDeadline(VipsImage* image, VipsProgress* /*progress*/, const Deadline* deadline)
 {
     if (deadline->hasPassed())
         vips_image_set_kill(image, TRUE);
@@ -60,11 +60,11 @@ uchar* addressOf(const VImage& image, int x, int y)
 
 QRect boundsOf(const VImage& image) { return { 0, 0, image.width(), image.height() }; }
 
-void endLate(const VImage& image, const Deadline& deadline)
+void setDeadline(const VImage& image, const Deadline& deadline)
 {
     vips_image_set_progress(image.get_image(), TRUE);
     const auto forget = [](gpointer copy, GClosure*) { delete static_cast<Deadline*>(copy); };
-    g_signal_connect_data(image.get_image(), "eval", reinterpret_cast<GCallback>(killIfLate),
+    g_signal_connect_data(image.get_image(), "eval", reinterpret_cast<GCallback>(stopAfterDeadline),
         new Deadline(deadline), forget, GConnectFlags());
 }
 
@@ -76,7 +76,7 @@ VImage inMemory(const VImage& image, const QRect& part, const Deadline& deadline
     std::array<VipsImage*, 2> inputs { image.get_image(), nullptr };
     check(vips_image_pipeline_array(raw, VIPS_DEMAND_STYLE_ANY, inputs.data()));
     vips_image_map(image.get_image(), copyBlob, raw);
-    raw->progress_signal = nullptr; // whose object goes with the image
+    raw->progress_signal = nullptr; // it belongs to the other image and may be freed with it
     raw->Xsize = part.width();
     raw->Ysize = part.height();
     check(vips_image_write_prepare(raw));

@@ -15,7 +15,7 @@ using vips::VImage;
 
 namespace {
 
-// The format of Qt that has these pixels, if there is one.
+// The Qt format with the same pixel layout; Format_Invalid when there is none.
 QImage::Format formatOf(const VImage& image)
 {
     const VipsInterpretation kind = image.interpretation();
@@ -45,7 +45,7 @@ VImage pixelsOf(const QImage& image, int bands)
 
 } // namespace
 
-bool isForQt(const VImage& image) { return formatOf(image) != QImage::Format_Invalid; }
+bool hasQtFormat(const VImage& image) { return formatOf(image) != QImage::Format_Invalid; }
 
 QImage viewOf(const VImage& image, const QRect& part)
 {
@@ -60,7 +60,7 @@ QImage toQImage(const VImage& image)
         isInMemory ? image : inMemory(image, boundsOf(image), Deadline::never()));
     const uchar* const pixels = addressOf(*memory, 0, 0);
     const auto release = [](void* pointer) { delete static_cast<VImage*>(pointer); };
-    QImage view = held(QImage(pixels, memory->width(), memory->height(),
+    QImage view = notNull(QImage(pixels, memory->width(), memory->height(),
         static_cast<int>(bytesPerRow(*memory)), formatOf(*memory), release, memory.get()));
     static_cast<void>(memory.release()); // the view releases it
     constexpr double millimetresPerMetre = 1000;
@@ -76,7 +76,10 @@ VImage toVipsImage(const QImage& image)
     const QImage::Format format = isGrey ? QImage::Format_Grayscale8
         : isTransparent                  ? QImage::Format_RGBA8888
                                          : QImage::Format_RGB888;
-    VImage copy = pixelsOf(held(image.convertToFormat(format)), isGrey ? 1 : isTransparent ? 4 : 3);
+    VImage copy = pixelsOf(notNull(image.convertToFormat(format)),
+        isGrey              ? 1
+            : isTransparent ? 4
+                            : 3);
     constexpr double millimetresPerMetre = 1000;
     // A BMP may claim any number; a negative one makes libvips end the program.
     copy.get_image()->Xres = std::max(image.dotsPerMeterX(), 0) / millimetresPerMetre;
@@ -86,7 +89,7 @@ VImage toVipsImage(const QImage& image)
         vips_image_set_blob_copy(copy.get_image(), VIPS_META_ICC_NAME, profile.constData(),
             static_cast<std::size_t>(profile.size()));
     const QStringList keys = image.textKeys();
-    for (int i = 0; i < keys.size(); ++i) // as a PNG has them
+    for (int i = 0; i < keys.size(); ++i) // named as libvips names the texts of a PNG
         copy.set(QStringLiteral("png-comment-%1-%2").arg(i).arg(keys.at(i)).toUtf8().constData(),
             image.text(keys.at(i)).toUtf8().constData());
     return copy;

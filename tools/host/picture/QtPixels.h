@@ -6,22 +6,21 @@
 #include <QRect>
 
 /// \file
-/// Between the pictures of libvips and those of Qt.
+/// Conversions between the images of libvips and those of Qt.
 
 namespace host {
 
-/// Whether Qt knows the colours of \a image: 8 bits, grey, or as in sRGB with or without opacity.
-bool isForQt(const vips::VImage& image);
+/// Whether Qt has a format for the pixels of \a image: 8 bits per channel; grey, RGB or RGBA.
+bool hasQtFormat(const vips::VImage& image);
 
-/// A part of \a image. \pre isForQt(image), which is in memory and outlives the result.
+/// A view of a part of \a image. \pre hasQtFormat(image); the image is in memory and outlives the view.
 QImage viewOf(const vips::VImage& image, const QRect& part);
 
-/// The pixels of \a image. \pre isForQt(image)
+/// \a image as a QImage, without a copy where its pixels are in memory. \pre hasQtFormat(image)
 /// \throws vips::VError
 QImage toQImage(const vips::VImage& image);
 
-/// A copy of \a image: grey, with colours, or with colours and opacity, 8 bits each. It has its profile, its
-/// resolution and its texts.
+/// A copy of \a image as grey, RGB or RGBA with 8 bits per channel, with its profile, resolution and texts.
 vips::VImage toVipsImage(const QImage& image);
 
 } // namespace host

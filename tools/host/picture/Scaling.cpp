@@ -15,14 +15,14 @@ using vips::VImage;
 
 namespace {
 
-// The metadata of an image.
+// Copies a field that is metadata, not a property of the pixels.
 void* copyField(VipsImage* /*from*/, const char* name, GValue* value, void* to)
 {
-    static const std::array<const char*, 11> ofPixels { "width", "height", "bands", "format",
+    static const std::array<const char*, 11> pixelFields { "width", "height", "bands", "format",
         "coding", "interpretation", "xoffset", "yoffset", "xres", "yres", "filename" };
-    const bool isOfPixels = std::any_of(ofPixels.begin(), ofPixels.end(),
+    const bool isPixelField = std::any_of(pixelFields.begin(), pixelFields.end(),
         [name](const char* other) { return std::strcmp(name, other) == 0; });
-    if (!isOfPixels)
+    if (!isPixelField)
         vips_image_set(static_cast<VipsImage*>(to), name, value);
     return nullptr;
 }
@@ -31,8 +31,8 @@ VImage scaledByQt(const VImage& image, const QRect& part, const QSize& size)
 {
     const QImage view = viewOf(image, part);
     const QImage scaled
-        = held(held(view.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
-                   .convertToFormat(view.format()));
+        = notNull(notNull(view.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
+                      .convertToFormat(view.format()));
     VImage result = toVipsImage(scaled);
     vips_image_map(image.get_image(), copyField, result.get_image());
     result.get_image()->Xres = image.xres();
@@ -56,7 +56,7 @@ VImage scaledByVips(const VImage& image, const QSize& size)
 VImage scaledTo(const VImage& image, const QRect& part, const QSize& size)
 {
     const bool isScaled = part.size() != size;
-    if (isScaled && isForQt(image))
+    if (isScaled && hasQtFormat(image))
         return scaledByQt(image, part, size);
     const VImage cut = image.extract_area(part.left(), part.top(), part.width(), part.height());
     return isScaled ? scaledByVips(cut, size) : cut;

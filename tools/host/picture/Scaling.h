@@ -8,13 +8,13 @@
 
 namespace host {
 
-/// A part of \a image, which is in memory, at \a size, with its colours, its profile and its metadata.
+/// A part of \a image scaled to \a size, with its colours, profile and metadata. \pre the image is in memory.
 ///
-/// What has 8 bits is scaled by Qt, which averages the pixels that a pixel stands for; what has more, or
-/// colours that Qt does not know, by libvips with Lanczos' kernel, when it is asked for.
+/// Images in a format of Qt, see hasQtFormat(), are scaled by Qt, which averages the pixels that merge into one. Others
+/// are scaled lazily by libvips with a Lanczos kernel.
 vips::VImage scaledTo(const vips::VImage& image, const QRect& part, const QSize& size);
 
-/// \a image in the middle of a picture of \a size with \a background around it.
+/// \a image padded to \a size: centred, with \a background around it.
 vips::VImage padded(const vips::VImage& image, const QSize& size, const QColor& background);
 
 } // namespace host

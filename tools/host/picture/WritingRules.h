@@ -6,31 +6,30 @@ namespace host {
 
 struct Format;
 
-/// The resolution of the colours in formats that know several.
+/// The resolution of the chroma, in formats with a choice.
 enum class Chroma {
-    OfSource, ///< half of that of the brightness where the source has half of it, and full otherwise
+    OfSource, ///< half where the source file has half, full otherwise
     Full,
     Half,
 };
 
-/// What is kept of a picture's metadata, whose colour profile and resolution always stay.
+/// Which metadata of a picture is kept. Its colour profile and its resolution always are.
 enum class KeptMetadata {
     All,
-    Copyright, ///< who made it and whose it is
+    Copyright, ///< only the author and the copyright
     None,
 };
 
 /// How pictures are written.
 struct WritingRules {
-    const Format* format
-        = nullptr; ///< one of formats(); null: the one that the name's suffix means
-    int quality = 0; ///< 1 to 100; 0: that of the format
+    const Format* format = nullptr; ///< one of formats(); null: that of the name's suffix
+    int quality = 0; ///< 1 to 100; 0: the default of the format
     Chroma chroma = Chroma::OfSource;
-    bool isProgressive = false; ///< where the format can
-    bool isInSrgb = false; ///< colours are converted, and there is no profile
+    bool isProgressive = false; ///< where the format supports it
+    bool isInSrgb = false; ///< convert colours to sRGB, and write no profile
     KeptMetadata metadata = KeptMetadata::All;
     QColor background
-        = Qt::white; ///< around pictures, and below transparent ones in formats without opacity
+        = Qt::white; ///< of padding, and below transparent pixels in formats without opacity
 };
 
 } // namespace host

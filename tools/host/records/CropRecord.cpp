@@ -17,7 +17,7 @@ QJsonObject pointJson(const QPointF& point)
         { QStringLiteral("y"), roundedShare(point.y()) } };
 }
 
-// Six digits tell every pixel of pictures that are up to 100000 pixels wide.
+// Six digits distinguish all pixels of pictures that are up to 100000 pixels wide.
 QJsonObject relativeJson(const QRect& window, const QSize& picture)
 {
     const auto share
@@ -41,7 +41,7 @@ QJsonObject windowJson(const CropResult& crop, const QSize& picture)
     };
 }
 
-// Of an output that was there before, nobody knows the window and the size.
+// Neither the window nor the size of an output that already existed is known.
 QJsonObject cropJson(const CropResult& crop, const QSize& picture)
 {
     const bool isSkipped = crop.state == OutputState::Skipped;
@@ -61,7 +61,7 @@ QJsonObject failureJson(const HostError& failure)
     QJsonObject object { { QStringLiteral("code"), static_cast<int>(failure.code()) },
         { QStringLiteral("reason"), failure.reason() },
         { QStringLiteral("remedy"), failure.remedy() } };
-    if (failure.isFromOutside())
+    if (failure.isRetryable())
         object.insert(QStringLiteral("fromOutside"), true);
     return object;
 }
@@ -98,10 +98,11 @@ QStringList CropRecord::writtenOutputs() const
 QByteArray CropRecord::toJson() const
 {
     QJsonObject object { { QStringLiteral("path"), path }, { QStringLiteral("version"), version },
-        { QStringLiteral("settings"), settings }, { QStringLiteral("request"), request.ofRun },
+        { QStringLiteral("settings"), settings },
+        { QStringLiteral("request"), request.optionsHash },
         { QStringLiteral("status"), failure ? QStringLiteral("failed") : QStringLiteral("ok") } };
-    if (!request.ofLine.isEmpty())
-        object.insert(QStringLiteral("line"), request.ofLine);
+    if (!request.lineHash.isEmpty())
+        object.insert(QStringLiteral("line"), request.lineHash);
     if (file)
         object.insert(QStringLiteral("file"), *file);
     if (mapFile)

@@ -13,63 +13,63 @@
 
 namespace host {
 
-/// What became of the file of one crop.
+/// The state of the output file of one crop.
 enum class OutputState {
-    None, ///< none was asked for
+    None, ///< no output was requested
     Written,
-    Planned, ///< a dry run: it would have been written
+    Planned, ///< a dry run would have written it
     Skipped, ///< a file of that name already exists
 };
 
 /// The name of \a state in records: "written", "planned", "skipped"; empty for None.
 QString nameOf(OutputState state);
 
-/// A share as records have it: with four digits after the point, so that it reads well.
+/// A share as it appears in records: rounded to four decimals, which is easy to read.
 double roundedShare(double share);
 
 /// One crop of a picture.
 struct CropResult {
-    QString shape; ///< the ratio or the size, as asked for
-    VXCropWindow chosen; ///< its window is null where none was chosen, as the crop was skipped
-    QRect stored; ///< the window in pixels of the picture as it is stored
-    QSize outputSize; ///< of the picture that is written
-    QSize contentSize; ///< of the crop in it
+    QString shape; ///< the ratio or the size, as the user wrote it
+    VXCropWindow chosen; ///< its window is null when the crop was skipped before one was chosen
+    QRect stored; ///< the window in the stored picture, before its EXIF orientation is applied
+    QSize outputSize; ///< of the written picture
+    QSize contentSize; ///< of the crop in the written picture, which may be padded
     QString outputPath;
     OutputState state = OutputState::None;
 };
 
-/// What was asked for, as hashes of 16 hexadecimal digits: the same hashes ask for the same.
+/// What was requested for a picture, as hashes of 16 hexadecimal digits: equal hashes mean equal requests.
 struct CropRequest {
-    QString ofRun; ///< the options that decide what becomes of every picture
-    QString ofLine; ///< what the picture's line in a list says; empty: nothing but its path
+    QString optionsHash; ///< of the options that determine the results of every picture
+    QString lineHash; ///< of the picture's line in a list; empty: the line has only a path
 };
 
-/// What the program has to say of one picture: its crops, or why there are none.
+/// The result for one picture: its crops, or why there are none.
 struct CropRecord {
     QString path; ///< as given
-    QString version = QStringLiteral(VXROI_VERSION); ///< of the program that made it
-    QString settings; ///< how it was analysed
+    QString version = QStringLiteral(VXROI_VERSION); ///< of the program that made the record
+    QString settings; ///< how the picture was analysed; see textOf()
     CropRequest request;
     std::optional<QJsonObject> file; ///< the state of the picture's file; see stateOf()
-    std::optional<QJsonObject> mapFile; ///< that of the file that its map came from
+    std::optional<QJsonObject> mapFile; ///< the state of the file that the map was read from
     QString format;
     QSize stored;
     QSize oriented;
     int orientation = 1;
-    int frames = 1; ///< that are analysed and written
+    int frames = 1; ///< how many are analysed and written
     QStringList warnings;
     QVector<CropResult> crops;
     std::optional<HostError> failure;
 
-    /// The outputs that were written.
+    /// The paths of the outputs that were written.
     QStringList writtenOutputs() const;
 
-    /// The record as one line of JSON, without the line's end. The same record gives the same bytes.
+    /// The record as one line of JSON, without a newline. Equal records give equal bytes.
     QByteArray toJson() const;
 
-    /// Reads what toJson() has written. Keys that it does not know are left alone; of a crop that was skipped, the
-    /// window and what belongs to it may be missing.
-    /// \throws HostError whose reason says why \a object is no record.
+    /// Reads what toJson() has written. Unknown keys are ignored. A skipped crop may lack its window and the values
+    /// that depend on it.
+    /// \throws HostError whose reason says why \a object is not a record.
     static CropRecord fromJson(const QJsonObject& object);
 };
 

@@ -19,7 +19,7 @@ namespace {
     refuse(QStringLiteral("\"%1\" %2").arg(QLatin1String(key), reason));
 }
 
-// Of a text, an object or an array, each function returns an empty one where the key is missing.
+// The next three functions return an empty text, object or array when the key is missing.
 QString textIn(const QJsonObject& object, const char* key)
 {
     const QJsonValue value = object.value(QLatin1String(key));
@@ -147,9 +147,10 @@ HostError failureFrom(const QJsonObject& error, const QString& path)
     const auto code = static_cast<ExitCode>(countIn(error, "code", 1));
     const QString reason = neededTextIn(error, "reason");
     const QString remedy = neededTextIn(error, "remedy");
-    const bool isForNow = error.value(QLatin1String("fromOutside")).toBool();
-    return isForNow && code == ExitCode::UnreadableInput ? unreadableForNow(path, reason, remedy)
-                                                         : HostError(code, path, reason, remedy);
+    const bool isRetryable = error.value(QLatin1String("fromOutside")).toBool();
+    return isRetryable && code == ExitCode::UnreadableInput
+        ? retryableReadError(path, reason, remedy)
+        : HostError(code, path, reason, remedy);
 }
 
 std::optional<QJsonObject> stateIn(const QJsonObject& object, const char* key)

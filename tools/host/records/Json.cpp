@@ -15,7 +15,8 @@ namespace host {
 
 namespace {
 
-// Half of a surrogate pair, which stands for a byte of a name, is an error to this parser: it sees a space instead.
+// \a text with every surrogate replaced by a space. Half of a pair, which stands for a byte of a file name, would be an
+// error to this parser.
 std::string withoutSurrogates(const QByteArray& text)
 {
     static const QRegularExpression surrogate(QStringLiteral(R"(\\u[dD][89a-fA-F][0-9a-fA-F]{2})"));
@@ -25,7 +26,7 @@ std::string withoutSurrogates(const QByteArray& text)
         .toStdString();
 }
 
-// Tells whether any object of a text has a key twice.
+// Finds a key that an object, at any depth, has twice.
 class RepeatedKeys {
 public:
     using Event = nlohmann::json::parse_event_t;
@@ -61,7 +62,7 @@ try {
         return QStringLiteral("not a JSON object");
     return keys.found() ? QStringLiteral("names \"%1\" twice").arg(*keys.found()) : QString();
 } catch (const nlohmann::json::exception& error) {
-    // The number of the exception and that of the only line mean nothing to the reader.
+    // The exception's number and its line number, always 1, tell the user nothing.
     const QString what = QString::fromUtf8(error.what()).section(QStringLiteral("] "), 1);
     return QStringLiteral("not JSON: %1")
         .arg(QString(what).remove(QStringLiteral("parse error at line 1, ")));
@@ -71,7 +72,7 @@ try {
 
 JsonObject parseObject(const QByteArray& text)
 {
-    // First, because Qt keeps the values of repeated keys for ever.
+    // This check comes before Qt's parser, which leaks the values of repeated keys.
     const QString fault = faultOf(text);
     if (!fault.isEmpty())
         return { {}, fault };

@@ -8,19 +8,20 @@
 
 namespace host {
 
-/// What parseObject() makes of a text.
+/// The result of parseObject().
 struct JsonObject {
     QJsonObject object;
-    QString fault; ///< what is wrong with the text; empty: nothing
+    QString fault; ///< what is wrong with the text; empty: it is valid
 };
 
-/// Reads a text that is one JSON object. An object that has a key twice is refused: readers differ in which value they take.
+/// Parses a text that is one JSON object. An object that has a key twice is refused, because parsers differ in which of
+/// the values they take.
 JsonObject parseObject(const QByteArray& text);
 
-/// The SHA-256 of what \a object holds, 64 hexadecimal digits.
+/// The SHA-256 of \a object as compact JSON: 64 hexadecimal digits.
 QString hashOf(const QJsonObject& object);
 
-/// Its first 16 digits.
+/// The first 16 digits of hashOf().
 QString shortHashOf(const QJsonObject& object);
 
 /// {"width", "height"}

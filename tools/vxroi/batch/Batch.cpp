@@ -19,7 +19,7 @@ using host::CropRecord;
 using host::ExitCode;
 using host::HostError;
 
-void requireSensible(const BatchArguments& arguments)
+void requireConsistent(const BatchArguments& arguments)
 {
     if (arguments.folder.empty() == arguments.from.empty())
         throw HostError(ExitCode::Usage, QStringLiteral("batch"),
@@ -41,7 +41,7 @@ void requireSensible(const BatchArguments& arguments)
 
 std::unique_ptr<Inputs> inputsOf(const BatchArguments& arguments)
 {
-    requireSensible(arguments);
+    requireConsistent(arguments);
     const Shard shard = parseShard(arguments.shard);
     if (arguments.folder.empty())
         return std::make_unique<ListedInputs>(
@@ -59,7 +59,7 @@ std::optional<RecordFile> recordsOf(const BatchArguments& arguments)
 
 TaskPlan planOf(const BatchArguments& arguments)
 {
-    TaskPlan plan(arguments.crop, arguments.analysis, arguments.mayLeave);
+    TaskPlan plan(arguments.crop, arguments.analysis, arguments.allowOutside);
     if (arguments.from.empty())
         plan.requireShapes();
     return plan;
@@ -100,7 +100,7 @@ Batch::Batch(const BatchArguments& arguments)
     , cropper(rules, arguments.analysis.rules.reading.mostPixels)
     , printer(arguments.printer)
     , progress(inputs->count(), arguments.quiet)
-    , isEndless(arguments.from == "-")
+    , isStream(arguments.from == "-")
     , work(arguments.jobs > 0 ? arguments.jobs : defaultWorkerCount(), [this] { wakeup.notify(); })
 {
     if (records)
@@ -111,9 +111,9 @@ Batch::Batch(const BatchArguments& arguments)
 
 ExitCode Batch::run()
 {
-    sayWhatIsDamaged();
-    // Before the first line of a stream comes, and in the thread that ends last: what the system notes of a module
-    // that cannot be found goes only with its thread.
+    reportDamage();
+    // Started before the first line of a stream arrives, so that it need not wait. Started in the main thread, because
+    // the C library keeps memory about each module that it fails to load until the loading thread ends.
     if (!inputs->isAtEnd())
         host::startEngine();
     const Interruption interruption(wakeup);
@@ -128,7 +128,7 @@ ExitCode Batch::run()
                 : QStringLiteral("%1 pictures have their records").arg(progress.count()),
             QStringLiteral("run it again with --resume to do the rest"));
     finishRecords();
-    sayHowItWent();
+    printSummary();
     return progress.count(Outcome::Failed) > 0 ? ExitCode::SomeFailed : ExitCode::Success;
 }
 
@@ -141,7 +141,8 @@ void Batch::finishRecords()
     ownOutputs->finish(former, namedOutputs);
 }
 
-// Answers come first, so that whoever waits for one before the next input gets it.
+// A finished answer is written before more input is read, so that a client that waits for it before it sends the next
+// line gets it.
 void Batch::step()
 {
     if (!work.isEmpty() && (work.isFull() || work.isFirstDone()))
@@ -155,12 +156,12 @@ void Batch::step()
 void Batch::begin(const Input& input)
 {
     PlannedTask planned = plan.plan(input);
-    while (isEndless && !claims.areFree(planned))
+    while (isStream && !claims.areFree(planned))
         finishOne();
     claims.claim(planned);
     if (isResumed())
-        records->earlier().see(input.path);
-    filesInWork.push_back(planned.files);
+        records->earlier().markSeen(input.path);
+    filesInProgress.push_back(planned.files);
     work.begin([this, planned = std::move(planned)]() -> std::optional<Answer> {
         if (Interruption::isRequested())
             return std::nullopt;
@@ -174,11 +175,12 @@ Batch::Answer Batch::answer(const PlannedTask& planned)
     timer.start();
     host::CropTask task = planned.task;
     Answer answer { task.path };
-    const Earlier earlier = isResumed() && !task.failure ? resumption->judge(task) : Earlier();
+    const EarlierResult earlier
+        = isResumed() && !task.failure ? resumption->earlierResultOf(task) : EarlierResult();
     if (earlier.record) {
         answer.kept = *earlier.place;
         answer.outputs = earlier.record->writtenOutputs();
-        if (printer.isAsked())
+        if (printer.isRequested())
             answer.printed = printer.linesOf(*earlier.record);
         answer.outcome = earlier.hasFailed ? Outcome::Failed : Outcome::Kept;
         return answer;
@@ -200,9 +202,9 @@ Batch::Answer Batch::answer(const PlannedTask& planned)
 void Batch::finishOne()
 {
     const std::optional<Answer> answer = work.finishFirst();
-    if (isEndless)
-        claims.release(filesInWork.front());
-    filesInWork.pop_front();
+    if (isStream)
+        claims.release(filesInProgress.front());
+    filesInProgress.pop_front();
     wasCutShort = wasCutShort || !answer;
     if (wasCutShort)
         return;
@@ -214,7 +216,7 @@ void Batch::finishOne()
 
 void Batch::write(const Answer& answer)
 {
-    if (!isResumed() || printer.isAsked())
+    if (!isResumed() || printer.isRequested())
         host::writeOutput(answer.printed);
     if (!isResumed())
         return;
@@ -225,7 +227,7 @@ void Batch::write(const Answer& answer)
     namedOutputs += QSet<QString>(answer.outputs.begin(), answer.outputs.end());
 }
 
-void Batch::sayWhatIsDamaged()
+void Batch::reportDamage()
 {
     const qint64 bytes = isResumed() ? records->earlier().damagedBytes() : 0;
     if (bytes > 0)
@@ -233,7 +235,7 @@ void Batch::sayWhatIsDamaged()
             + " bytes are left out\n");
 }
 
-void Batch::sayHowItWent()
+void Batch::printSummary()
 {
     const qint64 dropped = isResumed() ? records->earlier().unseenCount() : -1;
     if (progress.count() == 0 && dropped <= 0)

@@ -24,7 +24,7 @@ void addInputOptions(CLI::App& batch, BatchArguments& arguments)
     batch.add_flag("-0,--null", arguments.nulSeparated, "paths in the list are NUL-terminated")
         ->needs(from);
     batch
-        .add_flag("--allow-outside", arguments.mayLeave,
+        .add_flag("--allow-outside", arguments.allowOutside,
             "let \"out\" of a list's lines name files outside the current folder")
         ->needs(from);
 }

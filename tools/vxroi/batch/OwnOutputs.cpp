@@ -16,11 +16,11 @@ namespace vxroi {
 
 namespace {
 
-// Entries are a mark and a name, and end in NUL, which is in no name.
-constexpr char created = '+';
-constexpr char notCreated = '-';
-constexpr char remade
-    = '~'; // before the name stands where the records ended, as in "~1234:out/a.png"
+// An entry is a mark and a path, and ends in NUL, which no path contains.
+constexpr char createdMark = '+';
+constexpr char notCreatedMark = '-';
+// Has the size of the records before the path, as in "~1234:out/a.png".
+constexpr char replacedMark = '~';
 
 QByteArray entriesOf(char mark, const QStringList& paths)
 {
@@ -30,10 +30,10 @@ QByteArray entriesOf(char mark, const QStringList& paths)
     return entries;
 }
 
-// At the end of a run the file goes or is written anew, so it must be no other's.
+// Refuses a file that is not a journal, because the end of the run deletes or rewrites it.
 void requireEntries(const QList<QByteArray>& entries, const QString& path)
 {
-    constexpr std::array<char, 3> marks { created, notCreated, remade };
+    constexpr std::array<char, 3> marks { createdMark, notCreatedMark, replacedMark };
     const bool areEntries
         = std::all_of(entries.begin(), entries.end(), [&](const QByteArray& entry) {
               return entry.isEmpty() || std::count(marks.begin(), marks.end(), entry.at(0)) > 0;
@@ -71,20 +71,20 @@ OwnOutputs::OwnOutputs(const QString& recordPath, const RecordIndex& earlierReco
 void OwnOutputs::read(const QByteArray& entry)
 {
     const int colon = entry.indexOf(':');
-    if (entry.startsWith(created))
+    if (entry.startsWith(createdMark))
         unnamed.insert(host::textOfName(entry.mid(1)));
-    else if (entry.startsWith(notCreated))
+    else if (entry.startsWith(notCreatedMark))
         unnamed.remove(host::textOfName(entry.mid(1)));
-    else if (entry.startsWith(remade) && colon != -1)
-        remadeAfter.insert(
+    else if (entry.startsWith(replacedMark) && colon != -1)
+        replacedSince.insert(
             host::textOfName(entry.mid(colon + 1)), entry.mid(1, colon - 1).toLongLong());
 }
 
 bool OwnOutputs::contains(const QString& path) const
 {
-    if (!unnamed.contains(path) && !records.nameOutput(path))
+    if (!unnamed.contains(path) && !records.containsOutput(path))
         return false;
-    constexpr qint64 slack = 2; // clocks of file systems are not those of programs
+    constexpr qint64 slack = 2; // the clock of a file system may differ from the program's
     struct stat status = {};
     const bool exists = stat(host::bytesOfName(path).constData(), &status) == 0;
     return !exists || status.st_ctim.tv_sec <= lastWritten + slack;
@@ -92,25 +92,26 @@ bool OwnOutputs::contains(const QString& path) const
 
 bool OwnOutputs::isOf(const RecordPlace& record, const QString& path) const
 {
-    return record.offset >= remadeAfter.value(path, 0);
+    return record.offset >= replacedSince.value(path, 0);
 }
 
-void OwnOutputs::willCreate(const QStringList& paths)
+void OwnOutputs::willWrite(const QStringList& created, const QStringList& replaced)
 {
-    append(entriesOf(created, paths) + remadeEntriesOf(paths));
+    append(entriesOf(createdMark, created) + replacedEntriesOf(created + replaced));
 }
 
-void OwnOutputs::willReplace(const QStringList& paths) { append(remadeEntriesOf(paths)); }
+void OwnOutputs::haveNotCreated(const QStringList& paths)
+{
+    append(entriesOf(notCreatedMark, paths));
+}
 
-void OwnOutputs::haveNotCreated(const QStringList& paths) { append(entriesOf(notCreated, paths)); }
-
-// Only of those that an earlier record names: there is no other that could be wrong by now.
-QByteArray OwnOutputs::remadeEntriesOf(const QStringList& paths) const
+// Only outputs that an earlier record names: only such a record can become outdated.
+QByteArray OwnOutputs::replacedEntriesOf(const QStringList& paths) const
 {
     QByteArray entries;
     for (const QString& path : paths) {
-        if (records.nameOutput(path))
-            entries += remade + QByteArray::number(records.endOfLast()) + ':'
+        if (records.containsOutput(path))
+            entries += replacedMark + QByteArray::number(records.endOfRecords()) + ':'
                 + host::bytesOfName(path) + '\0';
     }
     return entries;
@@ -139,9 +140,9 @@ void OwnOutputs::finish(const QStringList& former, const QSet<QString>& named)
         file.remove();
         return;
     }
-    host::OutputFile ofLeft(file.fileName());
-    ofLeft.write(entriesOf(created, left));
-    ofLeft.commit(true);
+    host::OutputFile journal(file.fileName());
+    journal.write(entriesOf(createdMark, left));
+    journal.commit(true);
 }
 
 } // namespace vxroi

@@ -8,30 +8,30 @@
 
 namespace vxroi {
 
-/// What became of an input.
+/// The outcome of one input.
 enum class Outcome {
-    Kept, ///< the record of an earlier run stands
+    Kept, ///< the record of an earlier run is kept
     Done,
-    Retried, ///< it had failed, and has not now
-    Failed, ///< now, or in an earlier run whose record stands
+    Retried, ///< failed in an earlier run, and succeeded now
+    Failed, ///< failed now, or in an earlier run whose record is kept
 };
 
-/// Says on stderr how far a batch has come: a bar on a terminal, a line now and then elsewhere.
+/// Reports the progress of a batch on stderr: as a bar on a terminal, as occasional lines elsewhere.
 class Progress {
 public:
-    /// \param total how many pictures there are; -1 when that is not known.
-    /// \param isQuiet say nothing at all.
+    /// \param total the number of pictures; -1 when it is not known.
+    /// \param isQuiet whether to print nothing.
     Progress(qint64 total, bool isQuiet);
 
-    /// A picture that is done.
-    /// \param problem what went wrong now; empty when nothing did.
+    /// Counts a finished picture.
+    /// \param problem a line about what went wrong; empty: nothing did.
     void add(Outcome outcome, const std::string& problem = {});
 
-    /// Takes the bar away and sums up.
-    /// \param dropped how many records of inputs are gone that are no longer on the list; -1 where none is resumed.
+    /// Removes the bar and prints the summary.
+    /// \param dropped the number of earlier inputs that are no longer in the list; -1 when the run is not resumed.
     void finish(qint64 dropped);
 
-    /// Says one line, unless it is to be quiet.
+    /// Prints one line, unless quiet.
     void say(const std::string& line) const;
 
     qint64 count() const;
@@ -45,7 +45,7 @@ private:
     qint64 total;
     bool isQuiet;
     bool isTerminal;
-    std::array<qint64, 4> counts {}; ///< of each Outcome
+    std::array<qint64, 4> counts {}; ///< for each Outcome
     QElapsedTimer sinceStart;
     QElapsedTimer sinceShown;
 };

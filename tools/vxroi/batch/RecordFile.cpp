@@ -21,7 +21,7 @@ using host::HostError;
 
 namespace {
 
-bool isStillThere(const QFile& file)
+bool isStillNamed(const QFile& file)
 {
     struct stat opened = {};
     struct stat named = {};
@@ -40,21 +40,22 @@ void open(QFile& file)
             QStringLiteral("choose a folder that exists and can be written to"));
 }
 
-// Where the file system has no locks, there is nothing to go by. A run that ends may put another file in its place.
-bool isOurs(const QFile& file)
+// Locks the file, and checks that it still has its name: a run that ends may have replaced it meanwhile. A file system
+// without locks counts as locked, because there is nothing else to check.
+bool tryLock(const QFile& file)
 {
     const bool isLocked = flock(file.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-    return isLocked && isStillThere(file);
+    return isLocked && isStillNamed(file);
 }
 
-// A run that was killed a moment ago may still hold it.
+// Opens and locks the file. Retries for two seconds, because a run that has just been killed may still hold the lock.
 QFile& opened(QFile& file)
 {
     constexpr int mostAttempts = 20;
     constexpr auto pause = std::chrono::milliseconds(100);
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         open(file);
-        if (isOurs(file))
+        if (tryLock(file))
             return file;
         file.close();
         std::this_thread::sleep_for(pause);

@@ -10,30 +10,29 @@
 
 namespace vxroi {
 
-/// The file of a batch's records, one a line, which an earlier run may have begun.
+/// The file of a batch's records, one per line, which may contain records of earlier runs.
 ///
-/// Until finish(), it has the records of earlier runs and then those of this one, so that nothing is lost whenever the
-/// program ends.
+/// Until finish(), new records are appended to those of earlier runs, so that nothing is lost if the program is killed.
 class RecordFile {
 public:
-    /// Opens the file, for this process alone.
+    /// Opens the file and locks it against other processes.
     /// \throws host::HostError when it cannot be opened, is in use, or holds something other than records.
     explicit RecordFile(const QString& path);
 
-    /// What earlier runs have left.
+    /// The records of earlier runs.
     RecordIndex& earlier() { return earlierRecords; }
 
-    /// Writes the record of the next input, a line with its end, by a single write.
+    /// Appends the record of the next input, a line with its newline, in a single write.
     /// \throws host::HostError when that fails.
     void write(const QByteArray& record);
 
-    /// Keeps a record of an earlier run as that of the next input.
+    /// Keeps the record of an earlier run for the next input.
     void keep(const RecordPlace& record);
 
-    /// The outputs that earlier records name which are not kept.
+    /// The outputs named by earlier records that are not kept.
     QStringList formerOutputs() const { return earlierRecords.outputsOutside(parts); }
 
-    /// Leaves the records of all inputs in their order, and none beside them.
+    /// Rewrites the file with the records of this run's inputs, in their order and without any others.
     /// \throws HostError when that fails.
     void finish();
 
@@ -43,7 +42,7 @@ private:
 
     QFile file;
     RecordIndex earlierRecords;
-    std::vector<RecordPlace> parts; ///< the records of this run in their order; neighbours are one
+    std::vector<RecordPlace> parts; ///< this run's records in order; adjacent ones are merged
 };
 
 } // namespace vxroi

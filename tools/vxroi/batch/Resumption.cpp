@@ -10,20 +10,20 @@ namespace {
 
 using host::CropTask;
 
-bool asksForTheSame(const QJsonObject& record, const CropTask& task)
+bool isSameRequest(const QJsonObject& record, const CropTask& task)
 {
     return textIn(record, "version") == QLatin1String(VXROI_VERSION)
-        && textIn(record, "request") == task.request.ofRun
-        && textIn(record, "line") == task.request.ofLine;
+        && textIn(record, "request") == task.request.optionsHash
+        && textIn(record, "line") == task.request.lineHash;
 }
 
-// The state of a file as records have it: an empty object where there is none.
+// The state of a file as it appears in records; empty when the file does not exist.
 QJsonObject fileObject(const QString& path, host::KnownBy knownBy)
 {
     return path.isEmpty() ? QJsonObject() : host::stateOf(path, knownBy).value_or(QJsonObject());
 }
 
-// None where somebody else has written in the file.
+// The record in \a object; std::nullopt when it is invalid because something else has edited the file.
 std::optional<host::CropRecord> recordFrom(const QJsonObject& object)
 {
     try {
@@ -45,14 +45,14 @@ Resumption::Resumption(RecordIndex& earlier, const OwnOutputs& ownOutputs, Retry
 {
 }
 
-Earlier Resumption::judge(const CropTask& task) const
+EarlierResult Resumption::earlierResultOf(const CropTask& task) const
 {
-    Earlier earlier;
-    const QVector<IndexedRecord> all = records.of(task.path);
+    EarlierResult earlier;
+    const QVector<IndexedRecord> all = records.recordsOf(task.path);
     const auto* const same = std::find_if(all.begin(), all.end(),
-        [&task](const IndexedRecord& record) { return asksForTheSame(record.object, task); });
+        [&task](const IndexedRecord& record) { return isSameRequest(record.object, task); });
     earlier.hasFailed = same != all.end() && hasFailed(same->object);
-    if (same != all.end() && stands(*same, task))
+    if (same != all.end() && isStillValid(*same, task))
         earlier.record = recordFrom(same->object);
     if (earlier.record) {
         earlier.place = same->place;
@@ -63,7 +63,7 @@ Earlier Resumption::judge(const CropTask& task) const
     return earlier;
 }
 
-bool Resumption::stands(const IndexedRecord& indexed, const CropTask& task) const
+bool Resumption::isStillValid(const IndexedRecord& indexed, const CropTask& task) const
 {
     const QJsonObject& record = indexed.object;
     const QJsonObject error = record.value(QLatin1String("error")).toObject();
@@ -77,10 +77,10 @@ bool Resumption::stands(const IndexedRecord& indexed, const CropTask& task) cons
     return record.value(QLatin1String("file")).toObject() == fileObject(task.path, knownBy)
         && record.value(QLatin1String("mapFile")).toObject() == fileObject(task.map, knownBy)
         && std::all_of(named.begin(), named.end(),
-            [&](const QJsonObject& output) { return isOutputLeft(output, indexed.place); });
+            [&](const QJsonObject& output) { return isOutputValid(output, indexed.place); });
 }
 
-bool Resumption::isOutputLeft(const QJsonObject& output, const RecordPlace& record) const
+bool Resumption::isOutputValid(const QJsonObject& output, const RecordPlace& record) const
 {
     const QString status = textIn(output, "status");
     const QString path = textIn(output, "path");

@@ -9,34 +9,34 @@
 
 namespace vxroi {
 
-/// Which failures of an earlier run are tried again.
+/// Which failures of an earlier run are retried.
 enum class Retry {
-    FromOutside, ///< those whose cause may have gone, such as a full disk
+    FromOutside, ///< those with a cause that may have gone, such as a full disk; see HostError::isRetryable()
     All,
     None,
 };
 
-/// What an earlier run has to say of a task.
-struct Earlier {
-    std::optional<RecordPlace> place; ///< of a record that stands, and need not be made again
-    std::optional<host::CropRecord> record; ///< that record
-    bool hasFailed = false; ///< the same task has failed
+/// The result of a task in an earlier run.
+struct EarlierResult {
+    std::optional<RecordPlace> place; ///< of the record; nullopt when there is no valid one
+    std::optional<host::CropRecord> record; ///< nullopt: the task must be done again
+    bool hasFailed = false; ///< whether the same task failed
     QStringList
-        ownOutputs; ///< where none stands: its outputs that may be replaced, for this batch has made them
+        ownOutputs; ///< without a valid record: outputs of this batch, which may be replaced
 };
 
-/// Decides what is left to do of a run that goes on with another one's records.
+/// Decides which tasks of a resumed run must be done again.
 class Resumption {
 public:
     Resumption(RecordIndex& earlier, const OwnOutputs& ownOutputs, Retry retryFailures,
         const host::CropRules& rules);
 
-    /// May be called in any thread.
-    Earlier judge(const host::CropTask& task) const;
+    /// The result of \a task in an earlier run. May be called from any thread.
+    EarlierResult earlierResultOf(const host::CropTask& task) const;
 
 private:
-    bool stands(const IndexedRecord& indexed, const host::CropTask& task) const;
-    bool isOutputLeft(const QJsonObject& output, const RecordPlace& record) const;
+    bool isStillValid(const IndexedRecord& indexed, const host::CropTask& task) const;
+    bool isOutputValid(const QJsonObject& output, const RecordPlace& record) const;
 
     const RecordIndex& records;
     const OwnOutputs& outputs;

@@ -16,10 +16,10 @@ using host::HostError;
 
 namespace {
 
-// Whether the file at \a path is empty or has timings; what is no file, such as a pipe, has nothing to lose.
-bool mayBeginAnew(const QString& path)
+// Whether the file at \a path is missing, empty, a file of timings, or not a regular file, such as a pipe.
+bool mayOverwrite(const QString& path)
 {
-    constexpr qint64 mostBytes = 1 << 16; // of a line
+    constexpr qint64 mostBytes = 1 << 16; // of the first line
     QFile earlier(path);
     if (!QFileInfo(path).isFile() || !earlier.open(QIODevice::ReadOnly) || earlier.size() == 0)
         return true;
@@ -34,7 +34,7 @@ double toMicroseconds(double seconds) { return std::round(seconds * 1e6) / 1e6; 
 TimingsFile::TimingsFile(const QString& path)
     : file(path)
 {
-    if (!mayBeginAnew(path))
+    if (!mayOverwrite(path))
         throw HostError(ExitCode::CannotCreate, path, QStringLiteral("is not a file of timings"),
             QStringLiteral("name one, or a file that does not exist yet"));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))

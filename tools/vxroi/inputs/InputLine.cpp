@@ -20,7 +20,7 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-constexpr QLatin1String wholeLine("line", 4); // what is wrong with it is wrong with no option
+constexpr QLatin1String wholeLine("line", 4); // the subject of errors that concern no single option
 constexpr QLatin1String pathKey("path", 4);
 constexpr QLatin1String keepKey("keep", 4);
 constexpr QLatin1String avoidKey("avoid", 5);
@@ -29,14 +29,14 @@ constexpr QLatin1String focusKey("focus", 5);
 constexpr QLatin1String ratiosKey("ratios", 6);
 constexpr QLatin1String outKey("out", 3);
 
-// What is wrong with a line, for the record of its input.
+// Throws an error about the whole line.
 [[noreturn]] void refuse(const QString& reason)
 {
     throw HostError(ExitCode::Usage, wholeLine, reason,
         QStringLiteral("write an object such as {\"path\": \"a.jpg\", \"ratios\": [\"1:1\"]}"));
 }
 
-// A list names files only.
+// Lists name only files, so "-" is a file, not standard input.
 QString fileCalled(const QString& name)
 {
     return host::isStandardStream(name) ? QStringLiteral("./") + name : name;
@@ -58,7 +58,7 @@ QJsonArray arrayOf(const QJsonValue& value, const QString& key)
     return value.toArray();
 }
 
-// A number of pixels, which is whole, or a text such as "20%"; none for anything else.
+// A whole number of pixels, or a text such as "20%"; std::nullopt for anything else.
 std::optional<host::Length> lengthOf(const QJsonValue& value)
 {
     constexpr double mostPixels = 999'999'999;
@@ -70,13 +70,13 @@ std::optional<host::Length> lengthOf(const QJsonValue& value)
                                        : std::nullopt;
 }
 
-// The value as the line has it, for people.
+// The value as JSON, for messages.
 QString textOf(const QJsonArray& array)
 {
     return QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact));
 }
 
-// The areas that the object has under the key, if any.
+// The areas in the object under \a key; empty when it is missing.
 QVector<host::Area> areasIn(const QJsonObject& object, const QString& key)
 {
     QVector<host::Area> areas;
@@ -168,7 +168,7 @@ Input inputFrom(const ListEntry& entry, bool isJsonAllowed)
             return inputFromPath(entry.bytes);
         fillFromJson(input, entry.bytes);
     } catch (const HostError& error) {
-        // What is wrong with an option is as wrong in a line.
+        // The parsers of options are used for lines, too; their errors have the option as the subject.
         const bool isOfLine = error.subject() == wholeLine;
         input.failure = HostError(error.code(), input.path,
             isOfLine ? error.reason()

@@ -5,11 +5,10 @@
 
 namespace vxroi {
 
-/// Reads an entry of a list: a path, or on a line of its own an object such as {"path": "a.jpg", "keep": [[10, 20,
-/// 300, 200]], "focus": [0.5, 0.3], "ratios": ["1:1"], "out": "{stem}-{ratio}.jpg"}, of which all but the path may be
-/// missing.
-/// \param isJsonAllowed whether what begins with a brace is an object.
-/// \return the input; when the entry is anything else, one with a failure, called "(line N)" where it has no path.
+/// Parses an entry of a list: a path, or an object such as {"path": "a.jpg", "keep": [[10, 20, 300, 200]], "focus":
+/// [0.5, 0.3], "ratios": ["1:1"], "out": "{stem}-{ratio}.jpg"}, in which only the path is required.
+/// \param isJsonAllowed whether an entry that begins with a brace is an object.
+/// \return the input; for an invalid entry, an input with a failure, with the path "(line N)" if it has none.
 Input inputFrom(const ListEntry& entry, bool isJsonAllowed);
 
 } // namespace vxroi

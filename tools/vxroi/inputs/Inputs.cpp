@@ -23,13 +23,13 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-bool isCalledAsPicture(const std::filesystem::path& path)
+bool hasPictureSuffix(const std::filesystem::path& path)
 {
     const QString suffix = QString::fromStdString(path.extension().string()).mid(1);
     return host::formatCalled(suffix) != nullptr;
 }
 
-// Folders that cannot be read stand in the list themselves, so that they get a record that says so.
+// A folder that cannot be read is added itself, so that its record reports the failure.
 void addPicturesIn(const std::filesystem::path& folder, bool isRecursive, QStringList& paths)
 {
     std::error_code error;
@@ -44,12 +44,12 @@ void addPicturesIn(const std::filesystem::path& folder, bool isRecursive, QStrin
             continue;
         if (isFolder && isRecursive)
             addPicturesIn(path, isRecursive, paths);
-        else if (!isFolder && isCalledAsPicture(path))
+        else if (!isFolder && hasPictureSuffix(path))
             paths.append(pathFrom(path.string()));
     }
 }
 
-// The absolute paths of what a run writes for \a paths.
+// The absolute paths of the outputs for \a paths.
 QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
 {
     QSet<QString> outputs;
@@ -64,15 +64,15 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
     return outputs;
 }
 
-// Whether \a path names the pipe or the terminal that \a list reads, as /dev/stdin may: to read it as a picture would
-// take lines away from the list.
+// Whether \a path is the pipe or the terminal that the list is read from, as /dev/stdin may be: reading it as a picture
+// would consume lines of the list.
 bool isListItself(const QString& path, int list)
 {
-    struct stat ofPath = {};
-    struct stat ofList = {};
-    return stat(host::bytesOfName(path).constData(), &ofPath) == 0 && fstat(list, &ofList) == 0
-        && !S_ISREG(ofList.st_mode) && ofPath.st_dev == ofList.st_dev
-        && ofPath.st_ino == ofList.st_ino;
+    struct stat pathStatus = {};
+    struct stat listStatus = {};
+    return stat(host::bytesOfName(path).constData(), &pathStatus) == 0
+        && fstat(list, &listStatus) == 0 && !S_ISREG(listStatus.st_mode)
+        && pathStatus.st_dev == listStatus.st_dev && pathStatus.st_ino == listStatus.st_ino;
 }
 
 } // namespace
@@ -95,7 +95,7 @@ FolderInputs::FolderInputs(
     const QStringList found = picturesIn(folder, isRecursive);
     const QSet<QString> outputs = outputsOf(found, options);
     std::copy_if(found.begin(), found.end(), std::back_inserter(paths), [&](const QString& path) {
-        // By the name within the folder: the folder may lie elsewhere on another machine.
+        // Shards go by the path within the folder, which may have another path on another machine.
         return !outputs.contains(QFileInfo(path).absoluteFilePath())
             && shard.contains(QDir(folder).relativeFilePath(path));
     });

@@ -10,7 +10,7 @@
 
 namespace vxroi {
 
-/// The inputs of a batch, one after the other.
+/// The inputs of a batch, one after another.
 class Inputs {
 public:
     Inputs() = default;
@@ -18,7 +18,7 @@ public:
     Inputs& operator=(const Inputs&) = delete;
     virtual ~Inputs() = default;
 
-    /// The next input; none when there is none yet, or at the end.
+    /// The next input; std::nullopt when none has arrived yet, or at the end.
     virtual std::optional<Input> next() = 0;
 
     virtual bool isAtEnd() const = 0;
@@ -26,24 +26,24 @@ public:
     /// The descriptor to wait for when there is no next input yet.
     virtual int descriptor() const = 0;
 
-    /// How many there are in all; -1 when that is not known beforehand.
+    /// The number of inputs; -1 when it is not known in advance.
     virtual qint64 count() const = 0;
 
-    /// Where they come from.
+    /// The name of the folder or the list.
     virtual QString name() const = 0;
 };
 
-/// The pictures in a folder, in the order of their names' code points; hidden files are left out, and
-/// so are files whose suffix names no picture format, and links to folders.
-/// \param isRecursive also in the folders within it.
+/// The pictures in a folder, sorted by the code points of their paths. Hidden files, files whose suffix is not that of
+/// a picture format, and links to folders are left out.
+/// \param isRecursive whether to include the folders within it.
 QStringList picturesIn(const QString& folder, bool isRecursive);
 
 /// The pictures in a folder, as picturesIn() lists them.
 class FolderInputs final : public Inputs {
 public:
-    /// \param options those of the run: pictures that are outputs of other pictures in the folder are
-    /// left out, so that the list is the same before and after a run.
-    /// \throws HostError when there is no such folder.
+    /// \param options the options of the run: pictures that are outputs of other pictures in the folder are left out,
+    /// so that the inputs are the same before and after a run.
+    /// \throws HostError when the folder does not exist.
     FolderInputs(
         const QString& folder, bool isRecursive, const Shard& shard, const CropOptions& options);
 
@@ -59,17 +59,17 @@ private:
     int nextIndex = 0;
 };
 
-/// A list of inputs in a file: a path on each line, or an object that inputFromJson() reads.
+/// A list of inputs in a file: a path or an object on each line; see inputFrom().
 class ListedInputs final : public Inputs {
 public:
     /// \param path the list; "-" is standard input.
-    /// \param isNulSeparated entries end in a NUL and are paths, whatever they look like.
+    /// \param isNulSeparated whether entries end in NUL; then all of them are paths.
     /// \throws HostError when the list cannot be opened.
     ListedInputs(const QString& path, bool isNulSeparated, const Shard& part);
 
     std::optional<Input> next() override;
 
-    /// The next input, as soon as it has arrived; none when there are no more.
+    /// Waits for the next input; std::nullopt at the end.
     std::optional<Input> waitForNext();
 
     bool isAtEnd() const override { return list.isAtEnd(); }

@@ -17,7 +17,7 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-// Some editors begin a text with it.
+// Some editors write it at the beginning of a text.
 constexpr const char* byteOrderMark = "\xef\xbb\xbf";
 
 int openList(const QString& path)
@@ -36,7 +36,7 @@ int openList(const QString& path)
 } // namespace
 
 ListReader::ListReader(const QString& path, char entrySeparator)
-    : called(host::isStandardStream(path) ? QStringLiteral("standard input") : path)
+    : displayName(host::isStandardStream(path) ? QStringLiteral("standard input") : path)
     , separator(entrySeparator)
     , source(openList(path))
 {
@@ -81,7 +81,7 @@ std::optional<ListEntry> ListReader::waitForNext()
     return entry;
 }
 
-// Whether something has arrived: bytes or the end.
+// Reads what has arrived, without waiting. Returns whether there were bytes or the end.
 bool ListReader::readMore()
 {
     constexpr int mostAtOnce = 1 << 16;
@@ -116,7 +116,7 @@ ListEntry ListReader::take(int size)
 QString ListReader::placeOf(const ListEntry& entry) const
 {
     return QStringLiteral("%1, %2 %3")
-        .arg(called, separator == '\n' ? QStringLiteral("line") : QStringLiteral("entry"))
+        .arg(displayName, separator == '\n' ? QStringLiteral("line") : QStringLiteral("entry"))
         .arg(entry.number);
 }
 

@@ -9,12 +9,12 @@ namespace vxroi {
 
 /// One entry of a list.
 struct ListEntry {
-    QByteArray bytes; ///< without its end
+    QByteArray bytes; ///< without the separator
     qint64 number = 0; ///< from 1
-    bool isTooLong = false; ///< it has more than ListReader::mostBytes, which are not kept
+    bool isTooLong = false; ///< it has more than ListReader::mostBytes and is discarded
 };
 
-/// Takes a list apart into its entries as they arrive, without waiting for more.
+/// Splits a list into its entries as they arrive.
 class ListReader {
 public:
     static constexpr int mostBytes = 1 << 20; ///< of an entry
@@ -28,23 +28,23 @@ public:
     ListReader(const ListReader&) = delete;
     ListReader& operator=(const ListReader&) = delete;
 
-    /// The next entry; none when it has not arrived yet, or there are no more.
-    /// \throws host::HostError when reading fails, or an entry has more than a thousand times mostBytes.
+    /// The next entry, without waiting; std::nullopt when it has not arrived yet, or at the end.
+    /// \throws host::HostError when reading fails, or an entry is longer than a thousand times mostBytes.
     std::optional<ListEntry> next();
 
-    /// The next entry, as soon as it has arrived; none when there are no more.
+    /// Waits for the next entry; std::nullopt at the end.
     /// \throws host::HostError as next().
     std::optional<ListEntry> waitForNext();
 
     bool isAtEnd() const { return hasEnded && unread.isEmpty(); }
 
-    /// What to wait for when there is no next entry yet.
+    /// The descriptor to wait for when the next entry has not arrived yet.
     int descriptor() const { return source; }
 
-    /// The list, for people.
-    const QString& name() const { return called; }
+    /// The name of the list, for messages.
+    const QString& name() const { return displayName; }
 
-    /// Where an entry stands, for people: "list.txt, line 3".
+    /// The place of an entry, for messages: "list.txt, line 3".
     QString placeOf(const ListEntry& entry) const;
 
 private:
@@ -52,14 +52,14 @@ private:
     ListEntry take(int size);
     [[noreturn]] void throwBadList(const QString& reason) const;
 
-    QString called;
+    QString displayName;
     char separator;
     int source;
     QByteArray unread;
-    int searched = 0; ///< bytes of unread that hold no separator
+    int searched = 0; ///< how many bytes of unread are known to contain no separator
     bool hasEnded = false;
     qint64 entryCount = 0;
-    qint64 discardedBytes = 0; ///< of an entry that is too long
+    qint64 discardedBytes = 0; ///< of the current entry, which is too long
 };
 
 } // namespace vxroi

@@ -15,16 +15,15 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-// The variables in which a job scheduler tells a process which of an array of jobs it is. The first
-// job has the number of the variable firstIndex, or firstIndexIfUnset; numbers rise by step.
+// The environment variables in which a job scheduler passes a process its index in an array of jobs. Indices begin at
+// the value of firstIndex, or at firstIndexIfUnset, and increase by step.
 struct ArrayJob {
     const char* index;
     const char* firstIndex;
     int firstIndexIfUnset;
     const char* step;
     const char* count;
-    const char*
-        lastIndex; ///< where it tells no count; without either, it does not say how many jobs there are
+    const char* lastIndex; ///< used without count; without either, the number of jobs is unknown
 };
 
 constexpr std::array<ArrayJob, 8> arrayJobs { {
@@ -48,8 +47,9 @@ int valueOf(const char* variable, int valueIfUnset)
     return isNumber ? value : valueIfUnset;
 }
 
-// Outside of an array Grid Engine says "undefined", and LSF 0.
-bool isIn(const ArrayJob& job)
+// Whether the process belongs to an array of this scheduler. Outside of an array, Grid Engine sets the index to
+// "undefined", and LSF to 0.
+bool isActive(const ArrayJob& job)
 {
     const int index = valueOf(job.index, noNumber);
     return index >= 0 && (index > 0 || job.firstIndexIfUnset == 0 || job.firstIndex != nullptr);
@@ -63,7 +63,7 @@ bool isIn(const ArrayJob& job)
 
 ArrayJob arrayJob(const QString& text)
 {
-    const auto* const job = std::find_if(arrayJobs.begin(), arrayJobs.end(), isIn);
+    const auto* const job = std::find_if(arrayJobs.begin(), arrayJobs.end(), isActive);
     if (job == arrayJobs.end())
         throwNoShard(text, QStringLiteral("not in an array job"));
     return *job;
@@ -86,7 +86,7 @@ Shard shardOfArrayJob(const QString& text)
     return { static_cast<int>((index - first) / step + 1), static_cast<int>(count) };
 }
 
-// Of as many jobs with consecutive numbers, wherever these begin, each gets another part.
+// The shard of a job in an array of \a count jobs. Consecutive indices give different shards, wherever they begin.
 Shard shardOfArrayJobOf(int count, const QString& text)
 {
     const int index = valueOf(arrayJob(text).index, 0);

@@ -35,12 +35,12 @@ HostError namedTwice(const QString& output)
 
 } // namespace
 
-TaskPlan::TaskPlan(const CropOptions& options, const AnalysisOptions& analysis, bool mayListsLeave)
+TaskPlan::TaskPlan(const CropOptions& options, const AnalysisOptions& analysis, bool allowOutside)
     : commonShapes(options.shapes())
     , commonConstraints(options.constraints)
     , suffix(options.writing.suffix())
     , request(options.request(analysis))
-    , areListsConfined(!mayListsLeave)
+    , areListsConfined(!allowOutside)
 {
     requireFewShapes(commonShapes, QStringLiteral("the crop"));
     if (!options.output.empty())

@@ -9,40 +9,40 @@
 
 namespace vxroi {
 
-/// One input of a run, and what its line of a list says of it.
+/// One input of a run, with the settings of its line in a list.
 struct Input {
     QString path;
     QVector<host::CropShape> shapes = {}; ///< empty: those of the run
-    std::optional<host::Constraints> constraints = std::nullopt; ///< none: those of the run
+    std::optional<host::Constraints> constraints = std::nullopt; ///< nullopt: those of the run
     QString map = {}; ///< empty: that of the run
     QString output = {}; ///< empty: that of the run
-    std::optional<host::HostError> failure = std::nullopt; ///< why there is nothing to crop
-    QString request = {}; ///< a hash of what its line says besides the path; empty: nothing
-    QByteArray entry = {}; ///< as its list has it; empty: it is from no list
-    QString place = {}; ///< where it stands in a list, for people; empty: in none
+    std::optional<host::HostError> failure = std::nullopt; ///< why the input cannot be cropped
+    QString request = {}; ///< a hash of the settings in its line; empty: there are none
+    QByteArray entry = {}; ///< its entry in the list, unchanged; empty: it is not from a list
+    QString place = {}; ///< its place in the list, for messages; empty: it is not from a list
 };
 
-/// A task, and what a run must know of it beside.
+/// A task, with what a run needs to keep track of it.
 struct PlannedTask {
     host::CropTask task;
-    QStringList files; ///< its outputs by their canonical paths
-    QString place; ///< of its input in a list, for people; empty: in none
+    QStringList files; ///< the canonical paths of its outputs
+    QString place; ///< the place of its input in a list, for messages; empty: it is not from a list
 };
 
-/// Makes the tasks of a run out of its inputs.
+/// Makes the tasks of a run from its inputs.
 class TaskPlan {
 public:
-    /// \param mayListsLeave whether outputs that lists name may lie outside the current folder.
-    /// \throws host::HostError when the options are wrong.
+    /// \param allowOutside whether outputs named in lists may lie outside the current folder.
+    /// \throws host::HostError when an option is wrong.
     TaskPlan(
-        const CropOptions& options, const AnalysisOptions& analysis, bool mayListsLeave = false);
+        const CropOptions& options, const AnalysisOptions& analysis, bool allowOutside = false);
 
     const QVector<host::CropShape>& shapes() const { return commonShapes; }
 
-    /// \throws host::HostError when the options ask for no crop.
+    /// \throws host::HostError when the options name no shape.
     void requireShapes() const;
 
-    /// The task of an input; a failure is in it, and never thrown.
+    /// The task for an input; a failure is stored in it and never thrown.
     PlannedTask plan(const Input& input) const;
 
 private:
@@ -52,18 +52,21 @@ private:
     host::Constraints commonConstraints;
     std::optional<host::OutputName> commonMap;
     std::optional<host::OutputName> commonOutput;
-    QString suffix; ///< of outputs; empty: as their names say
+    QString suffix; ///< the value of {ext} in outputs; empty: the suffix of the picture
     QString request;
     bool areListsConfined;
 };
 
-/// The output files of a run, each of which belongs to one task.
+/// Makes sure that each output file of a run belongs to only one task.
 class OutputClaims {
 public:
-    /// Claims the outputs of a task; where one belongs to another task, this one fails.
+    /// Claims the outputs of a task; the task fails when another one already has any of them.
     void claim(PlannedTask& planned);
 
+    /// Whether no other task has an output of this one.
     bool areFree(const PlannedTask& planned) const;
+
+    /// Gives up the claim on \a files, which are canonical paths.
     void release(const QStringList& files);
 
 private:

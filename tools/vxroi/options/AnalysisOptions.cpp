@@ -10,7 +10,8 @@ namespace {
 
 const char* const group = "Analysis";
 
-// A preset comes before what changes it, wherever it stands: options are taken in the order in which they are added.
+// Options are applied in the order in which they are added here, so a preset applies before --weight and --tune,
+// wherever it stands on the command line.
 void addSalienceOptions(CLI::App& command, VXCropSettings& salience)
 {
     const auto take = [&salience](const std::string& preset) {

@@ -8,11 +8,11 @@ class App;
 
 namespace vxroi {
 
-/// The options of how a picture is read and analysed.
+/// The options for reading and analysing pictures.
 struct AnalysisOptions {
     host::AnalysisRules rules { VXCropSettings::photo(), {} };
 
-    /// Adds them to a command, whose parsing sets the rules, or throws host::HostError when one is wrong.
+    /// Adds the options to \a command; parsing it sets the rules, or throws host::HostError when a value is wrong.
     void addTo(CLI::App& command);
 };
 

@@ -29,7 +29,7 @@ bool isShare(std::optional<double> number) { return number && *number >= 0 && *n
 
 std::optional<Length> parseLength(const QString& text)
 {
-    // Pixels are whole, shares are not.
+    // A whole number of pixels, or a percentage with up to four decimals.
     static const QRegularExpression pattern(
         QStringLiteral(R"(\A(?:(-?[0-9]{1,9})|(-?[0-9]{1,3}(?:\.[0-9]{1,4})?)%)\z)"));
     const QRegularExpressionMatch match = pattern.match(text);

@@ -11,7 +11,7 @@
 
 namespace vxroi {
 
-/// The words that an option takes, and what they mean.
+/// The words that an option accepts, and the value of each.
 template <typename Value> using Choices = std::vector<std::pair<std::string, Value>>;
 
 /// Refuses a value that is not one of \a names, and suggests the nearest.
@@ -20,10 +20,10 @@ CLI::Validator oneOf(const std::vector<std::string>& names);
 /// Refuses a value that is not a whole number from \a least to \a most.
 CLI::Validator wholeNumber(qint64 least, qint64 most);
 
-/// Refuses an empty name, as an unset variable of a shell gives: without the option, another way is taken.
+/// Refuses an empty file name. An unset shell variable gives one, and ignoring it would silently do something else.
 CLI::Validator namesFile();
 
-/// The word that means \a value; empty when none does.
+/// The word for \a value; empty when there is none.
 template <typename Value> std::string wordFor(const Choices<Value>& choices, const Value& value)
 {
     const auto found = std::find_if(
@@ -31,8 +31,8 @@ template <typename Value> std::string wordFor(const Choices<Value>& choices, con
     return found == choices.end() ? std::string() : found->first;
 }
 
-/// Adds an option whose value is one of the words in \a choices. What \a value holds before is the default, which help shows if
-/// there is a word for it.
+/// Adds an option whose value is one of the words in \a choices. The current \a value is the default; --help shows it
+/// if there is a word for it.
 template <typename Value>
 CLI::Option* addChoice(CLI::App& command, const std::string& name, Value& value,
     const Choices<Value>& choices, const std::string& text)
@@ -51,7 +51,7 @@ CLI::Option* addChoice(CLI::App& command, const std::string& name, Value& value,
         ->default_str(wordFor(choices, value));
 }
 
-/// Adds an option that may be repeated, each time with one value, which \a take gets.
+/// Adds an option that may be repeated, each time with one value, which is passed to \a take.
 template <typename Take>
 CLI::Option* addRepeated(
     CLI::App& command, const std::string& name, const Take& take, const std::string& text)

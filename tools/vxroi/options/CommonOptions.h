@@ -15,23 +15,23 @@ class App;
 
 namespace vxroi {
 
-/// Adds --if-exists to a command that writes a few files: fail or overwrite.
+/// Adds --if-exists with the choices fail and overwrite, for commands that write only a few files.
 void addIfExistsOption(CLI::App& command, host::IfExists& ifExists);
 
-/// Adds --maps, a folder in which maps are kept.
+/// Adds --maps, the folder in which maps are stored.
 void addMapsOption(CLI::App& command, std::string& folder);
 
-/// The maps in a folder; nullptr for an empty name.
-/// \throws host::HostError when there is no such folder and none can be made.
+/// The store of maps in \a folder; null when the name is empty.
+/// \throws host::HostError when the folder does not exist and cannot be created.
 std::shared_ptr<const host::MapStore> mapsIn(const std::string& folder);
 
-/// Adds -q: nothing goes to stderr but the line that says why the command as a whole failed.
+/// Adds --quiet: nothing is written to stderr but the reason why the command as a whole failed.
 void addQuietOption(CLI::App& command, bool& quiet);
 
-/// Adds --keep and --avoid, which are areas as parseArea() reads them.
+/// Adds --keep and --avoid; see parseArea() for their values.
 void addAreaOptions(CLI::App& command, host::Constraints& constraints);
 
-/// A path as it is given on a command line.
+/// Converts a path on the command line, in the system's bytes, to text.
 QString pathFrom(const std::string& argument);
 
 } // namespace vxroi

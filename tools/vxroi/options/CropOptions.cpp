@@ -64,7 +64,7 @@ void CropOptions::addTo(CLI::App& command)
     writing.addTo(command);
 }
 
-// Ratios come first, because sizes of one side follow from them.
+// Ratios are added first, and so parsed first: a size with one side takes the other from them.
 void CropOptions::addShapeOptions(CLI::App& command)
 {
     const auto takeRatios
@@ -73,7 +73,7 @@ void CropOptions::addShapeOptions(CLI::App& command)
         ->type_name("W:H,...");
     const auto takeSize = [this](const std::string& text) {
         sizes += parseSize(QString::fromStdString(text), ratios);
-        areRatiosOfSizes = areRatiosOfSizes || text.front() == 'x' || text.back() == 'x';
+        areRatiosForSizes = areRatiosForSizes || text.front() == 'x' || text.back() == 'x';
     };
     addRepeated(command, "--size", takeSize,
         "size of the crop in pixels, such as 1200x630, or 1200x with --ratio")
@@ -109,7 +109,7 @@ void CropOptions::addOutputOptions(CLI::App& command)
 
 QVector<host::CropShape> CropOptions::shapes() const
 {
-    return areRatiosOfSizes ? sizes : ratios + sizes;
+    return areRatiosForSizes ? sizes : ratios + sizes;
 }
 
 host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const

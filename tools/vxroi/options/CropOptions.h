@@ -14,31 +14,32 @@
 
 namespace vxroi {
 
-/// The options of what is cropped and where it goes.
+/// The options for what is cropped and where the crops are written.
 struct CropOptions {
     QVector<host::CropShape> ratios;
     QVector<host::CropShape> sizes;
-    bool areRatiosOfSizes = false; ///< a size has one side only, and the ratios give the other
+    bool areRatiosForSizes = false; ///< a size has one side, and the ratios only give the other
     std::string output;
     host::Constraints constraints;
     std::string map;
-    std::string maps; ///< empty: maps are not kept
+    std::string maps; ///< a folder; empty: maps are not stored
     host::IfExists ifExists = host::IfExists::Fail;
     host::Fit fit = host::Fit::Smaller;
-    bool upscale = false; ///< whatever \a fit says
+    bool upscale = false; ///< overrides fit
     bool areAllFramesRead = false;
     bool dryRun = false;
     WritingOptions writing;
 
-    /// Adds them to a command, whose parsing sets the members, or throws host::HostError when one is wrong.
+    /// Adds the options to \a command; parsing it sets the members, or throws host::HostError when a value is wrong.
     void addTo(CLI::App& command);
 
+    /// The requested shapes, in order.
     QVector<host::CropShape> shapes() const;
 
-    /// \throws host::HostError when a placeholder of the output is not known, or the folder of maps cannot be made.
+    /// \throws host::HostError when the output has an unknown placeholder, or the folder of maps cannot be created.
     host::CropRules rules(const AnalysisOptions& analysis) const;
 
-    /// A hash of what decides which crops a picture gets: all options but limits and those of single runs, such as
+    /// A hash of the options that determine the results: all but limits and those that concern a single run, such as
     /// --if-exists.
     QString request(const AnalysisOptions& analysis) const;
 

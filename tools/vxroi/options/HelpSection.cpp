@@ -12,7 +12,7 @@ void addHelpSection(
     for (const host::Explanation& one : explanations)
         section += (QStringLiteral("  ") + one.name).leftJustified(nameWidth) + one.text
             + QLatin1Char('\n');
-    // What the program says below every help, its exit codes, stays last.
+    // The program's footer, with the exit codes, stays last.
     const std::string common = command.get_parent()->get_footer();
     const std::string own = command.get_footer();
     const std::string others = own.substr(0, own.size() - common.size());

@@ -10,7 +10,7 @@ class App;
 
 namespace vxroi {
 
-/// Adds to the --help of \a command, below its options, a list of names that stand in their values.
+/// Adds a section to the --help of \a command, below its options: a list of names that values may contain.
 void addHelpSection(
     CLI::App& command, const char* heading, const QVector<host::Explanation>& explanations);
 

@@ -15,7 +15,7 @@ using host::Explanation;
 using host::HostError;
 using HistogramTuning = VXCropSettings::HistogramTuning;
 
-// "name=value", taken apart at the sign.
+// "name=value", split at the equals sign.
 struct Assignment {
     explicit Assignment(const QString& text)
         : name(text.section(QLatin1Char('='), 0, 0))
@@ -34,7 +34,7 @@ double numberIn(const QString& text, bool& isNumber, double /*kind*/)
     return text.toDouble(&isNumber);
 }
 
-// The entry of that name; none when the table has none.
+// The entry called \a name; null when the table has none.
 template <typename Table> auto find(const Table& table, const QString& name)
 {
     const auto found = std::find_if(table.begin(), table.end(),
@@ -42,7 +42,7 @@ template <typename Table> auto find(const Table& table, const QString& name)
     return found == table.end() ? nullptr : &*found;
 }
 
-// Nothing when the name is not in the table.
+// Sets the named setting; returns false when the table does not contain it.
 template <typename Table>
 bool assign(const Table& table, const Assignment& assignment, HistogramTuning& tuning)
 {

@@ -11,22 +11,22 @@
 namespace vxroi {
 
 /// The settings called \a name, one of presetNames().
-/// \throws host::HostError when there are none.
+/// \throws host::HostError when there is no such preset.
 VXCropSettings presetCalled(const QString& name);
 
 /// "photo", the default, and "library".
 QStringList presetNames();
 
-/// What the presets are for, the methods find and the settings of the histogram method do.
+/// The presets, the methods and the settings of the histogram method, with explanations.
 QVector<host::Explanation> explainedPresets();
 QVector<host::Explanation> explainedMethods();
 QVector<host::Explanation> explainedTunings();
 
-/// Changes one weight, given as "sobel=20".
+/// Sets one weight, given as "sobel=20".
 /// \throws host::HostError when \a text names no method, or its value is not between ±1000.
 void setWeight(VXCropSettings& settings, const QString& text);
 
-/// Changes one setting of the histogram method, given as "bins1=32".
+/// Sets one setting of the histogram method, given as "bins1=32".
 /// \throws host::HostError when \a text names no setting, or its value is out of range.
 void tune(VXCropSettings& settings, const QString& text);
 

@@ -15,7 +15,7 @@ using host::CropShape;
 using host::ExitCode;
 using host::HostError;
 
-// In ten-thousandths, so that the four digits after the point are exact.
+// A decimal number in ten-thousandths, which represent four decimals exactly.
 int tenThousandths(const QString& whole, const QString& fraction)
 {
     return (whole + fraction.leftJustified(4, QLatin1Char('0'))).toInt();

@@ -9,10 +9,11 @@ namespace vxroi {
 
 namespace {
 
-// Of the first letters of one text, as many as a row's number, to those of another, as many as the column's.
+// At row i and column j, the edit distance between the first i letters of one text and the first j of the other.
 using Distances = QVector<QVector<int>>;
 
-// \param known what the table holds of all that are shorter.
+// The entry of the table for two prefixes.
+// \param known the table, filled for all shorter prefixes.
 int distanceOf(const QStringRef& one, const QStringRef& other, const Distances& known)
 {
     const int i = one.size();
@@ -26,8 +27,8 @@ int distanceOf(const QStringRef& one, const QStringRef& other, const Distances& 
     return isExchanged ? std::min(least, known[i - 2][j - 2] + 1) : least;
 }
 
-// A single letter begins too many names.
-bool isBegunBy(const QString& name, const QString& start)
+// Whether \a name begins with \a start. A single letter is not enough: too many names would match.
+bool isCompletionOf(const QString& name, const QString& start)
 {
     return start.size() > 1 && name.startsWith(start);
 }
@@ -55,7 +56,7 @@ QString nearestName(const QString& wrong, const QStringList& names)
     QString nearest;
     int least = std::numeric_limits<int>::max();
     for (const QString& name : names) {
-        const int distance = isBegunBy(name, written) ? 0 : editDistance(written, name);
+        const int distance = isCompletionOf(name, written) ? 0 : editDistance(written, name);
         if (distance < least && isNear(written, name, distance)) {
             nearest = name;
             least = distance;

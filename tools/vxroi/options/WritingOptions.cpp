@@ -30,7 +30,7 @@ std::vector<std::string> formatNames()
     return names;
 }
 
-// Opacity comes last, as on the web; Qt has it first.
+// Opacity comes last in "#rrggbbaa", as in CSS; Qt expects it first.
 QColor parseColour(const QString& text)
 {
     constexpr int withOpacity = 9; // "#rrggbbaa"

@@ -10,17 +10,17 @@ class App;
 
 namespace vxroi {
 
-/// The options of how pictures are written.
+/// The options for writing pictures.
 struct WritingOptions {
     host::WritingRules rules;
 
-    /// Adds them to a command, whose parsing sets the rules, or throws host::HostError when one is wrong.
+    /// Adds the options to \a command; parsing it sets the rules, or throws host::HostError when a value is wrong.
     void addTo(CLI::App& command);
 
-    /// What {ext} stands for in names of outputs; empty: the suffix of the picture.
+    /// The value of {ext} in names of outputs; empty: the suffix of the picture.
     QString suffix() const;
 
-    /// All of them.
+    /// All options, for the hash of a request.
     QJsonObject toJson() const;
 };
 

@@ -9,7 +9,7 @@ namespace vxroi {
 
 namespace {
 
-// The command that was named; none when none was.
+// The command that the user named; null when there was none.
 const CLI::App* commandOf(const CLI::App& app)
 {
     const std::vector<CLI::App*> named = app.get_subcommands();
@@ -21,14 +21,14 @@ QString programOf(const CLI::App& command)
     return QStringLiteral("vxroi ") + QString::fromStdString(command.get_name());
 }
 
-// The names of the commands; of those that have an option, if one is given.
+// The names of all commands, or only of those that have \a option.
 QStringList commandNames(const CLI::App& app, const QString& option = {})
 {
     QStringList names;
     for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
-        const bool isMeant
+        const bool isListed
             = option.isEmpty() || command->get_option_no_throw(option.toStdString()) != nullptr;
-        if (isMeant)
+        if (isListed)
             names.append(QString::fromStdString(command->get_name()));
     }
     return names;
@@ -44,8 +44,8 @@ QStringList optionNames(const CLI::App& command)
     return names;
 }
 
-// The first word that nothing takes.
-QString leftWordOf(const CLI::App& command)
+// The first word that is neither an option nor an argument of \a command.
+QString firstUnusedWord(const CLI::App& command)
 {
     for (const std::string& word : command.remaining()) {
         if (word != "--")
@@ -54,10 +54,10 @@ QString leftWordOf(const CLI::App& command)
     return QString();
 }
 
-// A dash alone is a standard stream.
+// A dash alone is not an option but a standard stream.
 bool isOption(const QString& word) { return word.size() > 1 && word.startsWith(QLatin1Char('-')); }
 
-// Without a value.
+// The option in a word such as "--size=9x9", without its value.
 QString optionIn(const QString& word) { return word.section(QLatin1Char('='), 0, 0); }
 
 QString unknownOption(const CLI::App& command, const QString& option)
@@ -92,7 +92,7 @@ QString complaintWithin(const CLI::App& command, const QString& word)
                                   .arg(option, alternatives(owners), programOf(command));
 }
 
-// What a command needs or does not take together, and an empty text when that is all right.
+// A complaint about an option that is missing, lacks another, or excludes another; empty when there is none.
 QString complaintOfMissing(const CLI::App& command)
 {
     for (const CLI::Option* option : command.get_options()) {
@@ -115,7 +115,7 @@ QString complaintOfMissing(const CLI::App& command)
     return QString();
 }
 
-// An option without its value, or with more than one.
+// A complaint about an option that has no value, or more than one.
 QString complaintOfValues(const CLI::App& command, const CLI::ArgumentMismatch& error)
 {
     const std::string text = error.what();
@@ -128,7 +128,7 @@ QString complaintOfValues(const CLI::App& command, const CLI::ArgumentMismatch& 
                       : QStringLiteral(": its value is missing"));
 }
 
-// Values of options have been checked before; a switch that is given one has not.
+// A complaint about a switch that is given a value. Values of other options have already been checked.
 QString complaintOfSwitches(const CLI::App& command)
 {
     for (const CLI::Option* option : command.get_options()) {
@@ -143,13 +143,13 @@ QString complaintOfSwitches(const CLI::App& command)
 
 QString complaintOf(const CLI::App& app, const CLI::ParseError& error)
 {
-    const QString strayWord = leftWordOf(app);
+    const QString strayWord = firstUnusedWord(app);
     if (!strayWord.isEmpty())
         return complaintBeforeCommand(app, strayWord);
     const CLI::App* const command = commandOf(app);
     if (command == nullptr)
         return QStringLiteral("no command given; ") + suggestion(QString(), commandNames(app));
-    const QString word = leftWordOf(*command);
+    const QString word = firstUnusedWord(*command);
     if (!word.isEmpty())
         return complaintWithin(*command, word);
     if (const auto* const mismatch = dynamic_cast<const CLI::ArgumentMismatch*>(&error))
@@ -162,7 +162,7 @@ QString complaintOf(const CLI::App& app, const CLI::ParseError& error)
 
 QString withHelp(const QString& complaint, const CLI::App& app)
 {
-    // Some remedies name it.
+    // Some remedies already name --help.
     if (complaint.contains(QLatin1String("--help")))
         return complaint;
     const CLI::App* const command = commandOf(app);

@@ -9,11 +9,11 @@ class ParseError;
 
 namespace vxroi {
 
-/// What is wrong with a command line that \a app refused with \a error, with the nearest right name where a
-/// name is wrong: "--raito: no such option; did you mean --ratio?".
+/// Explains why \a app refused the command line with \a error, and suggests the nearest name where a name is wrong:
+/// "--raito: no such option; did you mean --ratio?".
 QString complaintOf(const CLI::App& app, const CLI::ParseError& error);
 
-/// \a complaint about a command line with the --help that tells more: that of the command that it names.
+/// \a complaint with a pointer to the --help of the command, or of the program when no command is named.
 QString withHelp(const QString& complaint, const CLI::App& app);
 
 } // namespace vxroi

@@ -19,7 +19,7 @@ namespace {
 using host::ExitCode;
 using host::HostError;
 
-// A path as a list has it: an object where a path alone would be read otherwise.
+// A path as an entry of a list: as an object where the bare path would be misread.
 QByteArray entryOf(const QString& path, char end)
 {
     const QByteArray name = host::bytesOfName(path);
@@ -88,7 +88,7 @@ void Merge::forEachInput(const std::function<void(const Input&)>& visit) const
     }
 }
 
-// Without a list, the inputs are those that have records, in the order in which a folder has them.
+// Without a list or a folder, the inputs are those of the records, in the order of picturesIn().
 QVector<Input> Merge::recordedInputs() const
 {
     QVector<Input> inputs;
@@ -114,7 +114,7 @@ QVector<Input> Merge::recordedInputs() const
 bool Merge::isOutput(const QString& path) const
 {
     return std::any_of(parts.begin(), parts.end(),
-        [&path](const Part& part) { return part.records->nameOutput(path); });
+        [&path](const Part& part) { return part.records->containsOutput(path); });
 }
 
 void Merge::add(const Input& input)
@@ -123,14 +123,14 @@ void Merge::add(const Input& input)
     if (!found) {
         ++missingCount;
         say(input.path + QStringLiteral(": has no record"));
-        runAgain(input);
+        addToRerunList(input);
         return;
     }
     requireSameRun(*found);
     noteOutputs(found->record);
     merged.write(found->line);
-    if (found->isDouble) {
-        ++doubleCount;
+    if (found->isDuplicate) {
+        ++duplicateCount;
         say(input.path
             + QStringLiteral(": has several records; that of %1 is taken").arg(found->part));
     }
@@ -139,26 +139,26 @@ void Merge::add(const Input& input)
         ++failures[error.value(QLatin1String("code")).toInt()];
         say(QStringLiteral("%1: %2; %3")
                 .arg(input.path, textIn(error, "reason"), textIn(error, "remedy")));
-        runAgain(input);
+        addToRerunList(input);
     } else {
         ++okCount;
     }
 }
 
-// Of several records one that has not failed is taken, and of those that of the last part.
+// Of several records, a successful one is preferred to a failed one, and a later part to an earlier one.
 std::optional<Merge::Found> Merge::find(const Input& input) const
 {
     std::optional<Found> best;
     for (const Part& part : parts) {
-        const QVector<IndexedRecord> records = part.records->of(input.path);
+        const QVector<IndexedRecord> records = part.records->recordsOf(input.path);
         std::for_each(records.rbegin(), records.rend(), [&](const IndexedRecord& record) {
             if (textIn(record.object, "line") != input.request)
                 return;
             const bool isBetter = !best || hasFailed(best->record) || !hasFailed(record.object);
-            const bool isDouble = best.has_value();
+            const bool isDuplicate = best.has_value();
             if (isBetter)
                 best = Found { record.line, record.object, part.file.fileName() };
-            best->isDouble = isDouble;
+            best->isDuplicate = isDuplicate;
         });
     }
     return best;
@@ -179,7 +179,7 @@ void Merge::requireSameRun(const Found& found)
     }
 }
 
-void Merge::runAgain(const Input& input)
+void Merge::addToRerunList(const Input& input)
 {
     if (!again)
         return;
@@ -187,7 +187,7 @@ void Merge::runAgain(const Input& input)
     again->write((input.entry.isEmpty() ? entryOf(input.path, end) : input.entry) + end);
 }
 
-// Parts do not know the outputs of each other, so that one may have replaced another's.
+// Parts run without knowing each other's outputs, so one may have replaced an output of another.
 void Merge::noteOutputs(const QJsonObject& record)
 {
     for (const QString& output : writtenOutputsOf(record)) {
@@ -218,12 +218,12 @@ QString Merge::summary() const
     const QString byCode = codes.isEmpty()
         ? QString()
         : QStringLiteral(" (%1)").arg(codes.join(QStringLiteral(", ")));
-    return QStringLiteral("%1 ok, %2 failed%3, %4 missing, %5 double")
+    return QStringLiteral("%1 ok, %2 failed%3, %4 missing, %5 duplicate")
         .arg(okCount)
         .arg(failedCount)
         .arg(byCode)
         .arg(missingCount)
-        .arg(doubleCount);
+        .arg(duplicateCount);
 }
 
 } // namespace vxroi

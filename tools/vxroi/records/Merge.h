@@ -16,7 +16,7 @@
 
 namespace vxroi {
 
-/// One run of `vxroi merge`. Records stay in their files until they are copied.
+/// One run of `vxroi merge`. Records are read from their files when they are copied, so that they need no memory.
 class Merge {
 public:
     /// \throws host::HostError when a file cannot be read or created.
@@ -34,7 +34,7 @@ private:
         QByteArray line;
         QJsonObject record;
         QString part; ///< the file that it is in
-        bool isDouble = false;
+        bool isDuplicate = false;
     };
 
     void forEachInput(const std::function<void(const Input&)>& visit) const;
@@ -43,7 +43,7 @@ private:
     void add(const Input& input);
     std::optional<Found> find(const Input& input) const;
     void requireSameRun(const Found& found);
-    void runAgain(const Input& input);
+    void addToRerunList(const Input& input);
     void noteOutputs(const QJsonObject& record);
     void say(const QString& text) const;
     QString summary() const;
@@ -52,14 +52,14 @@ private:
     std::deque<Part> parts;
     host::OutputFile merged;
     std::optional<host::OutputFile> again;
-    QJsonObject first; ///< the record that all others must go with
-    QMap<int, qint64> failures; ///< by their code
+    QJsonObject first; ///< the first record, whose version and request all others must have
+    QMap<int, qint64> failures; ///< their number by exit code
     qint64 okCount = 0;
     qint64 missingCount = 0;
-    qint64 doubleCount = 0;
+    qint64 duplicateCount = 0;
     qint64 damagedBytes = 0;
-    std::unordered_set<std::size_t> outputs; ///< by hashes of their names
-    qint64 clashCount = 0; ///< outputs that two pictures have
+    std::unordered_set<std::size_t> outputs; ///< hashes of all outputs
+    qint64 clashCount = 0; ///< outputs that belong to two pictures
 };
 
 } // namespace vxroi

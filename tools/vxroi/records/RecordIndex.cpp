@@ -27,14 +27,14 @@ bool isBefore(const RecordPlace& one, const RecordPlace& other)
     return one.offset < other.offset;
 }
 
-// Whether \a line may be what is left of a record: its first part, and zeros where the rest did not reach the disk.
+// Whether \a line may be a record damaged by a crash: its beginning, and zeros where the rest did not reach the disk.
 bool isDamagedRecord(const QByteArray& line)
 {
     const int zeros = line.indexOf('\0');
     const bool isCutShort = zeros != -1 || !line.endsWith('\n');
     const QByteArray begin = zeros == -1 ? line : line.left(zeros);
-    const auto fits = [&begin](const QByteArray& ofRecord) {
-        return begin.startsWith(ofRecord) || ofRecord.startsWith(begin);
+    const auto fits = [&begin](const QByteArray& recordStart) {
+        return begin.startsWith(recordStart) || recordStart.startsWith(begin);
     };
     return isCutShort && (fits(R"({"crops":[)") || fits(R"({"error":{"code":)"));
 }
@@ -83,7 +83,8 @@ std::size_t RecordIndex::hashOf(const QString& text)
 RecordIndex::RecordIndex(QFile& openFile)
     : file(openFile)
 {
-    constexpr qint64 mostBytes = 1 << 24; // of a line; zeros may have no end
+    constexpr qint64 mostBytes = 1
+        << 24; // of a line: after a crash, zeros may go on without a newline
     struct stat status = {};
     if (fstat(file.handle(), &status) == 0)
         modifiedSeconds = status.st_mtim.tv_sec;
@@ -142,7 +143,7 @@ std::vector<RecordIndex::Entry>::const_iterator RecordIndex::firstOf(std::size_t
         [](const Entry& entry, std::size_t value) { return entry.pathHash < value; });
 }
 
-QVector<IndexedRecord> RecordIndex::of(const QString& path) const
+QVector<IndexedRecord> RecordIndex::recordsOf(const QString& path) const
 {
     QVector<IndexedRecord> records;
     const std::size_t hash = hashOf(path);
@@ -155,7 +156,7 @@ QVector<IndexedRecord> RecordIndex::of(const QString& path) const
     return records;
 }
 
-// Reads without a position in the file, which threads would share.
+// Reads by pread(), because threads would share the position in the file.
 QByteArray RecordIndex::lineAt(const RecordPlace& place) const
 {
     QByteArray line(static_cast<int>(place.size), '\0');
@@ -164,12 +165,12 @@ QByteArray RecordIndex::lineAt(const RecordPlace& place) const
     return count == line.size() ? line : QByteArray();
 }
 
-void RecordIndex::see(const QString& path)
+void RecordIndex::markSeen(const QString& path)
 {
     const std::size_t hash = hashOf(path);
     const auto index = static_cast<std::size_t>(firstOf(hash) - entries.begin());
     if (index < entries.size() && entries[index].pathHash == hash)
-        entries[index].isSeen = true; // the first of its path stands for all
+        entries[index].isSeen = true; // only the first entry of a path is marked
 }
 
 QStringList RecordIndex::outputsOutside(std::vector<RecordPlace> parts) const

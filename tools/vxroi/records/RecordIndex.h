@@ -11,7 +11,7 @@
 
 namespace vxroi {
 
-/// Where a record stands in its file, in bytes; its line has an end.
+/// The place of a record in its file, in bytes. The size includes the newline.
 struct RecordPlace {
     qint64 offset = 0;
     qint64 size = 0;
@@ -20,52 +20,56 @@ struct RecordPlace {
 struct IndexedRecord {
     QJsonObject object;
     RecordPlace place;
-    QByteArray line; ///< with its end
+    QByteArray line; ///< with its newline
 };
 
-/// The records in a file, by their inputs.
+/// An index of the records in a file, by the paths of their inputs.
 class RecordIndex {
 public:
-    /// Reads the file. Half a record and zeros, which a crash leaves, are passed over.
-    /// \param openFile open for reading; it must live longer.
-    /// \throws host::HostError when it holds anything else, or cannot be read.
+    /// Reads the file. Incomplete records and zeros, which a crash leaves, are skipped.
+    /// \param openFile open for reading; must outlive this object.
+    /// \throws host::HostError when the file contains anything else, or cannot be read.
     explicit RecordIndex(QFile& openFile);
 
-    /// Cuts off what is damaged at the end of the file, which is open for writing.
+    /// Truncates the file, which must be open for writing, after the last intact record.
     /// \throws host::HostError when that fails.
     void cutDamagedEnd();
 
-    /// Those of the input at \a path, the newest first. May be called in any thread.
-    QVector<IndexedRecord> of(const QString& path) const;
+    /// The records of the input at \a path, the newest first. May be called from any thread.
+    QVector<IndexedRecord> recordsOf(const QString& path) const;
 
-    /// Notes that the input at \a path is still on the list.
-    void see(const QString& path);
+    /// Marks the input at \a path as still in the list.
+    void markSeen(const QString& path);
 
-    /// Whether one of them names \a output as written. May be called in any thread.
-    bool nameOutput(const QString& output) const { return outputHashes.count(hashOf(output)) > 0; }
+    /// Whether a record names \a output as written. May be called from any thread.
+    bool containsOutput(const QString& output) const
+    {
+        return outputHashes.count(hashOf(output)) > 0;
+    }
 
-    /// The outputs that those name which stand in none of \a parts.
+    /// The outputs named by records that lie in none of \a parts.
     QStringList outputsOutside(std::vector<RecordPlace> parts) const;
 
-    /// How many inputs that have records were not seen.
+    /// The number of inputs with records that were not marked by markSeen().
     qint64 unseenCount() const;
 
-    /// All records, in the order of the file.
+    /// The places of all records, in the order of the file.
     QVector<RecordPlace> places() const;
 
-    /// The line of a record, with its end. May be called in any thread.
+    /// The line of a record, with its newline. May be called from any thread.
     QByteArray lineAt(const RecordPlace& place) const;
 
-    /// When the file was last written, in seconds since 1970.
+    /// The modification time of the file when it was read, in seconds since 1970.
     qint64 modified() const { return modifiedSeconds; }
 
-    /// What it knows a path or an output by.
+    /// The hash that the index stores for a path or an output.
     static std::size_t hashOf(const QString& text);
 
+    /// The number of bytes that were skipped as damaged.
     qint64 damagedBytes() const { return damaged; }
 
-    /// Where the last record ends in the file, in bytes; those that are added stand after it.
-    qint64 endOfLast() const { return end; }
+    /// The offset in bytes at which the last record ends; records that are appended later begin at or after it.
+    qint64 endOfRecords() const { return end; }
 
 private:
     struct Entry {
@@ -79,21 +83,22 @@ private:
 
     QFile& file;
     qint64 end = 0; ///< of the last record
-    std::vector<Entry> entries; ///< by hash, then by place
+    std::vector<Entry> entries; ///< sorted by hash, then by place
     std::unordered_set<std::size_t> outputHashes;
     qint64 damaged = 0;
     qint64 modifiedSeconds = 0;
 };
 
-/// Whether a line of a file is a record: an object with a path and a status.
+/// Whether \a object is a record: it has a path and a status.
 bool isRecord(const QJsonObject& object);
 
-/// The text that a record has under \a key; empty: none.
+/// The text in \a object under \a key; empty when there is none.
 QString textIn(const QJsonObject& object, const char* key);
 
+/// Whether the picture of \a record failed.
 bool hasFailed(const QJsonObject& record);
 
-/// What a record has under "output" of each crop.
+/// The "output" objects of all crops of a record.
 QVector<QJsonObject> outputsOf(const QJsonObject& record);
 
 /// The outputs that a record names as written.

@@ -8,15 +8,15 @@
 
 namespace vxroi {
 
-/// The records in a file that `vxroi batch` or `crop --json` wrote, one after the other.
+/// Reads the records in a file written by `vxroi batch` or `crop --json`, one after another.
 class RecordLines {
 public:
     /// \param path the file; "-" is standard input.
     /// \throws host::HostError when it cannot be opened.
     explicit RecordLines(const QString& path);
 
-    /// The next record, or none at the end; empty lines are left out.
-    /// \throws host::HostError when the next line is no record, or cannot be read.
+    /// The next record; std::nullopt at the end. Empty lines are skipped.
+    /// \throws host::HostError when the next line is not a record, or cannot be read.
     std::optional<host::CropRecord> next();
 
 private:

@@ -8,7 +8,7 @@ namespace vxroi {
 
 namespace {
 
-// Where a picture that fills a box of the window's shape must lie in it to show the window.
+// The CSS object-position that shows the window when the picture covers a box of the window's shape.
 QString objectPositionOf(const QRect& window, const QSize& picture)
 {
     const auto percent = [](int start, int room) {
@@ -19,7 +19,7 @@ QString objectPositionOf(const QRect& window, const QSize& picture)
             percent(window.y(), picture.height() - window.height()));
 }
 
-// Both shares of the picture, as --focus takes them.
+// The focus in the form that --focus takes.
 QString focusOf(const VXCropWindow& chosen)
 {
     return QStringLiteral("%1,%2")
@@ -27,19 +27,19 @@ QString focusOf(const VXCropWindow& chosen)
         .arg(chosen.focus.y(), 0, 'f', 4);
 }
 
-QString textOf(const VXCropWindow& chosen, const QSize& picture, RecordPrinter::Output emitted)
+QString textOf(const VXCropWindow& chosen, const QSize& picture, RecordPrinter::Output output)
 {
-    if (emitted == RecordPrinter::Output::Css)
+    if (output == RecordPrinter::Output::Css)
         return objectPositionOf(chosen.window, picture);
-    return emitted == RecordPrinter::Output::Focus ? focusOf(chosen)
-                                                   : host::geometryOf(chosen.window);
+    return output == RecordPrinter::Output::Focus ? focusOf(chosen)
+                                                  : host::geometryOf(chosen.window);
 }
 
 } // namespace
 
-RecordPrinter::RecordPrinter(Output outputUnlessAsked)
-    : emitted(outputUnlessAsked)
-    , unlessAsked(outputUnlessAsked)
+RecordPrinter::RecordPrinter(Output outputByDefault)
+    : output(outputByDefault)
+    , defaultOutput(outputByDefault)
 {
 }
 
@@ -49,12 +49,12 @@ void RecordPrinter::addTo(CLI::App& command)
         = command.add_flag("--json", json, "print one record for each picture, as JSON");
     const Choices<Output> choices { { "geometry", Output::Geometry }, { "css", Output::Css },
         { "focus", Output::Focus } };
-    addChoice(command, "--emit", emitted, choices,
+    addChoice(command, "--emit", output, choices,
         "print crops as geometry, WxH+X+Y in pixels, as css, object-position, or as focus, FX,FY")
         ->excludes(record);
 }
 
-bool RecordPrinter::isAsked() const { return json || emitted != unlessAsked; }
+bool RecordPrinter::isRequested() const { return json || output != defaultOutput; }
 
 QByteArray RecordPrinter::linesOf(const host::CropRecord& record, bool isOnlyLine) const
 {
@@ -67,7 +67,7 @@ QByteArray RecordPrinter::linesOf(const host::CropRecord& record, bool isOnlyLin
         if (!isOnlyLine)
             lines += host::bytesOfName(host::onOneLine(record.path)) + '\t' + crop.shape.toUtf8()
                 + '\t';
-        lines += textOf(crop.chosen, record.oriented, emitted).toUtf8() + '\n';
+        lines += textOf(crop.chosen, record.oriented, output).toUtf8() + '\n';
     }
     return lines;
 }

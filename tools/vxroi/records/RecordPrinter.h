@@ -10,37 +10,37 @@ class App;
 
 namespace vxroi {
 
-/// Says what became of pictures, in the words that --json and --emit ask for.
+/// Prints the results for pictures in the form that --json and --emit select.
 class RecordPrinter {
 public:
     enum class Output {
         Json, ///< the record
-        Geometry, ///< of windows: WxH+X+Y
-        Css, ///< object-position
-        Focus, ///< FX,FY
+        Geometry, ///< the window of each crop: WxH+X+Y
+        Css, ///< the object-position of each crop
+        Focus, ///< the focus of each crop: FX,FY
     };
 
-    /// \param unlessAsked what is printed when neither option is given.
-    explicit RecordPrinter(Output unlessAsked);
+    /// \param defaultOutput the form when neither option is given.
+    explicit RecordPrinter(Output defaultOutput);
 
-    /// Adds both options, of which a command line has one.
+    /// Adds both options, which exclude each other.
     void addTo(CLI::App& command);
 
-    /// Whether a record is printed for each picture, also for one that failed.
-    bool isJsonWanted() const { return json || emitted == Output::Json; }
+    /// Whether a record is printed for each picture, including those that failed.
+    bool isJsonWanted() const { return json || output == Output::Json; }
 
     /// Whether one of the options is given.
-    bool isAsked() const;
+    bool isRequested() const;
 
-    /// \a record as a line of JSON, or a line for the window of each of its crops. What was skipped has no window.
-    /// \param isOnlyLine whether it is clear which picture and which shape a window is of; otherwise the line
-    /// begins with both.
+    /// \a record as a line of JSON, or as one line for each of its crops; skipped crops give no line.
+    /// \param isOnlyLine whether the command prints only one line; otherwise each line begins with the picture and the
+    /// shape.
     QByteArray linesOf(const host::CropRecord& record, bool isOnlyLine = false) const;
 
 private:
     bool json = false;
-    Output emitted;
-    Output unlessAsked;
+    Output output;
+    Output defaultOutput;
 };
 
 } // namespace vxroi

@@ -28,7 +28,7 @@ QJsonObject jsonOf(const QMap<QString, qint64>& counts)
 
 double toMilliseconds(double seconds) { return std::round(seconds * 1000) / 1000; }
 
-// The value that a share of all is not above.
+// The smallest value that at least \a share of all values do not exceed.
 double quantile(std::vector<double> values, double share)
 {
     const auto rank
@@ -119,11 +119,11 @@ void TimingStatistics::add(const QString& path)
 
 QJsonObject TimingStatistics::toJson() const
 {
-    constexpr double nearlyAll = 0.95;
+    constexpr double percentile95 = 0.95;
     return { { QStringLiteral("pictures"), static_cast<qint64>(seconds.size()) },
         { QStringLiteral("picturesPerSecond"), std::round(picturesPerSecond * 10) / 10 },
         { QStringLiteral("medianSeconds"), toMilliseconds(quantile(seconds, 0.5)) },
-        { QStringLiteral("seconds95"), toMilliseconds(quantile(seconds, nearlyAll)) },
+        { QStringLiteral("seconds95"), toMilliseconds(quantile(seconds, percentile95)) },
         { QStringLiteral("longestSeconds"), toMilliseconds(longestSeconds) },
         { QStringLiteral("longest"), longest } };
 }

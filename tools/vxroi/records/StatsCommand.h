@@ -18,11 +18,11 @@ struct StatsArguments {
     bool json = false;
 };
 
-/// Adds the command to the program's; its callback runs it.
+/// Adds the command to \a app; its callback runs it.
 void addStatsCommand(CLI::App& app, StatsArguments& arguments);
 
-/// Sums up what became of the pictures of batches, and how long they took.
-/// \throws host::HostError when a file cannot be read, or holds something else.
+/// Prints a summary of the records of batches, and of their timings.
+/// \throws host::HostError when a file cannot be read, or contains something else.
 void runStats(const StatsArguments& arguments);
 
 } // namespace vxroi

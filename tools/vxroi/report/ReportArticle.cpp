@@ -32,7 +32,7 @@ QString headRow()
     return QStringLiteral("<thead><tr>%1</tr></thead>\n").arg(cells);
 }
 
-// Narrow screens show each row as a list, where every cell tells its column.
+// Narrow screens show each row as a list, so every cell carries the name of its column.
 QString rowOf(const std::array<QString, columns.size()>& texts)
 {
     QString cells;
@@ -61,7 +61,7 @@ QString numbersOf(const CropRecord& record)
     return QStringLiteral("<table>\n%1<tbody>\n%2</tbody></table>\n").arg(headRow(), rows);
 }
 
-// How the picture was analysed, and by which version: records of several runs may be on one page.
+// The size, the version and the settings; a page may show records of several runs.
 QString originOf(const CropRecord& record)
 {
     QStringList parts;
@@ -88,7 +88,7 @@ QString outputsOf(const CropRecord& record)
     return outputs;
 }
 
-// It stands before the views, so that their style can depend on it.
+// The checkbox precedes the views, so that a CSS selector can make them depend on it.
 QString heatControl(int position)
 {
     return QStringLiteral(

@@ -6,8 +6,8 @@
 
 namespace vxroi {
 
-/// The article of \a entry: HTML with its pictures in it.
-/// \param position its place in the order given.
+/// The article for \a entry: HTML with its pictures embedded.
+/// \param position the index of the entry in the order given, from 0.
 QByteArray articleOf(const ReportEntry& entry, int position);
 
 } // namespace vxroi

@@ -23,14 +23,14 @@ namespace {
 
 using host::ExitCode;
 
-QByteArray partCalled(const char* name)
+QByteArray pagePart(const char* name)
 {
     QFile part(QStringLiteral(":/report/") + QLatin1String(name));
     part.open(QIODevice::ReadOnly);
     return part.readAll();
 }
 
-// One page, written as its articles become ready.
+// One page, to which articles are written in order as they are finished.
 class Page {
 public:
     explicit Page(const ReportArguments& arguments)
@@ -45,7 +45,7 @@ public:
     ExitCode run()
     {
         host::startEngine();
-        file.write(partCalled("head.html") + pageStyle() + partCalled("controls.html"));
+        file.write(pagePart("head.html") + pageStyle() + pagePart("controls.html"));
         while (const auto makeEntry = source->next()) {
             work.begin([position = count++, makeEntry = *makeEntry]() -> Article {
                 const ReportEntry entry = makeEntry();
@@ -90,7 +90,7 @@ private:
                        .arg(failed)
                        .arg(QStringLiteral(VXROI_VERSION))
                        .toUtf8()
-            + partCalled("tail.html"));
+            + pagePart("tail.html"));
         file.commit(mayReplace);
         return failed > 0 ? ExitCode::SomeFailed : ExitCode::Success;
     }
@@ -104,8 +104,8 @@ private:
     OrderedWork<Article> work;
 };
 
-// Records have been analysed already, and nothing would come of an option that says how.
-void requireNoChoice(const CLI::App& report)
+// The pictures of records have already been analysed, so options of the analysis would have no effect.
+void requireNoAnalysisOptions(const CLI::App& report)
 {
     for (const char* const option :
         { "--recursive", "--ratio", "--methods", "--preset", "--weight", "--tune" }) {
@@ -150,7 +150,7 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
     arguments.analysis.addTo(*report);
     report->callback([&, report] {
         if (!arguments.from.empty())
-            requireNoChoice(*report);
+            requireNoAnalysisOptions(*report);
         exitCode = runReport(arguments);
     });
 }

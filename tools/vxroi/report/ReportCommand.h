@@ -14,24 +14,24 @@ namespace vxroi {
 
 /// The command line of `vxroi report`, as given.
 struct ReportArguments {
-    std::vector<std::string> inputs; ///< pictures, and folders of them; none: records are named
+    std::vector<std::string> inputs; ///< pictures and folders; empty: records are shown
     bool recursive = false;
-    std::string from; ///< a file of records, "-" for standard input
+    std::string from; ///< a file of records, "-" for standard input; empty: pictures are shown
     std::string output;
     QVector<host::CropShape> ratios { { QStringLiteral("1:1"), { 1, 1 }, {} } };
     bool methods = false;
     host::IfExists ifExists = host::IfExists::Fail;
-    std::string maps; ///< empty: maps are not kept
+    std::string maps; ///< a folder; empty: maps are not stored
     bool quiet = false;
     AnalysisOptions analysis;
 };
 
-/// Adds the command to the program's; its callback runs it and sets \a exitCode.
+/// Adds the command to \a app; its callback runs it and sets \a exitCode.
 void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode& exitCode);
 
-/// Writes one page of HTML, with all its pictures in it, that shows for each picture its crops beside those of the
-/// centre, its map and the numbers; none, with a line that says so, when there is no picture.
-/// \throws host::HostError when the page cannot be written, or what is read is no record.
+/// Writes one page of HTML with all pictures embedded. For each picture it shows the crops beside those of the centre,
+/// the map and the numbers. When there are no pictures, writes a warning and no page.
+/// \throws host::HostError when the page cannot be written, or a line is not a record.
 host::ExitCode runReport(const ReportArguments& arguments);
 
 } // namespace vxroi

@@ -26,7 +26,8 @@ QImage atMost(const QImage& image, int pixels)
 {
     if (std::max(image.width(), image.height()) <= pixels)
         return image;
-    return host::held(image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    return host::notNull(
+        image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
 QImage thumbnailOf(PictureFile& picture)
@@ -34,7 +35,7 @@ QImage thumbnailOf(PictureFile& picture)
     return atMost(picture.readWorkingImage(), thumbnailPixels);
 }
 
-// What the user can do of one that is missing differs from what a picture on the command line wants.
+// A missing picture of a record needs another remedy than one that is missing on the command line.
 std::unique_ptr<PictureFile> openPictureOf(
     const CropRecord& record, const host::ReadingRules& rules)
 try {
@@ -55,7 +56,7 @@ void showPicture(ReportEntry& entry, const host::ReadingRules& rules)
 {
     const std::unique_ptr<PictureFile> picture = openPictureOf(entry.record, rules);
     QSize& recorded = entry.record.oriented;
-    if (recorded.isEmpty()) // of a record whose crops were all skipped
+    if (recorded.isEmpty()) // a record whose crops were all skipped may lack the size
         recorded = picture->orientedSize();
     if (picture->orientedSize() != recorded)
         throw HostError(ExitCode::UnreadableInput, entry.record.path,

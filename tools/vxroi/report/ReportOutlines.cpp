@@ -23,7 +23,8 @@ QString rectTag(const QRect& window, const QString& classes)
         .arg(window.height());
 }
 
-// All seams come first: where windows share an edge, the gaps of one line show the other.
+// All black seams are drawn before all lines, so that where windows share an edge, one line shows in the gaps of the
+// other's dashes.
 QString linesOf(const CropRecord& record)
 {
     QString seams;
@@ -38,7 +39,7 @@ QString linesOf(const CropRecord& record)
     return seams + lines;
 }
 
-// Each label is in the upper left corner of its window, below those that are there already.
+// Each label is in the upper left corner of its window, moved down below earlier labels that it would overlap.
 QString labelsOf(const CropRecord& record)
 {
     const double height = 0.042 * std::max(record.oriented.width(), record.oriented.height());

@@ -6,11 +6,11 @@
 
 namespace vxroi {
 
-/// The windows of \a record as lines with the names of their shapes, in SVG whose units are the pixels of the picture.
+/// The outlines of the windows of \a record, labelled with their shapes: SVG elements in units of picture pixels.
 QString outlinesOf(const host::CropRecord& record);
 
-/// A sample of the line of a shape, to stand beside its name.
-/// \param shapePosition of the shape among those of its picture.
+/// A sample of the outline of a shape, for the legend.
+/// \param shapePosition the index of the shape among those of its picture, from 0.
 QString keyOf(int shapePosition);
 
 } // namespace vxroi

@@ -30,7 +30,7 @@ QStringList picturesOf(const ReportArguments& arguments)
     return pictures;
 }
 
-// Of maps that were kept, the methods are no longer known.
+// A stored map lacks the maps of single methods, so it cannot be used when these are requested.
 host::CropRules rulesOf(const ReportArguments& arguments)
 {
     host::CropRules rules { arguments.analysis.rules };
@@ -38,7 +38,7 @@ host::CropRules rulesOf(const ReportArguments& arguments)
     return rules;
 }
 
-// Pictures, which are cropped now.
+// The pictures on the command line, whose crops are chosen now.
 class PicturesToReport final : public ReportSource {
 public:
     explicit PicturesToReport(const ReportArguments& arguments)
@@ -69,7 +69,7 @@ private:
     int nextIndex = 0;
 };
 
-// Records, whose windows were chosen before.
+// Records, whose crops were chosen earlier.
 class RecordsToReport final : public ReportSource {
 public:
     explicit RecordsToReport(const ReportArguments& arguments)
@@ -79,8 +79,8 @@ public:
         , rules(arguments.analysis.rules.reading)
         , maps(mapsIn(arguments.maps))
     {
-        const QString ofRecords = QFileInfo(pathFrom(arguments.from)).canonicalFilePath();
-        if (!ofRecords.isEmpty() && ofRecords == QFileInfo(output).canonicalFilePath())
+        const QString recordsPath = QFileInfo(pathFrom(arguments.from)).canonicalFilePath();
+        if (!recordsPath.isEmpty() && recordsPath == QFileInfo(output).canonicalFilePath())
             throw HostError(ExitCode::CannotCreate, output,
                 QStringLiteral("is the file of records itself"),
                 QStringLiteral("choose another name"));

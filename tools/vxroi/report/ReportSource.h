@@ -9,7 +9,7 @@
 
 namespace vxroi {
 
-/// Where the entries of a report come from, one after the other.
+/// The source of the entries of a report, one after another.
 class ReportSource {
 public:
     ReportSource() = default;
@@ -17,13 +17,14 @@ public:
     ReportSource& operator=(const ReportSource&) = delete;
     virtual ~ReportSource() = default;
 
-    /// What makes the next entry, in any thread and while the source lives; none at the end.
+    /// A function that makes the next entry; it may be called from any thread during the lifetime of the source.
+    /// std::nullopt at the end.
     /// \throws host::HostError when the page cannot be drawn at all.
     virtual std::optional<std::function<ReportEntry()>> next() = 0;
 };
 
-/// The pictures, or the records, that the command line names.
-/// \throws host::HostError when it names both or neither, or the page would replace one of them.
+/// The source for the pictures or the records that the command line names.
+/// \throws host::HostError when it names both or neither, or the page would overwrite one of them.
 std::unique_ptr<ReportSource> sourceOf(const ReportArguments& arguments);
 
 } // namespace vxroi

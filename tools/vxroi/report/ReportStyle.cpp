@@ -8,11 +8,11 @@ namespace vxroi {
 
 namespace {
 
-// Bright ones, which the black seam of the lines sets off from any picture.
+// Bright colours, which the black seam of the lines sets off from any picture.
 constexpr std::array<const char*, 6> colours
     = { "#ffd60a", "#2fe6ff", "#ff6fd8", "#8cff4a", "#ff9a3c", "#ffffff" };
 
-// Lengths of dashes and of the gaps between them, in pixels of the screen.
+// Lengths of dashes and of the gaps between them, in screen pixels.
 constexpr std::array<const char*, 5> dashes = { "none", "10 6", "3 5", "14 5 3 5", "20 9" };
 
 QString channelTable(const char* channel, int (*levelOf)(QRgb))
@@ -24,7 +24,7 @@ QString channelTable(const char* channel, int (*levelOf)(QRgb))
         .arg(QLatin1String(channel), shares.join(QLatin1Char(' ')));
 }
 
-// The level of a map, which is grey, becomes its opacity first; then each channel has its table.
+// Copies the level of a map, which is grey, to its opacity; then maps each channel by a table.
 QString heatFilter()
 {
     return QStringLiteral("<svg width=\"0\" height=\"0\" aria-hidden=\"true\">"

@@ -21,7 +21,7 @@ constexpr int mostMapBytes = 2000;
 constexpr int pictureScreenPixels = 352; ///< the longer side, where the screen has room
 constexpr int cropScreenPixels = 180;
 
-// A picture of many details is encoded coarser, so that none makes the page heavy.
+// A JPEG as a data URL. The quality is lowered until it fits, so that detailed pictures do not make the page large.
 QString jpegWithin(const QImage& image, int mostBytes)
 {
     constexpr int least = 15;
@@ -35,7 +35,7 @@ QString jpegWithin(const QImage& image, int mostBytes)
     return QStringLiteral("data:image/jpeg;base64,") + QString::fromLatin1(bytes.toBase64());
 }
 
-// An image that fills the picture it is of, whose pixels are the units.
+// An image that covers the whole picture, in units of picture pixels.
 QString imageTag(const QString& source, const QSize& picture, const QString& attributes)
 {
     return QStringLiteral("<image %1 width=\"%2\" height=\"%3\" preserveAspectRatio=\"none\" "
@@ -46,7 +46,7 @@ QString imageTag(const QString& source, const QSize& picture, const QString& att
         .arg(source);
 }
 
-// What \a content shows of a part of the picture, with sides of so many pixels on the screen.
+// A view of a part of the picture, with \a screenPixels screen pixels on its longer side.
 QString viewTag(const QRect& part, int screenPixels, const QString& attributes,
     const QString& description, const QString& content)
 {
@@ -67,7 +67,7 @@ QString pictureView(const ReportEntry& entry, int position)
 {
     const CropRecord& record = entry.record;
     QString content
-        = imageTag(jpegWithin(host::held(entry.thumbnail.convertToFormat(QImage::Format_RGB888)),
+        = imageTag(jpegWithin(host::notNull(entry.thumbnail.convertToFormat(QImage::Format_RGB888)),
                        mostThumbnailBytes),
             record.oriented, QStringLiteral("id=\"picture-%1\"").arg(position));
     if (!entry.map.isNull())

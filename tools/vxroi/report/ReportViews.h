@@ -5,19 +5,19 @@
 #include <QString>
 
 /// \file
-/// What a report has to look at. Each picture and each map is in the page once; its crops are views of it.
+/// The pictures in a report. Each picture and each map is embedded in the page once; crops are views of it.
 
 namespace vxroi {
 
-/// A number as the page shows it: "83.1 %". It is the same whether the share comes from a record or not.
+/// A share as the page shows it: "83.1 %". It is rounded as in records first, so that both sources give equal pages.
 QString percent(double share);
 
-/// The picture of \a entry with its windows outlined and labelled, hidden heat over it, and its crops, chosen and
-/// centred. \pre it has a thumbnail.
-/// \param position that of the entry in the page, which tells its picture from others.
+/// The picture of \a entry with its windows outlined and labelled and its map as heat, hidden at first, followed by its
+/// chosen and its centred crops. \pre the entry has a thumbnail.
+/// \param position the index of the entry in the page, for the id of its picture.
 QString viewsOf(const ReportEntry& entry, int position);
 
-/// The maps of single methods, stretched; nothing when there are none.
+/// The maps of single methods, stretched; empty when there are none.
 QString methodMapsOf(const ReportEntry& entry);
 
 } // namespace vxroi

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array<int, 3> signals { SIGINT, SIGTERM, SIGHUP };
 
-// A signal handler is a plain function, so what it uses lies beside the object.
+// Global, because signal handlers are plain functions.
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
 std::atomic<bool> hasArrived { false };
 std::atomic<const Wakeup*> waiting { nullptr };
@@ -28,7 +28,7 @@ static_assert(
 void endAtOnce(int /*signal*/)
 {
     constexpr std::string_view line = "vxroi: interrupted\n";
-    // There is nowhere to complain when this fails.
+    // A failure cannot be reported anywhere.
     [[maybe_unused]] const ssize_t written
         = write(host::errorDescriptor(), line.data(), line.size());
     _exit(static_cast<int>(host::ExitCode::Interrupted));

@@ -4,21 +4,22 @@ namespace vxroi {
 
 class Wakeup;
 
-/// From here on SIGINT, SIGTERM and SIGHUP end the program at once with exit code 130; nothing is left
-/// behind, because files get their names when they are whole. A pipe that is closed and a file that must
-/// not grow are errors of writing, not signals.
+/// From this call on, SIGINT, SIGTERM and SIGHUP end the program immediately with exit code 130. No partial files are
+/// left, because files get their names only when they are complete. A closed pipe and the file size limit become write
+/// errors instead of signals.
 void endAtOnceOnSignals();
 
-/// While it lives, these signals only ask the program to end; a second one ends it at once.
+/// While an object exists, the first of these signals only requests the end of the program; a second one ends it
+/// immediately.
 class Interruption {
 public:
-    /// \param wakeup is notified of the first; it must live longer.
+    /// \param wakeup notified of the first signal; must outlive this object.
     explicit Interruption(const Wakeup& wakeup);
     ~Interruption();
     Interruption(const Interruption&) = delete;
     Interruption& operator=(const Interruption&) = delete;
 
-    /// Whether a signal has arrived. May be asked in any thread.
+    /// Whether a signal has arrived. May be called from any thread.
     static bool isRequested();
 };
 

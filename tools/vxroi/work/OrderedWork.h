@@ -14,15 +14,15 @@
 
 namespace vxroi {
 
-/// Work on several cores whose results are taken in the order in which it was begun. What is begun and
-/// not taken is bounded, and so is its memory.
+/// Runs tasks on several cores and returns their results in the order in which the tasks were begun. The caller bounds
+/// the memory by taking results while isFull().
 ///
-/// It runs in Qt's global thread pool: Qt's own scaling, which uses that pool too, then does not start
-/// threads beside the workers.
+/// Tasks run in Qt's global thread pool. Qt's own scaling uses the same pool, so it starts no threads in addition to
+/// the workers.
 template <typename Result> class OrderedWork {
 public:
-    /// \param workers how many run at a time, at least 1.
-    /// \param onDone called when a task has ended, by its thread.
+    /// \param workers how many tasks run at a time, at least 1.
+    /// \param onDone called in the thread of a task when it has ended.
     explicit OrderedWork(
         int workers, std::function<void()> onDone = [] {})
         : mostBegun(static_cast<std::size_t>(workers) * begunPerWorker)
@@ -31,14 +31,14 @@ public:
         startWorkerThreads(workers);
     }
 
-    /// Waits for what has begun. (The pool's own waiting would end its threads.)
+    /// Waits for all begun tasks. (QThreadPool::waitForDone() would also end the threads.)
     ~OrderedWork() { ended->acquire(begunCount); }
     OrderedWork(const OrderedWork&) = delete;
     OrderedWork& operator=(const OrderedWork&) = delete;
 
     bool isEmpty() const { return results.empty(); }
 
-    /// Whether a result should be taken before more is begun.
+    /// Whether a result should be taken before another task is begun.
     bool isFull() const { return results.size() >= mostBegun; }
 
     /// Whether the result of the task that was begun first can be taken without waiting. \pre !isEmpty()
@@ -68,7 +68,7 @@ public:
     }
 
 private:
-    // Enough that workers find work while the first of the queue is still busy.
+    // Enough that workers have work while the first task in the queue is still running.
     static constexpr std::size_t begunPerWorker = 4;
 
     std::size_t mostBegun;

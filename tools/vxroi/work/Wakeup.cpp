@@ -24,7 +24,7 @@ Wakeup::~Wakeup() { close(events); }
 void Wakeup::notify() const
 {
     const std::uint64_t once = 1;
-    // It fails only when nobody has waited for 2^64 of them.
+    // Fails only when 2^64 notifications are pending.
     [[maybe_unused]] const ssize_t written = write(events, &once, sizeof once);
 }
 

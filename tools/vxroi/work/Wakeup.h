@@ -2,19 +2,19 @@
 
 namespace vxroi {
 
-/// Lets a thread wait for input and for work that is done elsewhere at once.
+/// Lets a thread wait for input and for notifications of other threads at the same time.
 class Wakeup {
 public:
-    /// \throws host::HostError when the system gives no descriptor.
+    /// \throws host::HostError when the system refuses a descriptor.
     Wakeup();
     ~Wakeup();
     Wakeup(const Wakeup&) = delete;
     Wakeup& operator=(const Wakeup&) = delete;
 
-    /// Ends the wait() that runs, or the next one. May be called in any thread and in a signal handler.
+    /// Ends the current wait(), or the next one. May be called from any thread and from a signal handler.
     void notify() const;
 
-    /// Waits until notify() is called or there is something to read from \a input, a descriptor.
+    /// Waits until notify() is called or the descriptor \a input is readable.
     void wait(int input) const;
 
 private:

@@ -18,8 +18,8 @@ namespace vxroi {
 
 namespace {
 
-// How many threads the system lets this process have beside each other.
-int threadsToBeHad(int most)
+// How many threads, up to \a most, the system lets this process run at the same time.
+int availableThreads(int most)
 {
     QSemaphore end;
     std::vector<std::thread> threads;
@@ -27,7 +27,7 @@ int threadsToBeHad(int most)
         while (static_cast<int>(threads.size()) < most)
             threads.emplace_back([&end] { end.acquire(); });
     } catch (const std::system_error&) {
-        // These are all.
+        // The limit is reached.
     }
     end.release(static_cast<int>(threads.size()));
     for (std::thread& thread : threads)
@@ -49,19 +49,19 @@ int defaultWorkerCount()
 
 void startWorkerThreads(int most)
 {
-    // Besides its own, a worker needs up to three of libvips while a picture is encoded, and the last ones may
-    // not have ended yet.
+    // A worker needs its own thread and up to three of libvips while it encodes a picture, and the threads of the
+    // previous picture may not have ended yet.
     constexpr int threadsOfAWorker = 6;
-    const int count = threadsToBeHad(threadsOfAWorker * most) / threadsOfAWorker;
+    const int count = availableThreads(threadsOfAWorker * most) / threadsOfAWorker;
     if (count == 0)
         throw host::threadsRefused();
     constexpr int never = -1;
     QThreadPool* const pool = QThreadPool::globalInstance();
     pool->setMaxThreadCount(count);
     pool->setExpiryTimeout(never);
-    // Qt says which thread it could not start.
+    // Suppresses Qt's message about a thread that it could not start.
     const QtMessageHandler handler = qInstallMessageHandler(ignoreMessage);
-    // Each holds its thread until all have one.
+    // Each task blocks its thread until all threads have started.
     const auto started = std::make_shared<QSemaphore>();
     const auto end = std::make_shared<QSemaphore>();
     for (int i = 0; i < count; ++i)
@@ -73,7 +73,7 @@ void startWorkerThreads(int most)
     const bool haveAllStarted = started->tryAcquire(count, mostMilliseconds);
     qInstallMessageHandler(handler);
     if (!haveAllStarted) {
-        // Another process has taken what there was. The pool waits for its threads when a program ends.
+        // Another process has used up the limit meanwhile. A normal exit would hang: the pool waits for its threads.
         host::writeError(std::string("vxroi: ") + host::threadsRefused().what() + '\n');
         std::_Exit(static_cast<int>(host::ExitCode::Internal));
     }
