@@ -9,7 +9,7 @@ namespace {
 QString nameFor(const char* pattern, const char* input)
 {
     return host::OutputName(QString::fromUtf8(pattern))
-        .nameFor(QString::fromUtf8(input), { QStringLiteral("16:9"), { 16, 9 }, {} });
+        .nameFor(QString::fromUtf8(input), QStringLiteral("16x9"));
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "Evaluation.h"
 
 #include "host/HostError.h"
-#include "host/crop/CropWindow.h"
 #include "host/picture/PictureFile.h"
+#include "host/records/CropWindow.h"
 
 #include <algorithm>
 #include <random>

@@ -1,9 +1,9 @@
 #include "Figures.h"
 
-#include "host/crop/CropWindow.h"
 #include "host/crop/Overlay.h"
 #include "host/crop/SalienceMap.h"
 #include "host/crop/SalienceSettings.h"
+#include "host/records/CropWindow.h"
 #include "scenes/SampleScenes.h"
 #include "vxroi/options/SalienceOptions.h"
 

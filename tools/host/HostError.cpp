@@ -1,6 +1,6 @@
 #include "HostError.h"
 
-#include "host/files/FileName.h"
+#include "FileName.h"
 
 #include <algorithm>
 

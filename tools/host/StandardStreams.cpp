@@ -1,7 +1,7 @@
 #include "StandardStreams.h"
 
+#include "FileName.h"
 #include "HostError.h"
-#include "host/files/FileName.h"
 
 #include <cerrno>
 #include <fcntl.h>

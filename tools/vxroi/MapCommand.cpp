@@ -2,11 +2,11 @@
 
 #include "OutputFiles.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardStreams.h"
 #include "host/crop/Overlay.h"
 #include "host/crop/SalienceMap.h"
-#include "host/files/FileName.h"
 #include "vxroi/options/Checks.h"
 #include "vxroi/options/CommonOptions.h"
 #include "vxroi/options/Shapes.h"

@@ -1,7 +1,7 @@
 #include "OutputFiles.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 #include "host/files/OutputName.h"
 
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "CommandLine.h"
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardStreams.h"
-#include "host/files/FileName.h"
 #include "host/picture/ImageMemory.h"
 #include "vxroi/work/Interruption.h"
 

@@ -1,7 +1,7 @@
 #include "Cropper.h"
 
 #include "SalienceSettings.h"
-#include "host/files/FileName.h"
+#include "host/FileName.h"
 
 #include <QDir>
 #include <QFileInfo>

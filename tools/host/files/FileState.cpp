@@ -1,6 +1,6 @@
 #include "FileState.h"
 
-#include "FileName.h"
+#include "host/FileName.h"
 
 #include <QCryptographicHash>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "OutputFile.h"
 
-#include "FileName.h"
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardStreams.h"
 

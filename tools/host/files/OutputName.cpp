@@ -1,6 +1,6 @@
 #include "OutputName.h"
 
-#include "FileName.h"
+#include "host/FileName.h"
 #include "host/HostError.h"
 
 #include <QFileInfo>
@@ -53,14 +53,13 @@ OutputName::OutputName(const QString& pattern, Of owner)
                      : QStringLiteral("use {dir}, {stem} and {ext}"));
 }
 
-QString OutputName::nameFor(
-    const QString& input, const CropShape& shape, const QString& suffix) const
+QString OutputName::nameFor(const QString& input, const QString& shape, const QString& suffix) const
 {
     const QFileInfo info(input);
     const QHash<QString, QString> values { { QStringLiteral("{dir}"), info.path() },
         { QStringLiteral("{stem}"), info.completeBaseName() },
         { QStringLiteral("{ext}"), suffix.isEmpty() ? info.suffix() : suffix },
-        { QStringLiteral("{ratio}"), shape.fileName() } };
+        { QStringLiteral("{ratio}"), shape } };
     QString name;
     int done = 0;
     for (auto found = placeholderPattern().globalMatch(text); found.hasNext();) {

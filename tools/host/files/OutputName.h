@@ -1,9 +1,9 @@
 #pragma once
 
 #include "host/Explanation.h"
-#include "host/crop/CropShape.h"
 
 #include <QString>
+#include <QVector>
 
 namespace host {
 
@@ -20,9 +20,10 @@ public:
     /// The placeholders and their meanings.
     static QVector<Explanation> placeholders();
 
-    /// The name for a crop of \a shape of the picture at \a input.
+    /// The name for a crop of the picture at \a input.
+    /// \param shape the value of {ratio}; see CropShape::fileName().
     /// \param suffix the value of {ext}; empty: the suffix of the picture.
-    QString nameFor(const QString& input, const CropShape& shape, const QString& suffix = {}) const;
+    QString nameFor(const QString& input, const QString& shape, const QString& suffix = {}) const;
 
     /// The folder that the pattern itself names: the part before its first placeholder. A {dir} at its very beginning
     /// counts as the folder of \a input. Outputs must not leave this folder.

@@ -8,8 +8,8 @@
 #include "Metadata.h"
 #include "PictureSource.h"
 #include "Pixels.h"
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 #include "PictureSource.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 
 #include <QBuffer>
 #include <QFile>

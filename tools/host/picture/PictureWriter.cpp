@@ -2,8 +2,8 @@
 
 #include "Encoder.h"
 #include "QtPixels.h"
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 
 #include <QFileInfo>
 

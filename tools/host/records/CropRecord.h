@@ -1,7 +1,7 @@
 #pragma once
 
+#include "CropWindow.h"
 #include "host/HostError.h"
-#include "host/crop/CropWindow.h"
 
 #include <QByteArray>
 #include <QJsonObject>

@@ -1,6 +1,6 @@
 #include "CropRecord.h"
 
-#include "host/files/FileName.h"
+#include "host/FileName.h"
 
 #include <QJsonArray>
 

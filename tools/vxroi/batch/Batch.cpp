@@ -2,8 +2,8 @@
 
 #include "vxroi/work/Interruption.h"
 
+#include "host/FileName.h"
 #include "host/StandardStreams.h"
-#include "host/files/FileName.h"
 #include "host/picture/Engine.h"
 #include "vxroi/options/CommonOptions.h"
 

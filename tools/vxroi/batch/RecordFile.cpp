@@ -1,7 +1,7 @@
 #include "RecordFile.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 #include "host/files/OutputFile.h"
 
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "InputLine.h"
 
-#include "host/files/FileName.h"
+#include "host/FileName.h"
 #include "host/files/OutputFile.h"
 #include "host/records/Json.h"
 #include "vxroi/options/Areas.h"

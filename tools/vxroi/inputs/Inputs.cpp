@@ -2,8 +2,8 @@
 
 #include "InputLine.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 #include "host/picture/Formats.h"
 #include "vxroi/options/CommonOptions.h"
 
@@ -59,7 +59,8 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
     const QString suffix = options.writing.suffix();
     for (const QString& path : paths) {
         for (const host::CropShape& shape : options.shapes())
-            outputs.insert(QFileInfo(name.nameFor(path, shape, suffix)).absoluteFilePath());
+            outputs.insert(
+                QFileInfo(name.nameFor(path, shape.fileName(), suffix)).absoluteFilePath());
     }
     return outputs;
 }

@@ -1,7 +1,7 @@
 #include "Shard.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 
 #include <QRegularExpression>
 

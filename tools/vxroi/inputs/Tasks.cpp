@@ -1,6 +1,6 @@
 #include "Tasks.h"
 
-#include "host/files/FileName.h"
+#include "host/FileName.h"
 #include "vxroi/options/CommonOptions.h"
 
 #include <algorithm>
@@ -87,7 +87,7 @@ void TaskPlan::addOutputs(const Input& input, PlannedTask& planned) const
         return;
     const host::OutputName name = hasOwn ? host::OutputName(input.output) : *commonOutput;
     for (const host::CropShape& shape : planned.task.shapes) {
-        QString output = name.nameFor(input.path, shape, suffix);
+        QString output = name.nameFor(input.path, shape.fileName(), suffix);
         if (name.hasPlaceholders() && host::isStandardStream(output))
             output.prepend(QStringLiteral("./"));
         if (name.hasPlaceholders())

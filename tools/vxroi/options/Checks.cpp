@@ -2,7 +2,7 @@
 
 #include "CommonOptions.h"
 #include "Suggestion.h"
-#include "host/files/FileName.h"
+#include "host/FileName.h"
 
 namespace vxroi {
 

@@ -2,7 +2,7 @@
 
 #include "Areas.h"
 #include "Checks.h"
-#include "host/files/FileName.h"
+#include "host/FileName.h"
 
 namespace vxroi {
 

@@ -2,8 +2,8 @@
 
 #include "vxroi/inputs/Inputs.h"
 
+#include "host/FileName.h"
 #include "host/StandardStreams.h"
-#include "host/files/FileName.h"
 #include "host/records/Json.h"
 #include "vxroi/options/CommonOptions.h"
 

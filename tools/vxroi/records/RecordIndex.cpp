@@ -1,7 +1,7 @@
 #include "RecordIndex.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
-#include "host/files/FileName.h"
 #include "host/records/Json.h"
 
 #include <QJsonArray>

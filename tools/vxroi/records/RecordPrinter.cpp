@@ -1,7 +1,7 @@
 #include "RecordPrinter.h"
 
-#include "host/crop/CropWindow.h"
-#include "host/files/FileName.h"
+#include "host/FileName.h"
+#include "host/records/CropWindow.h"
 #include "vxroi/options/Checks.h"
 
 namespace vxroi {

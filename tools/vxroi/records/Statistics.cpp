@@ -3,7 +3,7 @@
 #include "vxroi/inputs/ListReader.h"
 
 #include "host/HostError.h"
-#include "host/crop/CropWindow.h"
+#include "host/records/CropWindow.h"
 #include "host/records/Json.h"
 
 #include <QJsonArray>

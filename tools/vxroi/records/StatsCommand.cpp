@@ -3,8 +3,8 @@
 #include "RecordLines.h"
 #include "Statistics.h"
 
+#include "host/FileName.h"
 #include "host/StandardStreams.h"
-#include "host/files/FileName.h"
 
 #include "vxroi/options/Checks.h"
 #include "vxroi/options/CommonOptions.h"

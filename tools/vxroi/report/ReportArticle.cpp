@@ -2,8 +2,8 @@
 
 #include "ReportViews.h"
 
-#include "host/crop/CropWindow.h"
-#include "host/files/FileName.h"
+#include "host/FileName.h"
+#include "host/records/CropWindow.h"
 
 #include <algorithm>
 #include <array>

@@ -6,9 +6,9 @@
 #include "vxroi/OutputFiles.h"
 #include "vxroi/work/OrderedWork.h"
 
+#include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/StandardStreams.h"
-#include "host/files/FileName.h"
 #include "host/picture/Engine.h"
 
 #include "vxroi/options/Checks.h"

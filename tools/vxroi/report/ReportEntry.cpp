@@ -1,9 +1,9 @@
 #include "ReportEntry.h"
 
-#include "host/crop/CropWindow.h"
+#include "host/FileName.h"
 #include "host/crop/MapStore.h"
-#include "host/files/FileName.h"
 #include "host/picture/ImageMemory.h"
+#include "host/records/CropWindow.h"
 
 #include <algorithm>
 #include <cstdlib>

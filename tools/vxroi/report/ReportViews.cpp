@@ -2,10 +2,10 @@
 
 #include "ReportOutlines.h"
 
-#include "host/crop/CropWindow.h"
 #include "host/crop/SalienceMap.h"
 #include "host/picture/ImageMemory.h"
 #include "host/picture/JpegEncoder.h"
+#include "host/records/CropWindow.h"
 
 #include <algorithm>
 
