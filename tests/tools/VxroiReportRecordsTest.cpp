@@ -9,7 +9,7 @@
 
 namespace {
 
-// Pictures, the records of a batch over them, and pages that are drawn from those.
+// Pages made from the records of a batch.
 class VxroiReportRecords : public testing::Test {
 protected:
     const samples::SampleFolder folder;
@@ -53,7 +53,7 @@ protected:
     QString page() const { return contentOf(output); }
     int count(const char* text) const { return page().count(QString::fromUtf8(text)); }
 
-    // A record of in/a.png with a window that no analysis chooses.
+    // A record of in/a.png with a window that no analysis would choose.
     QByteArray lineWith(const QByteArray& settings, const QByteArray& shape) const
     {
         return R"({"path":")" + pictures.toUtf8() + R"(/a.png","version":"9.8.7","settings":")"
