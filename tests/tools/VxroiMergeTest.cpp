@@ -115,7 +115,7 @@ TEST_F(VxroiMerge, takesOneOfSeveralRecordsAndRatherOneThatHasNotFailed)
         const Outcome outcome = merge(parts);
         EXPECT_EQ(outcome.out, contentOf(QStringLiteral("late"))) << parts;
         EXPECT_TRUE(
-            outcome.err.contains("in/late.png: has several records; that of late is taken"));
+            outcome.err.contains("in/late.png: has several records; the one in late is taken"));
         EXPECT_TRUE(outcome.err.contains("2 ok, 0 failed, 0 missing, 2 duplicate"));
         EXPECT_EQ(outcome.exitCode, 0);
     }

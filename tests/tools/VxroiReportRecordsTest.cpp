@@ -160,7 +160,7 @@ TEST_F(VxroiReportRecords, ofPicturesThatHaveChangedTheirSizeKeepTheirNumbers)
     folder.save(samples::picture({ 100, 200 }), QStringLiteral("in/b.png"));
     const Outcome outcome = report({ QStringLiteral("--from"), records });
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("another size")));
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("a different size")));
     EXPECT_EQ(count("data:image/jpeg"), 1);
     EXPECT_EQ(count("<td data-label=\"keeps\">"), 4);
 }

@@ -170,7 +170,7 @@ void Batch::reportDamage()
     const qint64 bytes = isResumed() ? records->earlier().damagedBytes() : 0;
     if (bytes > 0)
         progress.say("vxroi: the records were damaged by a crash: " + std::to_string(bytes)
-            + " bytes are left out\n");
+            + " bytes are skipped\n");
 }
 
 void Batch::printSummary()

@@ -93,7 +93,7 @@ void Merge::add(const Input& input)
     if (found->isDuplicate) {
         ++duplicateCount;
         say(input.path
-            + QStringLiteral(": has several records; that of %1 is taken").arg(found->part));
+            + QStringLiteral(": has several records; the one in %1 is taken").arg(found->part));
     }
     if (hasFailed(found->record)) {
         const QJsonObject error = found->record.value(QLatin1String("error")).toObject();
@@ -116,8 +116,8 @@ void Merge::requireSameRun(const FoundRecord& found)
                 QStringLiteral("its record of %1 has the %2 %3, and others have %4")
                     .arg(textIn(found.record, "path"), QLatin1String(key),
                         textIn(found.record, key), textIn(first, key)),
-                QStringLiteral("merge parts of one version and one command line; --resume does "
-                               "anew what differs"));
+                QStringLiteral("merge parts of one version and one command line; --resume redoes "
+                               "what differs"));
     }
 }
 
