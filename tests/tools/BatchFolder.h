@@ -18,7 +18,7 @@ class BatchFolder : public testing::Test {
 protected:
     const samples::SampleFolder folder;
 
-    // Twelve small pictures, one of which is none.
+    // Twelve small picture files, one of which is not a picture.
     void SetUp() override
     {
         QDir(folder.path(QString())).mkpath(QStringLiteral("in/deeper"));
@@ -34,7 +34,7 @@ protected:
         return where.arg(i, 2, 10, QLatin1Char('0'));
     }
 
-    // Runs a command line in the folder, where "$VXROI" is the program.
+    // Runs a shell command in the folder; "$VXROI" is the program.
     Outcome shell(const QString& command) const
     {
         return runShell(QStringLiteral("cd '%1' && %2").arg(folder.path(QString()), command));

@@ -28,7 +28,7 @@ TEST(Constraints, percentCountFromThePictureAndTouchWholePixels)
     EXPECT_EQ(area("25%,0,50%,100%").in({ 400, 300 }), QRect(100, 0, 200, 300));
     EXPECT_EQ(area("10,20,30,40").in({ 400, 300 }), QRect(10, 20, 30, 40));
     EXPECT_EQ(area("10,50%,30,40").in({ 400, 300 }), QRect(10, 150, 30, 40));
-    // 3.33 to 6.66 of 10 pixels: those from 3 to 6.
+    // 3.33 to 6.66 touches the pixels 3 to 6.
     EXPECT_EQ(area("33.3%,33.3%,33.3%,33.3%").in({ 10, 10 }), QRect(3, 3, 4, 4));
     EXPECT_EQ(area("0,0,0.01%,0.01%").in({ 10, 10 }), QRect(0, 0, 1, 1));
     EXPECT_EQ(area("-10%,0,20%,1").in({ 100, 10 }), QRect(-10, 0, 20, 1));

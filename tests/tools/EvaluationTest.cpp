@@ -15,7 +15,7 @@ protected:
     const samples::SampleFolder folder;
     const QString photograph = folder.save(samples::picture({ 120, 80 }), QStringLiteral("a.png"));
 
-    // Eight points in the ten columns at the left, two in the ten at the right.
+    // Eight points in the ten leftmost columns, two in the ten rightmost.
     Sample sample() const
     {
         QImage points(120, 80, QImage::Format_Grayscale8);
@@ -58,7 +58,7 @@ TEST_F(Evaluation, gainIsWhatChoosingAddsOfWhatItCould)
 
 TEST_F(Evaluation, comparesWhatIsChosenWithTheCentre)
 {
-    // Every method off: the map says nothing, and the centre is chosen.
+    // With every weight 0 the map is empty, and the centre is chosen.
     const evaluate::Kept kept = evaluate::keptOf(sample(), host::withoutMethods(), { 1, 1 });
     EXPECT_DOUBLE_EQ(kept.chosen, kept.centre);
     EXPECT_DOUBLE_EQ(kept.centre, 0);

@@ -1,4 +1,4 @@
-// To be loaded before a program: no file that it writes can be brought to the disk.
+// Preloaded into a program, makes every fsync() fail.
 
 #include <cerrno>
 

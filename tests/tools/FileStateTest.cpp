@@ -14,7 +14,7 @@ namespace {
 QString fileOf(const samples::SampleFolder& folder)
 {
     const QString path = folder.save(QByteArray("abc"), QStringLiteral("file"));
-    // A billion seconds after the epoch it was 2001-09-09 01:46:40 in UTC.
+    // A billion seconds after the epoch is 2001-09-09 01:46:40 UTC.
     const std::array<timespec, 2> times { { { 0, 0 }, { 1'000'000'000, 3'040'050 } } };
     EXPECT_EQ(utimensat(AT_FDCWD, path.toUtf8().constData(), times.data(), 0), 0);
     return path;
@@ -47,7 +47,7 @@ TEST(FileState, isTheSameInAllThreads)
 TEST(FileState, isItsSizeAndItsChecksumWhenAsked)
 {
     const samples::SampleFolder folder;
-    // The SHA-256 of "abc", as FIPS 180-2 has it for an example.
+    // The SHA-256 of "abc" is the first example in FIPS 180-2.
     const QJsonObject expected { { QStringLiteral("bytes"), 3 },
         { QStringLiteral("sha256"),
             QStringLiteral("ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad") } };

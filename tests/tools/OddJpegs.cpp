@@ -11,7 +11,7 @@ namespace samples {
 
 namespace {
 
-// A JPEG whose samples are all of one level, 200.
+// A JPEG whose samples are all 200.
 QByteArray encodedJpeg(const QSize& size, int channels, J_COLOR_SPACE colours,
     const std::function<void(jpeg_compress_struct&)>& prepare,
     const std::function<void(jpeg_compress_struct&)>& addMarkers)
@@ -60,7 +60,7 @@ QByteArray cmykJpeg(const QSize& size, const QByteArray& profile)
 
 QByteArray jpegOfScans(const QSize& size, int scans)
 {
-    // The mean of blocks, then each of 63 frequencies by itself, bit by bit.
+    // The means of the blocks in one scan, then each of the 63 frequencies by itself, bit by bit.
     std::vector<jpeg_scan_info> script { { 1, { 0 }, 0, 0, 0, 0 } };
     constexpr int frequencies = 63;
     for (int high = 3; high > 0; --high) {

@@ -5,10 +5,10 @@
 
 namespace samples {
 
-/// A JPEG with four channels, all of one ink, that carries \a profile as its ICC profile.
+/// A CMYK JPEG of a single colour with \a profile as its ICC profile.
 QByteArray cmykJpeg(const QSize& size, const QByteArray& profile);
 
-/// A grey JPEG that is refined in so many scans, 2 to 191.
+/// A grey progressive JPEG with \a scans scans, 2 to 191.
 QByteArray jpegOfScans(const QSize& size, int scans);
 
 } // namespace samples

@@ -23,7 +23,7 @@ namespace {
 
 using host::ExitCode;
 
-// Of the channels of two pictures of the same size.
+// The largest difference between the channels of two pictures; 255 when their sizes differ.
 int mostDifference(const QImage& one, const QImage& other)
 {
     int most = one.size() == other.size() ? 0 : 255;
@@ -69,7 +69,7 @@ TEST_F(PictureFile, readsAnyDepth)
              QImage::Format_RGBA64, QImage::Format_Mono }) {
         const QImage stored = picture.convertToFormat(format);
         const QImage read = readAll(folder.save(stored, QStringLiteral("depth.png")));
-        // Of 16 bits the upper 8 are taken; Qt rounds.
+        // Of 16 bits, the reader takes the upper 8, while Qt rounds.
         const bool isDeep = format == QImage::Format_Grayscale16 || format == QImage::Format_RGBA64;
         EXPECT_LE(mostDifference(stored, read), isDeep ? 1 : 0) << format;
     }
@@ -96,7 +96,7 @@ TEST_F(PictureFile, appliesTheExifOrientation)
     marked.fill(Qt::black);
     for (int y = 0; y < 16; ++y) {
         for (int x = 0; x < 16; ++x)
-            marked.setPixel(x, y, qRgb(255, 255, 255)); // a white corner at the upper left
+            marked.setPixel(x, y, qRgb(255, 255, 255)); // the upper left corner is white
     }
     const QString turned
         = folder.save(samples::jpegWithOrientation(marked, 6), QStringLiteral("turn-right.jpg"));
@@ -114,7 +114,7 @@ TEST_F(PictureFile, refusesAMissingFileAndAFolder)
 
 TEST_F(PictureFile, refusesAFileThatCannotBeOpened)
 {
-    // A socket: even root, who may open every file, cannot open it.
+    // A socket: even root cannot open one as a file.
     const QByteArray path = folder.path(QStringLiteral("socket.png")).toUtf8();
     sockaddr_un address {};
     address.sun_family = AF_UNIX;
@@ -169,7 +169,7 @@ TEST_F(PictureFile, analysesTransparencyOnMidGrey)
 
 TEST_F(PictureFile, tellsWhereARectangleLiesInTheStoredPicture)
 {
-    // Numbered pixels: wherever a rectangle goes, it must hold the same numbers in both frames.
+    // Pixels of different colours: a rectangle must show the same colour before and after it is turned.
     QImage numbered(7, 4, QImage::Format_RGB32);
     for (int y = 0; y < 4; ++y) {
         for (int x = 0; x < 7; ++x)
@@ -183,7 +183,7 @@ TEST_F(PictureFile, tellsWhereARectangleLiesInTheStoredPicture)
         EXPECT_EQ(file.orientation(), orientation);
         EXPECT_EQ(file.orientedSize(), orientation < 5 ? large.size() : large.size().transposed());
         const QImage seen = file.readAll();
-        const QRect oriented(32, 64, 32, 32); // one number
+        const QRect oriented(32, 64, 32, 32); // one of the pixels
         const QRect stored = file.toStored(oriented);
         const QRgb a = seen.pixel(oriented.center());
         const QRgb b = large.pixel(stored.center());
@@ -219,7 +219,7 @@ TEST_F(PictureFile, usesWhatThereIsOfADamagedJpegWhenAsked)
 TEST_F(PictureFile, convertsInksWithoutAUsableProfileByThatOfUsualOnes)
 {
     QByteArray profile = QColorSpace(QColorSpace::SRgb).iccProfile();
-    profile.replace(16, 4, "CMYK"); // the colours that the profile speaks of
+    profile.replace(16, 4, "CMYK"); // the colour space that the profile claims
     host::PictureFile file(
         folder.save(samples::cmykJpeg({ 64, 48 }, profile), QStringLiteral("inks.jpg")),
         host::ReadingRules());

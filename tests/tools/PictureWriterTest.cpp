@@ -61,7 +61,7 @@ TEST_F(PictureWriter, replacesAFileOfThatName)
 
 TEST_F(PictureWriter, refusesNamesThatCannotBeWritten)
 {
-    // An icon would be made smaller, a black and white format would lose the colours.
+    // An icon would have to be reduced, and a black and white format would lose the colours.
     for (const char* const name :
         { "no-suffix", "odd.xyz", "a.ico", "a.xbm", "no/such/folder/a.png" })
         EXPECT_EQ(failureOf(folder.path(QString::fromUtf8(name))), ExitCode::CannotCreate) << name;

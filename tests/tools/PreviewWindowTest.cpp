@@ -76,7 +76,7 @@ TEST_F(PreviewWindow, saysWhatIsWrongWithAFileAndShowsTheLastPictureStill)
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Qt's offscreen platform keeps the screen that it makes here.
+    // Qt's offscreen platform leaks the screen that it creates here.
 #ifdef __SANITIZE_ADDRESS__
     __lsan_disable();
 #endif

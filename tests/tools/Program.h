@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// What one run of a program left behind.
+/// The result of one run of a program.
 struct Outcome {
     int exitCode; ///< -1 when it crashed
     QByteArray out;
@@ -13,7 +13,7 @@ struct Outcome {
 /// Runs vxroi with \a arguments in the plain C locale.
 Outcome runVxroi(const QStringList& arguments);
 
-/// Runs \a command through the shell, where $VXROI is the program.
+/// Runs \a command in a shell; $VXROI is the program.
 Outcome runShell(const QString& command);
 
 /// Whether \a err is one line that begins with "vxroi: ", contains \a part and ends in a remedy.

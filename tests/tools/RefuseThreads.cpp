@@ -1,5 +1,5 @@
-// To be loaded before a program: lets it have as many threads beside its first as THREADS_AT_ONCE says, and
-// start as many in all as THREADS_IN_ALL says, as a system that is short of processes would.
+// Preloaded into a program, limits its threads like a system that is short of processes: THREADS_AT_ONCE is how many
+// may run besides the main thread, THREADS_IN_ALL how many may be started in total.
 
 #include <atomic>
 #include <cerrno>

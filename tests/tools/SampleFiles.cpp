@@ -60,7 +60,7 @@ QByteArray jpegWithOrientation(const QImage& image, char orientation)
                                           "120103000100000000000000" // orientation, one short
                                           "00000000"); // no further directory
     exif[28] = orientation;
-    return encoded(image, "jpg").insert(2, exif); // behind the start-of-image marker
+    return encoded(image, "jpg").insert(2, exif); // after the start-of-image marker
 }
 
 QByteArray pngClaiming(const QSize& size, int bytes)

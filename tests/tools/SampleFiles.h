@@ -8,7 +8,7 @@
 
 namespace samples {
 
-/// A folder of picture files that goes away with the object.
+/// A temporary folder of picture files, deleted together with the object.
 class SampleFolder {
 public:
     SampleFolder();
@@ -38,7 +38,7 @@ QByteArray encoded(const QImage& image, const char* format);
 /// A JPEG of \a image whose EXIF data says \a orientation, 1 to 8.
 QByteArray jpegWithOrientation(const QImage& image, char orientation);
 
-/// A PNG whose header claims \a size, with \a bytes of zeros in place of the compressed pixels.
+/// A PNG whose header claims \a size and whose pixel data is \a bytes times 1000 zeros, compressed.
 QByteArray pngClaiming(const QSize& size, int bytes);
 
 /// The first \a percent of \a bytes.

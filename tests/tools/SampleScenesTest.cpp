@@ -29,7 +29,7 @@ TEST(SampleScenes, haveTheirSubjectsAwayFromTheMiddle)
     EXPECT_GT(qRed(poppy.pixel(430, 740)), 2 * qGreen(poppy.pixel(430, 740)));
 }
 
-// What the scenes are drawn of: the balloon with its basket, the hull and the sails, the petals.
+// The rectangles are the bounds of the subjects: the balloon with its basket, the hull with its sails, the petals.
 TEST(SampleScenes, keepTheirSubjectsWholeInASquareCrop)
 {
     const auto squareOf = [](const QImage& scene) { return VXCrop(scene).window({ 1, 1 }).window; };

@@ -14,7 +14,7 @@
 
 namespace {
 
-// What arrives at the other end of a pipe that does not wait, while \a stream leads there and \a write runs.
+// Redirects \a stream into a non-blocking pipe while \a write runs, and returns what arrives at the other end.
 QByteArray readWhile(int stream, const std::function<void()>& write)
 {
     std::array<int, 2> ends {};
@@ -41,7 +41,7 @@ QByteArray readWhile(int stream, const std::function<void()>& write)
     return bytes;
 }
 
-/// More than a pipe holds.
+// More than a pipe can hold.
 QByteArray large() { return QByteArray(1 << 20, 'x'); }
 
 } // namespace

@@ -161,7 +161,7 @@ TEST_F(VxroiBatch, cropsPicturesWhoseNamesAreNotUtf8AndShowsTheirBytes)
     EXPECT_TRUE(outcome.out.startsWith(R"({"crops":)"));
     EXPECT_TRUE(outcome.out.contains(R"("path":"in/odd\udcff.png")")) << outcome.out.toStdString();
     EXPECT_EQ(shell(QStringLiteral("test -s \"$(printf 'out/odd\\377.png')\"")).exitCode, 0);
-    // Records can be resumed, and their paths are those of lists.
+    // Such records can be resumed, and their paths can be used in lists.
     EXPECT_EQ(batch(options + QStringLiteral(" --if-exists overwrite --resume r")).exitCode, 1);
     const Outcome resumed = batch(options + QStringLiteral(" --resume r"));
     EXPECT_EQ(resumed.exitCode, 1) << resumed.err.toStdString();
@@ -212,7 +212,7 @@ TEST_F(VxroiBatch, leavesOutWhatItWroteBesideThePictures)
 
 TEST_F(VxroiBatch, finishesWhatIsInHandWhenItIsAskedToEnd)
 {
-    // The list never ends by itself: only the signal does.
+    // The list stays open, so only the signal ends the run.
     const Outcome outcome
         = shell(QStringLiteral("mkfifo list; (echo in/p00.png; echo in/p01.png; sleep 60) > list & "
                                "\"$VXROI\" batch --from list --ratio 1:1 > records & batch=$!; "
@@ -297,7 +297,7 @@ TEST_F(VxroiBatch, showsABarOnATerminal)
     if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
         GTEST_SKIP() << "this system hands out no terminals";
     const char* const name = ptsname(terminal);
-    // Held open, so that reading does not end early.
+    // Kept open, so that reading from the terminal does not end early.
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is declared with an ellipsis
     const int other = open(name, O_RDWR | O_NOCTTY);
     if (other < 0)

@@ -16,7 +16,7 @@
 
 namespace {
 
-// What a picture is cropped to and where that goes.
+// The shapes, sizes and constraints of crops, and their outputs.
 class VxroiCropShapes : public testing::Test {
 protected:
     const samples::SampleFolder folder;
@@ -266,8 +266,7 @@ TEST_F(VxroiCropShapes, refusesToOverwriteTheMap)
     EXPECT_EQ(QImage(mask).size(), picture.size());
 }
 
-// The mask has the right quarter of the picture: the middle of what the window holds is at 7 / 8, and half
-// way down.
+// The mask covers the right quarter of the picture: the focus is its centre, 7/8 across and half-way down.
 TEST_F(VxroiCropShapes, tellsSharesOfThePicture)
 {
     QImage mask(1200, 800, QImage::Format_RGB32);

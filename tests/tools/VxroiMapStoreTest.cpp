@@ -31,7 +31,7 @@ TEST_F(VxroiMapStore, givesTheRecordsAndOutputsThatItWouldGiveWithout)
         EXPECT_EQ(batch(command + QStringLiteral(" --maps maps")).out, without) << options;
         EXPECT_EQ(shell(QStringLiteral("diff -r before out")).exitCode, 0) << options;
     }
-    // Eleven pictures, and two presets.
+    // Eleven pictures with two presets each.
     EXPECT_EQ(kept().size(), 22);
 }
 
@@ -40,7 +40,7 @@ TEST_F(VxroiMapStore, takesTheMapFromTheFolder)
     const QString command = QStringLiteral("\"$VXROI\" crop in/p00.png --ratio 1:1 --maps maps");
     shell(command);
     ASSERT_EQ(kept().size(), 1);
-    // The picture has 60 columns and 90 rows; with all salience at the top, the window is there.
+    // The picture has 60 columns and 90 rows. With all salience at the top of the map, so is the window.
     QImage top = QImage(folder.path(kept().first())).convertToFormat(QImage::Format_Grayscale8);
     top.fill(0);
     std::fill_n(top.scanLine(3), top.width(), uchar { 255 });

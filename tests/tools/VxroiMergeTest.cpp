@@ -4,7 +4,7 @@ namespace {
 
 class VxroiMerge : public BatchFolder {
 protected:
-    // The parts of a batch over a list of all twelve pictures, from the last to the first.
+    // Three parts of a batch over a list of all twelve pictures in reverse order.
     void SetUp() override
     {
         BatchFolder::SetUp();
@@ -57,7 +57,7 @@ TEST_F(VxroiMerge, listsWhatIsMissingOrHasFailedToRunAgain)
     EXPECT_TRUE(again.contains(QStringLiteral("in/p05-broken.png")));
     EXPECT_EQ(again.size(),
         missing.size() + (missing.contains(QStringLiteral("in/p05-broken.png")) ? 0 : 1));
-    // What is run again completes the parts.
+    // Running that list completes the parts.
     batch(QStringLiteral("--from again --ratio 1:1 > part-4"));
     EXPECT_EQ(merge("part-1 part-3 part-4 --from list").out,
         batch(QStringLiteral("--from list --ratio 1:1")).out);
@@ -115,7 +115,7 @@ TEST_F(VxroiMerge, takesOneOfSeveralRecordsAndRatherOneThatHasNotFailed)
         const Outcome outcome = merge(parts);
         EXPECT_EQ(outcome.out, contentOf(QStringLiteral("late"))) << parts;
         EXPECT_TRUE(
-            outcome.err.contains("in/late.png: has several records; that of late is taken"));
+            outcome.err.contains("in/late.png: has several records; the one in late is taken"));
         EXPECT_TRUE(outcome.err.contains("2 ok, 0 failed, 0 missing, 2 duplicate"));
         EXPECT_EQ(outcome.exitCode, 0);
     }

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Where outputs go, and where they must not.
+// Where outputs are written, and where they must not be.
 class VxroiOutputs : public testing::Test {
 protected:
     const samples::SampleFolder folder;
@@ -22,7 +22,7 @@ protected:
         folder.save(samples::picture({ 120, 80 }), QStringLiteral("here/in/a.png"));
     }
 
-    // In the folder "here".
+    // Runs a shell command in the folder "here".
     Outcome shell(const QString& command) const
     {
         return runShell(QStringLiteral("cd '%1/here' && %2").arg(folder.path(QString()), command));
@@ -41,7 +41,7 @@ protected:
 
 TEST_F(VxroiOutputs, ofManyProcessesThatMustNotReplaceOneWins)
 {
-    // They all find the name free, and decide at the same time.
+    // All of them find the name free and race for it.
     const Outcome outcome = shell(QStringLiteral(
         "for i in 1 2 3 4 5 6 7 8; do (\"$VXROI\" crop in/a.png --ratio $i:9 -o "
         "out.png 2>>errors && echo $i >>won) & done; wait; sort won; cat errors >&2"));
@@ -108,7 +108,7 @@ TEST_F(VxroiOutputs, placesNeverLeadOutOfTheFolderThatThePatternNames)
         = shell(QStringLiteral("\"$VXROI\" crop in/a.png --ratio 1:1 -o 'out/{dir}/{stem}.png'"));
     EXPECT_EQ(linked.exitCode, 73) << "a link leads away";
     EXPECT_TRUE(QDir(folder.path(QStringLiteral("away"))).isEmpty());
-    // A pattern that begins with the picture's folder names that one.
+    // A pattern that begins with {dir} may write into the picture's folder.
     EXPECT_EQ(
         shell(QStringLiteral(
                   "cd out && \"$VXROI\" crop ../in/a.png --ratio 1:1 -o '{dir}-crops/{stem}.png'"))

@@ -5,7 +5,7 @@
 
 namespace {
 
-// What -q leaves of what goes to stderr.
+// What --quiet suppresses on stderr, and what it does not.
 class VxroiQuiet : public testing::Test {
 protected:
     const samples::SampleFolder folder;

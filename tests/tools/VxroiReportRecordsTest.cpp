@@ -9,7 +9,7 @@
 
 namespace {
 
-// Pictures, the records of a batch over them, and pages that are drawn from those.
+// Pages made from the records of a batch.
 class VxroiReportRecords : public testing::Test {
 protected:
     const samples::SampleFolder folder;
@@ -53,7 +53,7 @@ protected:
     QString page() const { return contentOf(output); }
     int count(const char* text) const { return page().count(QString::fromUtf8(text)); }
 
-    // A record of in/a.png with a window that no analysis chooses.
+    // A record of in/a.png with a window that no analysis would choose.
     QByteArray lineWith(const QByteArray& settings, const QByteArray& shape) const
     {
         return R"({"path":")" + pictures.toUtf8() + R"(/a.png","version":"9.8.7","settings":")"
@@ -160,7 +160,7 @@ TEST_F(VxroiReportRecords, ofPicturesThatHaveChangedTheirSizeKeepTheirNumbers)
     folder.save(samples::picture({ 100, 200 }), QStringLiteral("in/b.png"));
     const Outcome outcome = report({ QStringLiteral("--from"), records });
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("another size")));
+    EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("a different size")));
     EXPECT_EQ(count("data:image/jpeg"), 1);
     EXPECT_EQ(count("<td data-label=\"keeps\">"), 4);
 }

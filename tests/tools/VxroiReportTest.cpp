@@ -39,7 +39,7 @@ protected:
     int count(const char* text) const { return page().count(QString::fromUtf8(text)); }
 };
 
-// Every pixel differs from those around it: nothing is harder to encode.
+// Every pixel differs from its neighbours, which is the hardest picture to encode.
 QImage noise(const QSize& size)
 {
     QImage image(size, QImage::Format_RGB32);
@@ -53,7 +53,7 @@ QImage noise(const QSize& size)
     return image;
 }
 
-// The first group of a pattern, wherever it matches.
+// The first group of every match of \a pattern.
 QStringList allOf(const QString& pattern, const QString& text)
 {
     QStringList found;

@@ -7,13 +7,13 @@ namespace {
 
 class VxroiResume : public BatchFolder {
 protected:
-    // Ten pictures, one of which is none.
+    // Crops the ten files in the folder, one of which is not a picture; resumes from existing records.
     Outcome resume(const char* options) const
     {
         return shell(command(options) + QStringLiteral(" --resume records"));
     }
 
-    // Records and outputs are those of a run that begins with nothing.
+    // Expects the records and the outputs of a run that starts from nothing.
     void expectAsUndisturbed(const char* options) const
     {
         const Outcome outcome
@@ -190,7 +190,7 @@ TEST_F(VxroiResume, knowsPicturesByTheirContentWhenAsked)
                                  .at(5)
                                  .value(QStringLiteral("file"))
                                  .toObject();
-    // By sha256sum of "no painting".
+    // The output of sha256sum for "no painting".
     EXPECT_EQ(file.value(QStringLiteral("sha256")).toString(),
         QStringLiteral("949dab1b4837bec7f2e4886d64c9a719bca29c688c10024a366d737f592efde1"));
     EXPECT_TRUE(resume("--ratio 1:1").err.contains("0 kept, 9 done")) << "by another mark";
@@ -234,7 +234,7 @@ TEST_F(VxroiResume, goesBackToWhatWasAskedForBeforeARunThatWasStopped)
     for (const char* const signal : { "TERM", "KILL" }) {
         batch(QStringLiteral("--from list ") + options + QStringLiteral("1:1"));
         const QByteArray wanted = contentOf(QStringLiteral("out/p00.png"));
-        // The silent one keeps the record of the other waiting.
+        // The silent pipe comes first, so the record of the other picture has to wait for it.
         shell(QStringLiteral(
             "cp out/p00.png before; exec 3<> in/silent.png; "
             "\"$VXROI\" batch -q --from longer %1 2:1 3>&- & "
@@ -306,7 +306,7 @@ TEST_F(VxroiResume, repairsWhatACrashHasLeftAndSaysSo)
         EXPECT_TRUE(outcome.err.contains("9 kept")) << outcome.err.toStdString();
         EXPECT_EQ(contentOf(QStringLiteral("records")), whole);
     }
-    // In the middle: one record is lost.
+    // Damage in the middle: one record is lost.
     const int second = whole.indexOf('\n') + 1;
     folder.save(whole.left(second + 40)
             + QByteArray(whole.indexOf('\n', second) - second - 40, '\0')
@@ -333,7 +333,7 @@ TEST_F(VxroiResume, leavesAFileAloneThatSomebodyHasPutInTheOutputsPlace)
     resume("--ratio 1:1");
     folder.save(QByteArray("mine"), QStringLiteral("mine"));
     shell(QStringLiteral(
-        "sleep 4; mv mine out/p02.png")); // as old as the outputs, and there since now
+        "sleep 4; mv mine out/p02.png")); // as old as the outputs, but moved there later
     const Outcome outcome = resume("--ratio 2:1");
     EXPECT_TRUE(outcome.err.contains("out/p02.png: already exists")) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.err.contains("0 kept, 8 done, 0 retried, 2 failed"))

@@ -24,7 +24,7 @@ TEST_F(VxroiStats, countsWhatRecordsSay)
     const Outcome outcome = stats("a b --json");
     EXPECT_EQ(outcome.exitCode, 0);
     const QJsonObject counts = QJsonDocument::fromJson(outcome.out).object();
-    // Twelve pictures and three lines; one picture is none, and two are missing.
+    // Twelve files and three lines; one file is not a picture, and two are missing.
     EXPECT_EQ(counts.value(QStringLiteral("pictures")).toInt(), 15);
     EXPECT_EQ(counts.value(QStringLiteral("ok")).toInt(), 12);
     EXPECT_EQ(counts.value(QStringLiteral("failed")).toInt(), 3);
@@ -65,7 +65,7 @@ TEST_F(VxroiStats, saysHowManyPicturesASecondABatchDid)
               .object()
               .value(QStringLiteral("timings"))
               .toObject();
-    // Four pictures in four seconds, and one in two.
+    // Four pictures in four seconds, and one in two seconds.
     EXPECT_EQ(timings.value(QStringLiteral("picturesPerSecond")).toDouble(), 1.5);
     EXPECT_EQ(timings.value(QStringLiteral("pictures")).toInt(), 5);
     EXPECT_EQ(timings.value(QStringLiteral("medianSeconds")).toDouble(), 0.75);

@@ -6,7 +6,7 @@
 
 namespace {
 
-// A batch that gets its list line by line, as a service has one beside it.
+// A batch that receives its list line by line, as when a service keeps one running.
 class VxroiStreaming : public BatchFolder {
 protected:
     QProcess process;
@@ -95,7 +95,7 @@ TEST_F(VxroiStreaming, answersInTheOrderOfTheLines)
     EXPECT_EQ(end(), 0);
 }
 
-// What a name stands for is decided when its line is answered, as if there were nothing else in work.
+// Lines with the same output are processed one after another, so that the last one wins.
 TEST_F(VxroiStreaming, writesTheSameOutputAsOftenAsItIsAsked)
 {
     start("--ratio 1:1 -j 4 -o out.png --if-exists overwrite");

@@ -3,18 +3,12 @@
 #include "support/Memory.h"
 
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <gtest/gtest.h>
-#include <vips/vips8>
-
-#include <vector>
 
 namespace {
 
-// Standard streams, names and frames.
+// Standard streams, and files with the name of one.
 class VxroiStreams : public testing::Test {
 protected:
     const samples::SampleFolder folder;
@@ -78,7 +72,7 @@ TEST_F(VxroiStreams, isNotHarmedByClosedStandardStreams)
     EXPECT_EQ(QImage(folder.path(QStringLiteral("out.png"))).size(), QSize(80, 80));
     EXPECT_EQ(shell(QStringLiteral("rm out.png; ") + crop + QStringLiteral(">&-")).exitCode, 74)
         << "the window cannot be printed";
-    // What would go to stderr does not go into the picture.
+    // With stderr closed, messages do not end up in the picture.
     EXPECT_EQ(shell(QStringLiteral("rm -f out.png; ") + crop
                   + QStringLiteral("--size 9999x9999 <&- 2>&-"))
                   .exitCode,
@@ -98,7 +92,7 @@ TEST_F(VxroiStreams, endsQuietlyWhenNobodyReadsItsOutput)
         { "--help", "crop --help", "--version", "crop in.png --ratio 1:1",
             "crop in.png --ratio 1:1 --json", "crop in.png --ratio 1:1 -o -",
             "crop in.png none.png --ratio 1:1 -o -", "map in.png -o -", "cluster in.png --json" }) {
-        // The reader is gone before the program starts.
+        // The reader has exited before the program starts.
         const Outcome outcome
             = shell(QStringLiteral("{ sleep 0.1; \"$VXROI\" %1; echo $? >&2; } | true")
                         .arg(QLatin1String(command)));
@@ -144,85 +138,4 @@ TEST_F(VxroiStreams, saysOneLineWhateverADecoderSays)
     EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("damaged.jxl")))
         << outcome.err.toStdString();
     EXPECT_TRUE(outcome.out.isEmpty());
-}
-
-TEST_F(VxroiStreams, cropsEveryFrameByOneWindow)
-{
-    // Twelve frames in which a spot moves from the left to the middle.
-    ASSERT_EQ(VIPS_INIT("test"), 0);
-    using vips::VImage;
-    std::vector<VImage> frames;
-    std::vector<int> delays;
-    for (int i = 0; i < 12; ++i) {
-        VImage frame = VImage::black(240, 82, VImage::option()->set("bands", 3)) + 90;
-        frame = frame.cast(VIPS_FORMAT_UCHAR).copy_memory();
-        frame.draw_circle({ 255, 40, 20 }, 20 + 8 * i, 40, 12, VImage::option()->set("fill", true));
-        frames.push_back(
-            frame.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB)));
-        delays.push_back(40 + 10 * i);
-    }
-    VImage strip = VImage::arrayjoin(frames, VImage::option()->set("across", 1)).copy();
-    strip.set("page-height", 82);
-    strip.set("delay", delays);
-    strip.set("loop", 3);
-    for (const char* const suffix : { "gif", "webp" }) {
-        const QString name = QStringLiteral("moving.") + QLatin1String(suffix);
-        strip.write_to_file(folder.path(name).toUtf8().constData());
-        const Outcome first = shell(QStringLiteral("\"$VXROI\" crop %1 --ratio 1:1").arg(name));
-        EXPECT_TRUE(first.err.contains("animated: only the first frame is used"));
-        const Outcome all
-            = shell(QStringLiteral("\"$VXROI\" crop %1 --ratio 1:1 --frames all --json -o out.%2 "
-                                   "--if-exists overwrite --size 40x40")
-                        .arg(name, QLatin1String(suffix)));
-        EXPECT_EQ(all.exitCode, 64) << "two shapes, one name";
-        const Outcome square
-            = shell(QStringLiteral("\"$VXROI\" crop %1 --size 40x40 --frames all --json -o out.%2")
-                        .arg(name, QLatin1String(suffix)));
-        EXPECT_EQ(square.exitCode, 0) << square.err.toStdString();
-        EXPECT_TRUE(square.err.isEmpty()) << square.err.toStdString();
-        const QJsonObject record = QJsonDocument::fromJson(square.out).object();
-        EXPECT_EQ(record.value(QStringLiteral("picture"))
-                      .toObject()
-                      .value(QStringLiteral("frames"))
-                      .toInt(),
-            12);
-        const auto window = record.value(QStringLiteral("crops"))
-                                .toArray()
-                                .first()
-                                .toObject()
-                                .value(QStringLiteral("oriented"))
-                                .toObject();
-        // The spot's centres are from 20 to 108: the window shows the way, not where it began.
-        EXPECT_GT(window.value(QStringLiteral("x")).toInt(), 5) << suffix;
-        EXPECT_LT(window.value(QStringLiteral("x")).toInt(), 60) << suffix;
-
-        const QString output = folder.path(QStringLiteral("out.") + QLatin1String(suffix));
-        const VImage written
-            = VImage::new_from_file(output.toUtf8().constData(), VImage::option()->set("n", -1));
-        EXPECT_EQ(written.width(), 40) << suffix;
-        EXPECT_EQ(written.height(), 12 * 40) << suffix;
-        EXPECT_EQ(written.get_array_int("delay"), delays) << suffix;
-        EXPECT_EQ(written.get_int("loop"), 3) << suffix;
-        EXPECT_NE(
-            written.extract_area(0, 0, 40, 40).avg(), written.extract_area(0, 240, 40, 40).avg());
-
-        // What is cut out does not depend on whether the window had to be found.
-        const QString cropped
-            = QStringLiteral("\"$VXROI\" crop %1 --size 20x20 --focus 0.4,0.5 --frames all ")
-                  .arg(name);
-        for (const char* const how : { "-o found.%1", "--map in.png -o given.%1" })
-            EXPECT_EQ(
-                shell(cropped + QString::fromUtf8(how).arg(QLatin1String(suffix))).exitCode, 0);
-        EXPECT_EQ(
-            shell(QStringLiteral("cmp found.%1 given.%1").arg(QLatin1String(suffix))).exitCode, 0);
-
-        const Outcome still
-            = shell(QStringLiteral("\"$VXROI\" crop %1 --ratio 1:1 --frames all -o still-%2.jpg")
-                        .arg(name, QLatin1String(suffix)));
-        EXPECT_TRUE(still.err.contains("animated: jpeg holds only the first frame"))
-            << still.err.toStdString();
-        EXPECT_EQ(
-            QImage(folder.path(QStringLiteral("still-%1.jpg").arg(QLatin1String(suffix)))).size(),
-            QSize(82, 82));
-    }
 }

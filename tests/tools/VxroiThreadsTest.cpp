@@ -9,7 +9,7 @@
 
 namespace {
 
-// A picture that Qt scales and converts in threads.
+// Uses a picture large enough for Qt to scale and convert it in threads.
 class VxroiThreads : public testing::Test {
 protected:
     void SetUp() override
@@ -19,7 +19,7 @@ protected:
         folder.save(samples::picture(QSize(1200, 900)), QStringLiteral("a.png"));
     }
 
-    // Runs a command under a limit, which it names.
+    // Runs a command under a limit, which is an environment variable or a shell command.
     Outcome run(const char* limit, const char* command) const
     {
         Outcome outcome = runShell(
@@ -59,7 +59,7 @@ TEST_F(VxroiThreads, sixAreEnough)
     }
 }
 
-// Another process may take the last one while the program looks.
+// Another process may use up the limit after the program has checked it.
 TEST_F(VxroiThreads, aCommandEndsWhenThreadsAreRefusedThatWereToBeHad)
 {
     const Outcome outcome = run("THREADS_IN_ALL=13", commands.at(3));
@@ -68,7 +68,7 @@ TEST_F(VxroiThreads, aCommandEndsWhenThreadsAreRefusedThatWereToBeHad)
         << outcome.err.toStdString();
 }
 
-// From one in which the program hardly starts to one in which it works. (Lack of memory may pass for damage.)
+// From a size in which the program hardly starts to one in which it works. (Lack of memory may be reported as damage.)
 TEST_F(VxroiThreads, everyCommandEndsInASmallAddressSpace)
 {
     for (const int kibibytes : { 180000, 250000, 350000, 500000, 600000, 700000, 900000 }) {

@@ -2,6 +2,7 @@
 
 #include "host/HostError.h"
 #include "host/StandardStreams.h"
+#include "host/crop/Cropper.h"
 #include "vxroi/inputs/Tasks.h"
 #include "vxroi/options/CommonOptions.h"
 #include "vxroi/work/WorkerThreads.h"

@@ -3,7 +3,7 @@
 #include "vxroi/options/AnalysisOptions.h"
 
 #include "host/crop/Constraints.h"
-#include "host/crop/Cropper.h"
+#include "host/crop/CropTask.h"
 
 #include <QSize>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/crop/Cropper.h"
+#include "host/crop/CropTask.h"
 #include "host/picture/PictureWriter.h"
 
 #include <QImage>

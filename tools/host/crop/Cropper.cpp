@@ -1,14 +1,11 @@
 #include "Cropper.h"
 
+#include "CropOutputs.h"
 #include "SalienceSettings.h"
-#include "host/FileName.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QSemaphoreReleaser>
 
 #include <algorithm>
-#include <deque>
 #include <new>
 #include <utility>
 
@@ -23,14 +20,6 @@ bool isNothingToDo(const CropRecord& record)
 {
     return std::all_of(record.crops.begin(), record.crops.end(),
         [](const CropResult& crop) { return crop.state == OutputState::Skipped; });
-}
-
-void warnOfLostFrames(CropRecord& record, const CropResult& crop, const WritingRules& rules)
-{
-    const Format& format = formatOf(crop.outputPath, rules);
-    if (record.frames > 1 && !format.abilities.testFlag(Ability::Frames))
-        record.warnings.append(QStringLiteral("animated: %1 holds only the first frame")
-                                   .arg(QLatin1String(format.name)));
 }
 
 } // namespace
@@ -56,8 +45,9 @@ CropRecord Cropper::crop(const CropTask& task, const Look& look)
     if (!task.map.isEmpty())
         record.mapFile = stateOf(task.map, rules.knownBy);
     try {
-        plan(record, task);
-        fill(record, task, look);
+        const CropOutputs outputs(rules, task);
+        outputs.plan(record);
+        analyseAndWrite(record, task, outputs, look);
     } catch (const HostError& error) {
         record.failure = error;
     } catch (const std::bad_alloc&) {
@@ -70,25 +60,8 @@ CropRecord Cropper::crop(const CropTask& task, const Look& look)
     return record;
 }
 
-void Cropper::plan(CropRecord& record, const CropTask& task) const
-{
-    for (int i = 0; i < task.shapes.size(); ++i) {
-        CropResult crop;
-        crop.shape = task.shapes.at(i).name;
-        crop.outputPath = task.outputs.value(i);
-        if (!crop.outputPath.isEmpty()) {
-            refuseToOverwriteInput(task.path, crop.outputPath);
-            if (!task.map.isEmpty())
-                refuseToOverwriteInput(task.map, crop.outputPath);
-            requireReplaceable(crop.outputPath);
-            requireKnownFormat(crop.outputPath, rules.writing);
-        }
-        crop.state = planFor(crop.outputPath, task);
-        record.crops.append(crop);
-    }
-}
-
-void Cropper::fill(CropRecord& record, const CropTask& task, const Look& look)
+void Cropper::analyseAndWrite(
+    CropRecord& record, const CropTask& task, const CropOutputs& outputs, const Look& look)
 {
     Analysis analysis(task.path, rules.analysis, task.map);
     PictureFile& picture = analysis.picture();
@@ -110,7 +83,7 @@ void Cropper::fill(CropRecord& record, const CropTask& task, const Look& look)
     choose(record, task, analysed, picture);
     if (look)
         look(picture, analysed);
-    write(record, task, picture);
+    outputs.write(record, picture);
     record.warnings += analysis.warnings();
 }
 
@@ -150,89 +123,6 @@ void Cropper::setOutputSize(
             QStringLiteral("its crop for %1 would have more pixels than are allowed")
                 .arg(shape.name),
             QStringLiteral("allow them with --max-pixels %1").arg(pixels));
-}
-
-bool Cropper::mayReplace(const QString& output, const CropTask& task) const
-{
-    return rules.ifExists == IfExists::Overwrite || task.ownOutputs.contains(output);
-}
-
-OutputState Cropper::planFor(const QString& output, const CropTask& task) const
-{
-    if (output.isEmpty())
-        return OutputState::None;
-    const bool exists = !isStandardStream(output) && QFileInfo::exists(output);
-    if (exists && !rules.isResumed)
-        return planForTakenName(output, task);
-    return rules.isDryRun ? OutputState::Planned : OutputState::Written;
-}
-
-OutputState Cropper::planForTakenName(const QString& output, const CropTask& task) const
-{
-    if (!mayReplace(output, task) && rules.ifExists == IfExists::Fail)
-        throwAlreadyExists(output);
-    if (!mayReplace(output, task))
-        return OutputState::Skipped;
-    return rules.isDryRun ? OutputState::Planned : OutputState::Written;
-}
-
-void Cropper::write(CropRecord& record, const CropTask& task, PictureFile& picture) const
-{
-    QVector<CropResult*> crops;
-    QVector<Cut> cuts;
-    for (CropResult& crop : record.crops) {
-        if (crop.state != OutputState::Written)
-            continue;
-        crops.append(&crop);
-        cuts.append(
-            { crop.chosen.window, crop.contentSize, crop.outputSize, rules.writing.background });
-    }
-    if (crops.isEmpty())
-        return;
-    const QVector<vips::VImage> pictures = picture.readCuts(cuts);
-    std::deque<PictureWriter> files;
-    WritingRules writing = rules.writing;
-    for (int i = 0; i < crops.size(); ++i) {
-        CropResult& crop = *crops.at(i);
-        if (isStandardStream(crop.outputPath) && writing.format == nullptr)
-            writing.format = formatCalled(picture.format());
-        warnOfLostFrames(record, crop, writing);
-        if (rules.makesFolders)
-            QDir().mkpath(QFileInfo(crop.outputPath).path());
-        files.emplace_back(pictures.at(i), crop.outputPath, writing, picture.deadline());
-        const PictureWriter::Existing existing = files.back().existing();
-        if (existing == PictureWriter::Existing::Other)
-            crop.state = planForTakenName(crop.outputPath, task);
-        const bool isUnchanged
-            = existing == PictureWriter::Existing::Same && rules.ifExists != IfExists::Overwrite;
-        if (crop.state != OutputState::Written || isUnchanged)
-            files.pop_back();
-    }
-    commit(files, task);
-}
-
-void Cropper::commit(std::deque<PictureWriter>& files, const CropTask& task) const
-{
-    QStringList created;
-    QStringList replaced;
-    for (const PictureWriter& file : files) {
-        if (isStandardStream(file.path()))
-            continue;
-        created.append(file.draftPath());
-        (QFileInfo::exists(file.path()) ? replaced : created).append(file.path());
-    }
-    if (rules.journal != nullptr)
-        rules.journal->willWrite(created, replaced);
-    try {
-        for (PictureWriter& file : files) {
-            file.commit(mayReplace(file.path(), task));
-            created.removeAll(file.path());
-        }
-    } catch (const HostError&) {
-        if (rules.journal != nullptr)
-            rules.journal->haveNotCreated(created);
-        throw;
-    }
 }
 
 } // namespace host

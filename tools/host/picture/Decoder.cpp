@@ -6,6 +6,7 @@
 #include "Formats.h"
 #include "Limits.h"
 #include "Metadata.h"
+#include "PictureHeader.h"
 #include "PictureSource.h"
 #include "Pixels.h"
 #include "host/FileName.h"
@@ -28,35 +29,6 @@ namespace {
         QStringLiteral("convert it to PNG or JPEG"));
 }
 
-bool isSet(const VImage& header, const char* field)
-{
-    return header.get_typeof(field) != 0 && header.get_int(field) != 0;
-}
-
-// Whether the decoder keeps the whole picture in memory: up to nine bytes for a pixel with 8 bits per channel.
-bool isDecodedWhole(const VImage& header, const Format& format)
-{
-    constexpr auto chroma = "jpeg-chroma-subsample";
-    const bool isFullChroma
-        = header.get_typeof(chroma) != 0 && std::strcmp(header.get_string(chroma), "4:4:4") == 0;
-    return format.abilities.testFlag(Ability::WholeDecoding) || isSet(header, "interlaced")
-        || (isSet(header, "jpeg-multiscan") && isFullChroma);
-}
-
-// 1 for channels of 8 bits, 2 for 16.
-int bytesPerLevel(const VImage& image)
-{
-    return static_cast<int>(vips_format_sizeof(image.format()));
-}
-
-// HEIC and AVIF share a decoder and differ in compression.
-bool isAvif(const VImage& header)
-{
-    constexpr auto compression = "heif-compression";
-    return header.get_typeof(compression) != 0
-        && std::strcmp(header.get_string(compression), "av1") == 0;
-}
-
 } // namespace
 
 Decoder::Decoder(const QString& path, const ReadingRules& readingRules)
@@ -74,16 +46,10 @@ Decoder::Decoder(const QString& path, const ReadingRules& readingRules)
 
 void Decoder::readHeader()
 {
-    const vips::VSource source = sourceOf(*device, timeLimit);
-    const char* const loader = vips_foreign_find_load_source(source.get_source());
-    const auto* const format
-        = std::find_if(formats().begin(), formats().end(), [loader](const Format& candidate) {
-              return loader != nullptr && candidate.loader != nullptr
-                  && std::strncmp(loader, candidate.loader, std::strlen(candidate.loader)) == 0;
-          });
+    const Format* const format = formatOf(sourceOf(*device, timeLimit));
     if (timeLimit.hasPassed())
         throw tooSlow(name, rules.mostSeconds);
-    if (format == formats().end())
+    if (format == nullptr)
         throwUnknown(name);
     formatName = QString::fromLatin1(format->name);
     if (formatName == QLatin1String("png"))
@@ -107,7 +73,7 @@ void Decoder::readHeader()
         pixelWeight *= 2;
     refuseTooMany(size, isWhole ? pixelWeight : 1);
     refuseMuchMetadata(name, headerImage);
-    if (isSet(headerImage, "jpeg-multiscan"))
+    if (isMultiScan(headerImage))
         refuseManyScans(name, *device);
 }
 

@@ -41,12 +41,4 @@ QByteArray jpegWithMetadata(const QByteArray& jpeg, const EmbeddedMetadata& meta
 /// \a jxl, a bare codestream or a container, with EXIF and XMP, which libvips does not write.
 QByteArray jxlWithMetadata(const QByteArray& jxl, const EmbeddedMetadata& metadata);
 
-/// \a xmp without the orientation and the thumbnails, which do not apply to a crop.
-QByteArray xmpOfCrop(const QByteArray& xmp);
-
-/// The entries that name a picture's author and copyright.
-QByteArray copyrightInExif(const QByteArray& exif);
-QByteArray copyrightInXmp(const QByteArray& xmp);
-QByteArray copyrightInIptc(const QByteArray& iptc);
-
 } // namespace host

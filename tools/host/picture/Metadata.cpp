@@ -1,5 +1,7 @@
 #include "Metadata.h"
 
+#include "MetadataFilters.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -72,7 +72,7 @@ std::unique_ptr<QIODevice> contentOfStandardInput(qint64 mostBytes)
     const QString name = QStringLiteral("standard input");
     if (isatty(STDIN_FILENO) == 1)
         throw HostError(ExitCode::MissingInput, name, QStringLiteral("is a terminal"),
-            QStringLiteral("send a picture to it, such as by < picture.jpg"));
+            QStringLiteral("redirect a picture to it, such as with < picture.jpg"));
     constexpr int patience = 60; // earlier programs of the pipeline may be slow to start
     return contentOfPipe(name, dup(STDIN_FILENO), patience, mostBytes);
 }

@@ -6,6 +6,7 @@
 #include "RecordFile.h"
 #include "Resumption.h"
 #include "TimingsFile.h"
+#include "host/crop/Cropper.h"
 #include "vxroi/inputs/Inputs.h"
 #include "vxroi/inputs/Tasks.h"
 #include "vxroi/work/OrderedWork.h"

@@ -2,7 +2,7 @@
 
 #include "vxroi/records/RecordIndex.h"
 
-#include "host/crop/Cropper.h"
+#include "host/crop/CropTask.h"
 
 #include <QFile>
 #include <QHash>

@@ -1,5 +1,7 @@
 #include "Resumption.h"
 
+#include "vxroi/records/RecordFields.h"
+
 #include <QFileInfo>
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "OwnOutputs.h"
 #include "vxroi/records/RecordIndex.h"
 
-#include "host/crop/Cropper.h"
+#include "host/crop/CropTask.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/crop/Constraints.h"
-#include "host/crop/Cropper.h"
+#include "host/crop/CropTask.h"
 #include "host/crop/MapStore.h"
 
 #include <QString>

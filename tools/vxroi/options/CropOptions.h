@@ -5,7 +5,7 @@
 
 #include "host/crop/Constraints.h"
 #include "host/crop/CropShape.h"
-#include "host/crop/Cropper.h"
+#include "host/crop/CropTask.h"
 
 #include <QString>
 #include <QVector>

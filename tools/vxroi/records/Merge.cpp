@@ -1,5 +1,6 @@
 #include "Merge.h"
 
+#include "RecordFields.h"
 #include "vxroi/inputs/Inputs.h"
 
 #include "host/FileName.h"
@@ -7,10 +8,7 @@
 #include "host/records/Json.h"
 #include "vxroi/options/CommonOptions.h"
 
-#include <QFileInfo>
 #include <QJsonDocument>
-
-#include <algorithm>
 
 namespace vxroi {
 
@@ -36,21 +34,13 @@ Merge::Merge(const MergeArguments& mergeArguments)
     , merged(arguments.output.empty() ? QStringLiteral("-") : pathFrom(arguments.output))
 {
     for (const std::string& result : arguments.results) {
-        Part& part = parts.emplace_back();
-        part.file.setFileName(pathFrom(result));
-        const QFileInfo info(part.file);
-        const bool isOther = info.exists() && !info.isFile();
-        if (isOther || !part.file.open(QIODevice::ReadOnly))
-            throw HostError(ExitCode::MissingInput, part.file.fileName(),
-                isOther ? QStringLiteral("is not a file") : part.file.errorString(),
-                QStringLiteral("name files that vxroi batch has written"));
-        part.records.emplace(part.file);
-        const qint64 damaged = part.records->damagedBytes();
+        const QString path = pathFrom(result);
+        const qint64 damaged = parts.add(path);
         damagedBytes += damaged;
         if (damaged > 0)
             say(QStringLiteral(
                 "%1: %2 bytes were damaged by a crash; resume its run, and merge again")
-                    .arg(part.file.fileName())
+                    .arg(path)
                     .arg(damaged));
     }
     if (!arguments.again.empty())
@@ -79,47 +69,18 @@ void Merge::forEachInput(const std::function<void(const Input&)>& visit) const
     } else if (!arguments.folder.empty()) {
         const QStringList paths = picturesIn(pathFrom(arguments.folder), arguments.recursive);
         for (const QString& path : paths) {
-            if (!isOutput(path))
+            if (!parts.containsOutput(path))
                 visit({ path });
         }
     } else {
-        for (const Input& input : recordedInputs())
+        for (const Input& input : parts.inputs())
             visit(input);
     }
 }
 
-// Without a list or a folder, the inputs are those of the records, in the order of picturesIn().
-QVector<Input> Merge::recordedInputs() const
-{
-    QVector<Input> inputs;
-    for (const Part& part : parts) {
-        for (const RecordPlace& place : part.records->places()) {
-            const QJsonObject record = host::parseObject(part.records->lineAt(place)).object;
-            Input input { textIn(record, "path") };
-            input.request = textIn(record, "line");
-            inputs.append(input);
-        }
-    }
-    const auto isBefore = [](const Input& one, const Input& other) {
-        return one.path != other.path ? one.path < other.path : one.request < other.request;
-    };
-    const auto isSame = [](const Input& one, const Input& other) {
-        return one.path == other.path && one.request == other.request;
-    };
-    std::stable_sort(inputs.begin(), inputs.end(), isBefore);
-    inputs.erase(std::unique(inputs.begin(), inputs.end(), isSame), inputs.end());
-    return inputs;
-}
-
-bool Merge::isOutput(const QString& path) const
-{
-    return std::any_of(parts.begin(), parts.end(),
-        [&path](const Part& part) { return part.records->containsOutput(path); });
-}
-
 void Merge::add(const Input& input)
 {
-    const std::optional<Found> found = find(input);
+    const std::optional<FoundRecord> found = parts.find(input);
     if (!found) {
         ++missingCount;
         say(input.path + QStringLiteral(": has no record"));
@@ -132,7 +93,7 @@ void Merge::add(const Input& input)
     if (found->isDuplicate) {
         ++duplicateCount;
         say(input.path
-            + QStringLiteral(": has several records; that of %1 is taken").arg(found->part));
+            + QStringLiteral(": has several records; the one in %1 is taken").arg(found->part));
     }
     if (hasFailed(found->record)) {
         const QJsonObject error = found->record.value(QLatin1String("error")).toObject();
@@ -145,26 +106,7 @@ void Merge::add(const Input& input)
     }
 }
 
-// Of several records, a successful one is preferred to a failed one, and a later part to an earlier one.
-std::optional<Merge::Found> Merge::find(const Input& input) const
-{
-    std::optional<Found> best;
-    for (const Part& part : parts) {
-        const QVector<IndexedRecord> records = part.records->recordsOf(input.path);
-        std::for_each(records.rbegin(), records.rend(), [&](const IndexedRecord& record) {
-            if (textIn(record.object, "line") != input.request)
-                return;
-            const bool isBetter = !best || hasFailed(best->record) || !hasFailed(record.object);
-            const bool isDuplicate = best.has_value();
-            if (isBetter)
-                best = Found { record.line, record.object, part.file.fileName() };
-            best->isDuplicate = isDuplicate;
-        });
-    }
-    return best;
-}
-
-void Merge::requireSameRun(const Found& found)
+void Merge::requireSameRun(const FoundRecord& found)
 {
     if (first.isEmpty())
         first = found.record;
@@ -174,8 +116,8 @@ void Merge::requireSameRun(const Found& found)
                 QStringLiteral("its record of %1 has the %2 %3, and others have %4")
                     .arg(textIn(found.record, "path"), QLatin1String(key),
                         textIn(found.record, key), textIn(first, key)),
-                QStringLiteral("merge parts of one version and one command line; --resume does "
-                               "anew what differs"));
+                QStringLiteral("merge parts of one version and one command line; --resume redoes "
+                               "what differs"));
     }
 }
 

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "MergeCommand.h"
-#include "RecordIndex.h"
+#include "MergeParts.h"
 #include "vxroi/inputs/Tasks.h"
 
 #include "host/files/OutputFile.h"
 
-#include <QFile>
+#include <QJsonObject>
 #include <QMap>
 
-#include <deque>
 #include <functional>
 #include <optional>
 #include <unordered_set>
@@ -26,30 +25,16 @@ public:
     host::ExitCode run();
 
 private:
-    struct Part {
-        QFile file;
-        std::optional<RecordIndex> records;
-    };
-    struct Found {
-        QByteArray line;
-        QJsonObject record;
-        QString part; ///< the file that it is in
-        bool isDuplicate = false;
-    };
-
     void forEachInput(const std::function<void(const Input&)>& visit) const;
-    QVector<Input> recordedInputs() const;
-    bool isOutput(const QString& path) const;
     void add(const Input& input);
-    std::optional<Found> find(const Input& input) const;
-    void requireSameRun(const Found& found);
+    void requireSameRun(const FoundRecord& found);
     void addToRerunList(const Input& input);
     void noteOutputs(const QJsonObject& record);
     void say(const QString& text) const;
     QString summary() const;
 
     const MergeArguments& arguments;
-    std::deque<Part> parts;
+    MergeParts parts;
     host::OutputFile merged;
     std::optional<host::OutputFile> again;
     QJsonObject first; ///< the first record, whose version and request all others must have

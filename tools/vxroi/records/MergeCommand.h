@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/HostError.h"
-#include "host/crop/Cropper.h"
+#include "host/crop/CropTask.h"
 
 #include <string>
 #include <vector>

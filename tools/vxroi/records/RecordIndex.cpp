@@ -1,10 +1,9 @@
 #include "RecordIndex.h"
 
+#include "RecordFields.h"
 #include "host/FileName.h"
 #include "host/HostError.h"
 #include "host/records/Json.h"
-
-#include <QJsonArray>
 
 #include <algorithm>
 #include <functional>
@@ -20,7 +19,6 @@ using host::ExitCode;
 using host::HostError;
 
 constexpr QLatin1String pathKey("path", 4);
-constexpr QLatin1String statusKey("status", 6);
 
 bool isBefore(const RecordPlace& one, const RecordPlace& other)
 {
@@ -40,40 +38,6 @@ bool isDamagedRecord(const QByteArray& line)
 }
 
 } // namespace
-
-bool isRecord(const QJsonObject& object)
-{
-    return object.value(pathKey).isString() && object.value(statusKey).isString();
-}
-
-QString textIn(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
-
-bool hasFailed(const QJsonObject& record)
-{
-    return textIn(record, "status") != QLatin1String("ok");
-}
-
-QVector<QJsonObject> outputsOf(const QJsonObject& record)
-{
-    QVector<QJsonObject> outputs;
-    const QJsonArray crops = record.value(QLatin1String("crops")).toArray();
-    for (const QJsonValue& crop : crops)
-        outputs.append(crop.toObject().value(QLatin1String("output")).toObject());
-    return outputs;
-}
-
-QStringList writtenOutputsOf(const QJsonObject& record)
-{
-    QStringList written;
-    for (const QJsonObject& output : outputsOf(record)) {
-        if (textIn(output, "status") == QLatin1String("written"))
-            written.append(textIn(output, "path"));
-    }
-    return written;
-}
 
 std::size_t RecordIndex::hashOf(const QString& text)
 {

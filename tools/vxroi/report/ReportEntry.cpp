@@ -60,7 +60,7 @@ void showPicture(ReportEntry& entry, const host::ReadingRules& rules)
         recorded = picture->orientedSize();
     if (picture->orientedSize() != recorded)
         throw HostError(ExitCode::UnreadableInput, entry.record.path,
-            QStringLiteral("the picture has another size than its record says"),
+            QStringLiteral("the picture has a different size than its record says"),
             QStringLiteral("crop it again"));
     entry.thumbnail = thumbnailOf(*picture);
 }
