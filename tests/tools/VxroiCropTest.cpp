@@ -202,6 +202,23 @@ TEST_F(VxroiCrop, leavesNothingBehindWhenWritingFails)
     EXPECT_EQ(folder.names(), QStringList { QStringLiteral("picture.png") });
 }
 
+TEST_F(VxroiCrop, saysWhatToAllowWhereNoFileCanBeOpened)
+{
+    const QString path = folder.save(picture, QStringLiteral("picture.png"));
+    for (int most = 4; most < 12; ++most) {
+        const Outcome outcome
+            = runShell(QStringLiteral("ulimit -n %1; exec \"$VXROI\" crop '%2' --ratio 1:1")
+                           .arg(most)
+                           .arg(path));
+        if (outcome.exitCode == 0)
+            continue; // enough of them
+        EXPECT_TRUE(outcome.exitCode == 70 || outcome.exitCode == 66) << most;
+        EXPECT_TRUE(outcome.err.endsWith("allow more, see ulimit -n\n"))
+            << outcome.err.toStdString();
+        EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.toStdString();
+    }
+}
+
 TEST_F(VxroiCrop, saysSoWhenTheWindowCannotBePrinted)
 {
     const QString path = folder.save(picture, QStringLiteral("picture.png"));

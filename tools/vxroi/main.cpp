@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 
+#include <array>
 #include <cstdlib>
 #include <exception>
 #include <fcntl.h>
@@ -28,6 +29,22 @@ void keepFreedMemory()
     constexpr int mostKept = 64 << 20;
     mallopt(M_MMAP_THRESHOLD, largestKept);
     mallopt(M_TRIM_THRESHOLD, mostKept);
+}
+
+// Whether the few files can be opened that the program needs besides its pictures: without them GLib, which Qt and
+// libvips start, aborts.
+bool areDescriptorsLeft()
+{
+    constexpr std::size_t few = 3;
+    std::array<int, few> descriptors {};
+    for (int& descriptor : descriptors)
+        descriptor = dup(STDIN_FILENO);
+    const bool areLeft = descriptors.back() != -1;
+    for (const int descriptor : descriptors) {
+        if (descriptor != -1)
+            close(descriptor);
+    }
+    return areLeft;
 }
 
 // Opens a closed standard stream as /dev/null, in the mode that makes using it fail. Otherwise the next opened file
@@ -66,6 +83,10 @@ int main(int argc, char** argv)
     host::keepLibrariesQuiet();
     vxroi::endAtOnceOnSignals();
     std::set_terminate(endOnException);
+    if (!areDescriptorsLeft()) {
+        host::writeError("vxroi: too few files can be opened; allow more, see ulimit -n\n");
+        return static_cast<int>(host::ExitCode::Internal);
+    }
     if (!host::isMemoryLeft(leastBytes)) {
         host::writeError(host::noMemoryLine);
         return static_cast<int>(host::ExitCode::Internal);

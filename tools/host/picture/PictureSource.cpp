@@ -24,9 +24,12 @@ namespace {
         QStringLiteral("allow more with --max-bytes"));
 }
 
-[[noreturn]] void throwNotOpened(const QString& path, const QString& reason)
+[[noreturn]] void throwNotOpened(const QString& path, const QFileDevice& file)
 {
-    throw HostError(ExitCode::MissingInput, path, reason, QStringLiteral("check its permissions"));
+    const bool areTooManyOpen = file.error() == QFileDevice::ResourceError;
+    throw HostError(ExitCode::MissingInput, path, file.errorString(),
+        areTooManyOpen ? QStringLiteral("allow more, see ulimit -n")
+                       : QStringLiteral("check its permissions"));
 }
 
 // Reads a pipe to its end, because a decoder may seek. Gives up when nothing arrives for \a mostSeconds: a pipe may
@@ -36,7 +39,7 @@ std::unique_ptr<QIODevice> contentOfPipe(
 {
     QFile pipe;
     if (!pipe.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle))
-        throwNotOpened(path, pipe.errorString());
+        throwNotOpened(path, pipe);
     auto content = std::make_unique<QBuffer>();
     content->open(QIODevice::ReadWrite);
     while (content->size() <= mostBytes) {
@@ -81,7 +84,7 @@ std::unique_ptr<QIODevice> openFile(const QString& path, qint64 mostBytes)
 {
     auto file = std::make_unique<QFile>(path);
     if (!file->open(QIODevice::ReadOnly))
-        throwNotOpened(path, file->errorString());
+        throwNotOpened(path, *file);
     if (file->size() > mostBytes)
         throwTooLarge(path, mostBytes);
     return file;

@@ -33,8 +33,8 @@ public:
     virtual QString name() const = 0;
 };
 
-/// The pictures in a folder, sorted by the code points of their paths. Hidden files, files whose suffix is not that of
-/// a picture format, and links to folders are left out.
+/// The pictures in a folder, sorted by the UTF-16 units of their paths, whatever the locale. Hidden files, files whose
+/// suffix is not that of a picture format, and links to folders are left out.
 /// \param isRecursive whether to include the folders within it.
 QStringList picturesIn(const QString& folder, bool isRecursive);
 
