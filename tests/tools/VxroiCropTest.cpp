@@ -205,13 +205,14 @@ TEST_F(VxroiCrop, leavesNothingBehindWhenWritingFails)
 TEST_F(VxroiCrop, saysWhatToAllowWhereNoFileCanBeOpened)
 {
     const QString path = folder.save(picture, QStringLiteral("picture.png"));
-    for (int most = 4; most < 12; ++most) {
+    for (int most = 4; most < 16; ++most) {
         const Outcome outcome
             = runShell(QStringLiteral("ulimit -n %1; exec \"$VXROI\" crop '%2' --ratio 1:1")
                            .arg(most)
                            .arg(path));
-        if (outcome.exitCode == 0)
-            continue; // enough of them
+        constexpr int notLoaded = 127; // of the system's loader, which found none itself
+        if (outcome.exitCode == 0 || outcome.exitCode == notLoaded)
+            continue;
         EXPECT_TRUE(outcome.exitCode == 70 || outcome.exitCode == 66) << most;
         EXPECT_TRUE(outcome.err.endsWith("allow more, see ulimit -n\n"))
             << outcome.err.toStdString();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace host {
@@ -60,8 +61,8 @@ try {
 
 } // namespace
 
-Analysis::Analysis(const QString& path, const AnalysisRules& analysisRules, const QString& mapPath)
-    : rules(analysisRules)
+Analysis::Analysis(const QString& path, AnalysisRules analysisRules, const QString& mapPath)
+    : rules(std::move(analysisRules))
     , file(path, rules.reading)
     , map(openMap(mapPath, rules.reading))
 {

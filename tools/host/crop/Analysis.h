@@ -28,7 +28,7 @@ public:
     /// Opens the picture.
     /// \param mapPath a picture to read the salience map from; empty: the map is computed.
     /// \throws HostError when one of the files is missing, is not a picture, or exceeds a limit.
-    Analysis(const QString& path, const AnalysisRules& analysisRules, const QString& mapPath = {});
+    Analysis(const QString& path, AnalysisRules analysisRules, const QString& mapPath = {});
 
     PictureFile& picture() { return file; }
 

@@ -15,10 +15,16 @@ using host::KeptMetadata;
 
 const char* const group = "Writing";
 
-const Choices<Chroma> chromas { { "auto", Chroma::OfSource }, { "444", Chroma::Full },
-    { "420", Chroma::Half } };
-const Choices<KeptMetadata> metadataToKeep { { "keep", KeptMetadata::All },
-    { "copyright", KeptMetadata::Copyright }, { "strip", KeptMetadata::None } };
+Choices<Chroma> chromas()
+{
+    return { { "auto", Chroma::OfSource }, { "444", Chroma::Full }, { "420", Chroma::Half } };
+}
+
+Choices<KeptMetadata> metadataToKeep()
+{
+    return { { "keep", KeptMetadata::All }, { "copyright", KeptMetadata::Copyright },
+        { "strip", KeptMetadata::None } };
+}
 
 std::vector<std::string> formatNames()
 {
@@ -35,7 +41,7 @@ QColor parseColour(const QString& text)
 {
     constexpr int withOpacity = 9; // "#rrggbbaa"
     const bool isReordered = text.startsWith(QLatin1Char('#')) && text.size() == withOpacity;
-    const QColor colour(isReordered ? QLatin1Char('#') + text.right(2) + text.mid(1, 6) : text);
+    QColor colour(isReordered ? QLatin1Char('#') + text.right(2) + text.mid(1, 6) : text);
     if (!colour.isValid())
         throw host::HostError(host::ExitCode::Usage, QStringLiteral("--background %1").arg(text),
             QStringLiteral("not a colour"),
@@ -58,7 +64,7 @@ void addFormatOptions(CLI::App& command, host::WritingRules& rules)
         ->type_name("N")
         ->check(wholeNumber(1, 100))
         ->group(group);
-    addChoice(command, "--chroma", rules.chroma, chromas,
+    addChoice(command, "--chroma", rules.chroma, chromas(),
         "chroma subsampling in JPEG, AVIF and HEIC; auto is that of the source")
         ->group(group);
     command
@@ -69,7 +75,7 @@ void addFormatOptions(CLI::App& command, host::WritingRules& rules)
 
 void addContentOptions(CLI::App& command, host::WritingRules& rules)
 {
-    addChoice(command, "--metadata", rules.metadata, metadataToKeep,
+    addChoice(command, "--metadata", rules.metadata, metadataToKeep(),
         "what to keep of EXIF, XMP, IPTC and comments: keep, copyright or strip")
         ->group(group);
     command.add_flag("--to-srgb", rules.isInSrgb, "convert colours to sRGB, and write no profile")
@@ -102,10 +108,10 @@ QString WritingOptions::suffix() const
 QJsonObject WritingOptions::toJson() const
 {
     return { { QStringLiteral("format"), suffix() }, { QStringLiteral("quality"), rules.quality },
-        { QStringLiteral("chroma"), QString::fromStdString(wordFor(chromas, rules.chroma)) },
+        { QStringLiteral("chroma"), QString::fromStdString(wordFor(chromas(), rules.chroma)) },
         { QStringLiteral("progressive"), rules.isProgressive },
         { QStringLiteral("metadata"),
-            QString::fromStdString(wordFor(metadataToKeep, rules.metadata)) },
+            QString::fromStdString(wordFor(metadataToKeep(), rules.metadata)) },
         { QStringLiteral("toSrgb"), rules.isInSrgb },
         { QStringLiteral("background"), rules.background.name(QColor::HexArgb) } };
 }
