@@ -20,8 +20,8 @@ public:
         Focus, ///< the focus of each crop: FX,FY
     };
 
-    /// \param defaultOutput the form when neither option is given.
-    explicit RecordPrinter(Output defaultOutput);
+    /// \param outputByDefault the form when neither option is given.
+    explicit RecordPrinter(Output outputByDefault);
 
     /// Adds both options, which exclude each other.
     void addTo(CLI::App& command);
