@@ -264,17 +264,19 @@ QVector<VXCropWindow> VXCrop::windows(
         return { measure.at(startAt(direction, *constraints.focus), VXCropReason::Focus) };
 
     const Allowed allowed = startsFor(direction, constraints);
+    const QVector<Place> bySalience
+        = bestPlaces(measure.alongAxis(), direction.axis, allowed.starts, most);
     const QVector<QRect> faces = partsWithin(picture, constraints.faces);
-    const int startWithoutFaces
-        = bestPlaces(measure.alongAxis(), direction.axis, allowed.starts, 1).first().start;
+    const QVector<Place> places = faces.isEmpty()
+        ? bySalience
+        : placesWithFaces(measure, direction, faces, allowed.starts, most);
+    const bool isMovedByFaces = places.first().start != bySalience.first().start;
     QVector<VXCropWindow> found;
-    for (const Place& place : placesWithFaces(measure, direction, faces, allowed.starts, most)) {
-        const bool isOfFaces
-            = !faces.isEmpty() && found.isEmpty() && place.start != startWithoutFaces;
-        const VXCropReason reason = isOfFaces ? VXCropReason::Faces
-            : place.isCentre                  ? VXCropReason::Centre
-                                              : VXCropReason::Salience;
-        found.append(measure.at(place.start, isOfFaces ? reason : allowed.reason.value_or(reason)));
+    for (const Place& place : places) {
+        const VXCropReason ofMap = place.isCentre ? VXCropReason::Centre : VXCropReason::Salience;
+        const bool isOfFaces = isMovedByFaces && found.isEmpty();
+        found.append(measure.at(
+            place.start, isOfFaces ? VXCropReason::Faces : allowed.reason.value_or(ofMap)));
     }
     return found;
 }
