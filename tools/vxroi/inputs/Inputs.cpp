@@ -57,8 +57,9 @@ QSet<QString> outputsOf(const QStringList& paths, const CropOptions& options)
         return outputs;
     const host::OutputName name(pathFrom(options.output));
     const QString suffix = options.writing.suffix();
+    const QVector<host::CropShape> shapes = options.shapes();
     for (const QString& path : paths) {
-        for (const host::CropShape& shape : options.shapes())
+        for (const host::CropShape& shape : shapes)
             outputs.insert(
                 QFileInfo(name.nameFor(path, shape.fileName(), suffix)).absoluteFilePath());
     }

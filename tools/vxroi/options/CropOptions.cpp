@@ -85,8 +85,7 @@ void CropOptions::addMapOptions(CLI::App& command)
     command
         .add_option("--map", map,
             "take the salience map from this picture or mask; {dir} {stem} {ext} stand for parts "
-            "of the "
-            "picture's name")
+            "of the picture's name")
         ->check(namesFile())
         ->type_name("FILE");
     addMapsOption(command, maps);
