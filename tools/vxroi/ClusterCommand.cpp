@@ -6,9 +6,9 @@
 #include "host/StandardStreams.h"
 #include "host/crop/CellGrid.h"
 #include "host/records/Json.h"
+#include "vxroi/concurrency/WorkerThreads.h"
 #include "vxroi/options/CommonOptions.h"
 #include "vxroi/options/Shapes.h"
-#include "vxroi/work/WorkerThreads.h"
 
 #include <CLI/CLI.hpp>
 

@@ -3,9 +3,9 @@
 #include "host/HostError.h"
 #include "host/StandardStreams.h"
 #include "host/crop/Cropper.h"
+#include "vxroi/concurrency/WorkerThreads.h"
 #include "vxroi/inputs/Tasks.h"
 #include "vxroi/options/CommonOptions.h"
-#include "vxroi/work/WorkerThreads.h"
 
 #include <CLI/CLI.hpp>
 

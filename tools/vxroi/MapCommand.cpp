@@ -7,10 +7,10 @@
 #include "host/StandardStreams.h"
 #include "host/crop/Overlay.h"
 #include "host/crop/SalienceMap.h"
+#include "vxroi/concurrency/WorkerThreads.h"
 #include "vxroi/options/Checks.h"
 #include "vxroi/options/CommonOptions.h"
 #include "vxroi/options/Shapes.h"
-#include "vxroi/work/WorkerThreads.h"
 
 namespace vxroi {
 

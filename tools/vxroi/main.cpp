@@ -3,7 +3,7 @@
 #include "host/HostError.h"
 #include "host/StandardStreams.h"
 #include "host/picture/ImageMemory.h"
-#include "vxroi/work/Interruption.h"
+#include "vxroi/concurrency/Interruption.h"
 
 #include <QCoreApplication>
 

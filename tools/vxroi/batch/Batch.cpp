@@ -1,7 +1,7 @@
 #include "Batch.h"
 
 #include "BatchSetup.h"
-#include "vxroi/work/Interruption.h"
+#include "vxroi/concurrency/Interruption.h"
 
 #include "host/FileName.h"
 #include "host/StandardStreams.h"

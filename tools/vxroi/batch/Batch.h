@@ -7,10 +7,10 @@
 #include "Resumption.h"
 #include "TimingsFile.h"
 #include "host/crop/Cropper.h"
+#include "vxroi/concurrency/OrderedWork.h"
+#include "vxroi/concurrency/Wakeup.h"
 #include "vxroi/inputs/Inputs.h"
 #include "vxroi/inputs/Tasks.h"
-#include "vxroi/work/OrderedWork.h"
-#include "vxroi/work/Wakeup.h"
 
 #include <deque>
 #include <memory>

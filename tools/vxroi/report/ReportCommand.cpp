@@ -4,7 +4,7 @@
 #include "ReportSource.h"
 #include "ReportStyle.h"
 #include "vxroi/OutputFiles.h"
-#include "vxroi/work/OrderedWork.h"
+#include "vxroi/concurrency/OrderedWork.h"
 
 #include "host/FileName.h"
 #include "host/HostError.h"
