@@ -13,7 +13,7 @@ namespace {
 
 QString fileOf(const samples::SampleFolder& folder)
 {
-    const QString path = folder.save(QByteArray("abc"), QStringLiteral("file"));
+    QString path = folder.save(QByteArray("abc"), QStringLiteral("file"));
     // A billion seconds after the epoch is 2001-09-09 01:46:40 UTC.
     const std::array<timespec, 2> times { { { 0, 0 }, { 1'000'000'000, 3'040'050 } } };
     EXPECT_EQ(utimensat(AT_FDCWD, path.toUtf8().constData(), times.data(), 0), 0);
@@ -36,6 +36,7 @@ TEST(FileState, isTheSameInAllThreads)
     const QString path = fileOf(folder);
     std::vector<std::optional<QJsonObject>> states(8);
     std::vector<std::thread> threads;
+    threads.reserve(states.size());
     for (std::optional<QJsonObject>& state : states)
         threads.emplace_back([&state, &path] { state = host::stateOf(path, host::KnownBy::Time); });
     for (std::thread& thread : threads)
