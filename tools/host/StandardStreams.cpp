@@ -59,10 +59,17 @@ void writeError(const std::string& text)
     writeAll(descriptorOfErrors, text.data(), text.size()); // there is nowhere else to complain
 }
 
+const char* programName() { return program_invocation_short_name; }
+
+void writeMessage(const std::string& message)
+{
+    writeError(std::string(programName()) + ": " + message + '\n');
+}
+
 void writeWarning(const QString& path, const QString& warning)
 {
     const QString line = onOneLine(QStringLiteral("%1: %2").arg(path, warning));
-    writeError("vxroi: " + bytesOfName(line).toStdString() + '\n');
+    writeMessage(bytesOfName(line).toStdString());
 }
 
 int errorDescriptor() { return descriptorOfErrors; }

@@ -21,7 +21,7 @@ namespace {
 void complainOf(const CropRecord& record)
 {
     if (record.failure) {
-        host::writeError(std::string("vxroi: ") + record.failure->what() + '\n');
+        host::writeMessage(record.failure->what());
         return;
     }
     for (const QString& warning : record.warnings)

@@ -99,7 +99,7 @@ void addMapCommand(CLI::App& app, MapArguments& arguments)
     addAreaOptions(*map, arguments.constraints);
     map->add_option(
            "--map", arguments.map, "take the salience map from this picture or mask instead")
-        ->check(namesFile())
+        ->check(names("file"))
         ->type_name("FILE");
     map->add_flag(
         "--stretch", arguments.stretch, "stretch the levels of maps to reach from black to white");

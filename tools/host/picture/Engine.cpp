@@ -21,7 +21,7 @@ void handleMessage(
 {
     if ((level & G_LOG_LEVEL_ERROR) == 0)
         return;
-    writeError(noMemoryLine);
+    writeMessage(noMemory);
     std::_Exit(static_cast<int>(ExitCode::Internal));
 }
 

@@ -27,10 +27,11 @@ static_assert(
 
 void endAtOnce(int /*signal*/)
 {
-    constexpr std::string_view line = "vxroi: interrupted\n";
+    const std::string_view name = host::programName();
+    constexpr std::string_view message = ": interrupted\n";
     // A failure cannot be reported anywhere.
-    [[maybe_unused]] const ssize_t written
-        = write(host::errorDescriptor(), line.data(), line.size());
+    [[maybe_unused]] ssize_t written = write(host::errorDescriptor(), name.data(), name.size());
+    written = write(host::errorDescriptor(), message.data(), message.size());
     _exit(static_cast<int>(host::ExitCode::Interrupted));
 }
 

@@ -74,7 +74,7 @@ void startWorkerThreads(int most)
     qInstallMessageHandler(handler);
     if (!haveAllStarted) {
         // Another process has used up the limit meanwhile. A normal exit would hang: the pool waits for its threads.
-        host::writeError(std::string("vxroi: ") + host::threadsRefused().what() + '\n');
+        host::writeMessage(host::threadsRefused().what());
         std::_Exit(static_cast<int>(host::ExitCode::Internal));
     }
     end->release(count);

@@ -40,10 +40,27 @@ CLI::Validator wholeNumber(qint64 least, qint64 most)
     return CLI::Validator(check, range.toStdString());
 }
 
-CLI::Validator namesFile()
+CLI::Validator number(double least, double most)
+{
+    const QString range = QStringLiteral("%1 to %2").arg(least).arg(most);
+    const auto check = [least, most, range](const std::string& written) {
+        const QString value = pathFrom(written);
+        bool isNumber = false;
+        const double given = value.toDouble(&isNumber);
+        if (isNumber && given >= least && given <= most)
+            return std::string();
+        const QString complaint = QStringLiteral("%1 is not a number from %2").arg(value, range);
+        return host::bytesOfName(complaint).toStdString();
+    };
+    return CLI::Validator(
+        check, QStringLiteral("FLOAT in [%1 - %2]").arg(least).arg(most).toStdString());
+}
+
+CLI::Validator names(const std::string& what)
 {
     return CLI::Validator(
-        [](const std::string& name) { return std::string(name.empty() ? "names no file" : ""); },
+        [what](
+            const std::string& name) { return name.empty() ? "names no " + what : std::string(); },
         std::string());
 }
 

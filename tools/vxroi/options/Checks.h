@@ -20,8 +20,12 @@ CLI::Validator oneOf(const std::vector<std::string>& names);
 /// Refuses a value that is not a whole number from \a least to \a most.
 CLI::Validator wholeNumber(qint64 least, qint64 most);
 
-/// Refuses an empty file name. An unset shell variable gives one, and ignoring it would silently do something else.
-CLI::Validator namesFile();
+/// Refuses a value that is not a number from \a least to \a most.
+CLI::Validator number(double least, double most);
+
+/// Refuses an empty name of \a what, such as "file". An unset shell variable gives one, and ignoring it would silently do
+/// something else.
+CLI::Validator names(const std::string& what);
 
 /// The word for \a value; empty when there is none.
 template <typename Value> std::string wordFor(const Choices<Value>& choices, const Value& value)

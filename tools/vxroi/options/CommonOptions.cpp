@@ -18,7 +18,7 @@ void addMapsOption(CLI::App& command, std::string& folder)
     command
         .add_option("--maps", folder,
             "keep the map of each picture in this folder, and take it from there the next time")
-        ->check(namesFile())
+        ->check(names("file"))
         ->type_name("DIR");
 }
 

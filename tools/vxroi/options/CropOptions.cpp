@@ -48,7 +48,7 @@ void CropOptions::addTo(CLI::App& command)
     command
         .add_option("-o,--output", output,
             "write crops to this file; {dir} {stem} {ratio} {ext} stand for parts of its name")
-        ->check(namesFile())
+        ->check(names("file"))
         ->type_name("FILE");
     addAreaOptions(command, constraints);
     const auto takeFocus = [this](const std::string& point) {
@@ -86,7 +86,7 @@ void CropOptions::addMapOptions(CLI::App& command)
         .add_option("--map", map,
             "take the salience map from this picture or mask; {dir} {stem} {ext} stand for parts "
             "of the picture's name")
-        ->check(namesFile())
+        ->check(names("file"))
         ->type_name("FILE");
     addMapsOption(command, maps);
 }

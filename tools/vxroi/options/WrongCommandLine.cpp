@@ -9,16 +9,24 @@ namespace vxroi {
 
 namespace {
 
-// The command that the user named; null when there was none.
+// The command that the user named, or the program itself if it has no commands; null when there was none.
 const CLI::App* commandOf(const CLI::App& app)
 {
     const std::vector<CLI::App*> named = app.get_subcommands();
-    return named.empty() ? nullptr : named.front();
+    const bool hasCommands = app.get_require_subcommand_min() > 0;
+    if (named.empty())
+        return hasCommands ? nullptr : &app;
+    return named.front();
 }
 
+// What a user writes to run the command.
 QString programOf(const CLI::App& command)
 {
-    return QStringLiteral("vxroi ") + QString::fromStdString(command.get_name());
+    const CLI::App* const program = command.get_parent();
+    const QString name = QString::fromStdString(command.get_name());
+    return program == nullptr
+        ? name
+        : QStringLiteral("%1 %2").arg(QString::fromStdString(program->get_name()), name);
 }
 
 // The names of all commands, or only of those that have \a option.
@@ -86,7 +94,9 @@ QString complaintWithin(const CLI::App& command, const QString& word)
     if (!isOption(word))
         return QStringLiteral("%1: one argument too many for %2").arg(word, programOf(command));
     const QString option = optionIn(word);
-    const QStringList owners = commandNames(*command.get_parent(), option);
+    const QStringList owners = command.get_parent() == nullptr
+        ? QStringList()
+        : commandNames(*command.get_parent(), option);
     return owners.isEmpty() ? unknownOption(command, option)
                             : QStringLiteral("%1: an option of vxroi %2, not of %3")
                                   .arg(option, alternatives(owners), programOf(command));
@@ -143,10 +153,10 @@ QString complaintOfSwitches(const CLI::App& command)
 
 QString complaintOf(const CLI::App& app, const CLI::ParseError& error)
 {
-    const QString strayWord = firstUnusedWord(app);
-    if (!strayWord.isEmpty())
-        return complaintBeforeCommand(app, strayWord);
     const CLI::App* const command = commandOf(app);
+    const QString strayWord = firstUnusedWord(app);
+    if (!strayWord.isEmpty() && command != &app)
+        return complaintBeforeCommand(app, strayWord);
     if (command == nullptr)
         return QStringLiteral("no command given; ") + suggestion(QString(), commandNames(app));
     const QString word = firstUnusedWord(*command);
@@ -166,8 +176,7 @@ QString withHelp(const QString& complaint, const CLI::App& app)
     if (complaint.contains(QLatin1String("--help")))
         return complaint;
     const CLI::App* const command = commandOf(app);
-    const QString help = (command == nullptr ? QStringLiteral("vxroi") : programOf(*command))
-        + QStringLiteral(" --help");
+    const QString help = programOf(command == nullptr ? app : *command) + QStringLiteral(" --help");
     return complaint
         + (complaint.endsWith(QLatin1Char('?')) ? QStringLiteral(" See ")
                                                 : QStringLiteral("; see "))

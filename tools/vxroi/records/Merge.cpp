@@ -146,7 +146,7 @@ void Merge::noteOutputs(const QJsonObject& record)
 void Merge::say(const QString& text) const
 {
     if (!arguments.quiet)
-        host::writeError("vxroi: " + host::bytesOfName(host::onOneLine(text)).toStdString() + '\n');
+        host::writeMessage(host::bytesOfName(host::onOneLine(text)).toStdString());
 }
 
 QString Merge::summary() const

@@ -50,12 +50,12 @@ void addMergeCommand(CLI::App& app, MergeArguments& arguments, ExitCode& exitCod
     merge
         ->add_option("-o,--output", arguments.output,
             "write the records to this file, not to standard output")
-        ->check(namesFile())
+        ->check(names("file"))
         ->type_name("FILE");
     merge
         ->add_option("--again", arguments.again,
             "write a list of the inputs that are missing or have failed to this file")
-        ->check(namesFile())
+        ->check(names("file"))
         ->type_name("FILE");
     addIfExistsOption(*merge, arguments.ifExists);
     addQuietOption(*merge, arguments.quiet);

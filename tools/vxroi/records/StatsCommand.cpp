@@ -123,7 +123,7 @@ void addStatsCommand(CLI::App& app, StatsArguments& arguments)
     addRepeated(*stats, "--timings", takeTimings,
         "a file written by batch --timings; one for each batch that ran side by side")
         ->type_name("FILE")
-        ->check(namesFile());
+        ->check(names("file"));
     stats->add_flag("--json", arguments.json, "print one object, as JSON");
     stats->callback([&arguments] { runStats(arguments); });
 }

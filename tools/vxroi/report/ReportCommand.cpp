@@ -73,7 +73,7 @@ private:
             return;
         ++failed;
         if (!isQuiet)
-            host::writeError(std::string("vxroi: ") + article.failure->what() + '\n');
+            host::writeMessage(article.failure->what());
     }
 
     ExitCode finish()
@@ -130,7 +130,7 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
         ->add_option("--from", arguments.from,
             "show the records in this file, as batch or crop --json wrote them, and choose no new "
             "crops; - is standard input")
-        ->check(namesFile())
+        ->check(names("file"))
         ->type_name("FILE");
     report->add_option("-o,--output", arguments.output, "write the page to this HTML file")
         ->type_name("FILE")
