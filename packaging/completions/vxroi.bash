@@ -56,12 +56,12 @@ _vxroi()
     esac
     if [ -z "$words" ] && [ "${word#-}" != "$word" ]; then
         case ${COMP_WORDS[1]} in
-        crop) words='-h --help --ratio --size -o --output --keep --avoid --focus --map --maps --if-exists --upscale --fit --frames --dry-run --json --emit -q --quiet --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
-        batch) words='-h --help -r --recursive --from -0 --null --allow-outside --ratio --size -o --output --keep --avoid --focus --map --maps --if-exists --upscale --fit --frames --dry-run --resume --retry --checksum --timings --shard -j --jobs --json --emit -q --quiet --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
-        map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        crop) words='-h --help --ratio --size -o --output --keep --avoid --focus --map --maps --if-exists --upscale --fit --frames --dry-run --json --emit -q --quiet --faces --detector --detector-required --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        batch) words='-h --help -r --recursive --from -0 --null --allow-outside --ratio --size -o --output --keep --avoid --focus --map --maps --if-exists --upscale --fit --frames --dry-run --resume --retry --checksum --timings --shard -j --jobs --json --emit -q --quiet --faces --detector --detector-required --format --quality --chroma --progressive --metadata --to-srgb --background --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        map) words='-h --help -o --output --per-method --overlay --ratio --keep --avoid --map --stretch --if-exists -q --quiet --faces --detector --detector-required --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         merge) words='-h --help --from -0 --null --folder -r --recursive -o --output --again --if-exists -q --quiet' ;;
         cluster) words='-h --help --grid --json -o --output --if-exists -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
-        report) words='-h --help -r --recursive --from -o --output --ratio --methods --if-exists --maps -q --quiet --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
+        report) words='-h --help -r --recursive --from -o --output --ratio --methods --if-exists --maps -q --quiet --faces --detector --detector-required --preset --weight --tune --max-pixels --max-bytes --max-seconds --on-broken' ;;
         stats) words='-h --help --timings --json' ;;
         esac
     fi

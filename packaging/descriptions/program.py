@@ -117,7 +117,7 @@ class Program:
         sections = {heading: list(entries(help_text, heading))
                     for heading in ("Placeholders", "Presets", "Methods", "Settings")}
         options = [option_from(*entry, sections)
-                   for entry in entries(help_text, "Positionals", "Options", "Writing", "Analysis")]
+                   for entry in entries(help_text, "Positionals", "Options", "Faces", "Writing", "Analysis")]
         return Command(name, text, usage, options, sections)
 
     def section(self, heading):

@@ -12,6 +12,10 @@ import tempfile
 
 import jsonschema
 
+# Says that there is a face at the right, and one beyond it.
+DETECTOR = """sed -u 's/}$/,"faces": [{"x": 250, "y": 9, "width": 20, "height": 20, "score": 1.5},"""  \
+    """{"x": 290, "y": -9, "width": 20, "height": 20}]}/'"""
+
 schema_path, vxroi, scenes = sys.argv[1:]
 schema = json.loads(pathlib.Path(schema_path).read_text(encoding="utf-8"))
 jsonschema.Draft202012Validator.check_schema(schema)
@@ -27,6 +31,8 @@ def records(folder, *arguments):
 with tempfile.TemporaryDirectory() as name:
     folder = pathlib.Path(name)
     subprocess.run([scenes, "."], cwd=folder, check=True, stdout=subprocess.DEVNULL)
+    # A picture without salience: 300 x 100 black pixels.
+    (folder / "grey.png").write_bytes(b"P5 300 100 255\n" + bytes(300 * 100))
     (folder / "broken.png").write_text("no picture")
     (folder / "cut.jpg").write_bytes((folder / "balloon.png").read_bytes()[:20000])
     whole = records(folder, "crop", "balloon.png", "--ratio", "1:1,3:2", "--json")
@@ -43,13 +49,16 @@ with tempfile.TemporaryDirectory() as name:
                        "--weight", "gauss=3", "--json")
              + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--map", "poppy.png", "--json")
              + records(folder, "crop", "balloon.png", "--ratio", "1:1", "--map", "none.png", "--json")
+             + records(folder, "crop", "grey.png", "--ratio", "1:1", "--detector", DETECTOR, "--json")
+             + records(folder, "crop", "grey.png", "--ratio", "1:1", "--detector", "exit 1",
+                       "--detector-required", "--json")
              + records(folder, "batch", ".", "--ratio", "1:1"))
 
 statuses = {record["status"] for record in found}
 deciders = {crop.get("decidedBy") for record in found for crop in record.get("crops", [])}
 outputs = {crop["output"].get("status") for record in found for crop in record.get("crops", [])}
 assert statuses == {"ok", "failed"}, statuses
-assert {"whole", "focus", "keep", "avoid", "salience"} <= deciders, deciders
+assert {"whole", "focus", "keep", "avoid", "faces", "salience"} <= deciders, deciders
 assert outputs == {None, "written", "planned", "skipped"}, outputs
 assert {"photo", "gauss=3 background=20", "map=poppy.png"} <= {record["settings"] for record in found}
 for record in found:

@@ -66,6 +66,40 @@ QJsonObject withInCrop(const char* key, const QJsonValue& value)
 
 } // namespace
 
+TEST(CropRecord, listsFacesWhereTheyAreKnown)
+{
+    host::CropRecord record = sampleRecord();
+    EXPECT_FALSE(jsonOf(record).contains(QStringLiteral("faces")));
+    EXPECT_FALSE(readBack(record).faces);
+    record.faces = QVector<host::Face>();
+    EXPECT_EQ(jsonOf(record).value(QStringLiteral("faces")), QJsonArray());
+    ASSERT_TRUE(readBack(record).faces);
+    EXPECT_TRUE(readBack(record).faces->isEmpty());
+    record.faces = QVector<host::Face> { { QRect(1, 2, 3, 4), 0.25 }, { QRect(-5, 6, 7, 8), {} } };
+    const QJsonObject first { { QStringLiteral("x"), 1 }, { QStringLiteral("y"), 2 },
+        { QStringLiteral("width"), 3 }, { QStringLiteral("height"), 4 },
+        { QStringLiteral("score"), 0.25 } };
+    EXPECT_EQ(jsonOf(record).value(QStringLiteral("faces")).toArray().at(0), first);
+    const auto read = readBack(record).faces;
+    ASSERT_TRUE(read);
+    ASSERT_EQ(read->size(), 2);
+    EXPECT_EQ(read->at(0).box, QRect(1, 2, 3, 4));
+    EXPECT_EQ(read->at(0).score, 0.25);
+    EXPECT_EQ(read->at(1).box, QRect(-5, 6, 7, 8));
+    EXPECT_FALSE(read->at(1).score);
+    EXPECT_EQ(readBack(record).toJson(), record.toJson());
+}
+
+TEST(CropRecord, refusesFacesThatAreNone)
+{
+    for (const QJsonValue& faces : { QJsonValue(3), QJsonValue(QJsonObject()),
+             QJsonValue(QJsonArray { 7 }), QJsonValue(QJsonValue::Null) }) {
+        QJsonObject object = jsonOf(sampleRecord());
+        object.insert(QStringLiteral("faces"), faces);
+        EXPECT_TRUE(refusalOf(object).startsWith(QStringLiteral("\"faces\" is not an array")));
+    }
+}
+
 TEST(CropRecord, isReadAsItWasWritten)
 {
     host::CropRecord record = sampleRecord();

@@ -79,6 +79,16 @@ TEST(Overlay, hasNoScaleWhereThePictureIsTooNarrowForIt)
     EXPECT_EQ(overlay.size(), QSize(60, 400));
 }
 
+TEST(Overlay, marksFaces)
+{
+    VXCropConstraints constraints;
+    constraints.faces = { QRect(20, 20, 60, 60), QRect(150, 20, 60, 60) };
+    const QImage overlay = host::drawOverlay(
+        filled({ 300, 200 }, Qt::black), filled({ 30, 20 }, Qt::black), QRect(), constraints);
+    EXPECT_EQ(overlay.pixel(21, 20), QColor(Qt::green).rgb());
+    EXPECT_EQ(overlay.pixel(151, 20), QColor(Qt::green).rgb());
+}
+
 TEST(Overlay, marksAreasToKeepAndToAvoid)
 {
     const QImage overlay

@@ -9,6 +9,7 @@ enum class ExitCode {
     Usage = 64, ///< the command line is wrong
     UnreadableInput = 65, ///< the file is not a picture, or is damaged
     MissingInput = 66, ///< the file does not exist or cannot be opened
+    Unavailable = 69, ///< the face detector is not installed, or has failed
     Internal = 70, ///< the system refuses memory or threads, or the program has a fault
     CannotCreate = 73, ///< the output cannot be created
     WriteFailed = 74, ///< writing started and failed; no partial file is left

@@ -39,6 +39,22 @@ struct MapOutputs {
     QString folder; ///< of the maps of single methods
 };
 
+// The constraints of the crop in the overlay. Why faces are not known is added to \a warnings.
+VXCropConstraints constraintsOf(
+    const MapArguments& arguments, const host::PictureFile& picture, QStringList& warnings)
+{
+    VXCropConstraints constraints
+        = host::within(picture.orientedSize(), arguments.constraints, picture.path());
+    if (const std::shared_ptr<host::FaceDetector> detector = arguments.faces.detector()) {
+        const host::Detection detection
+            = detector->detect(picture.path(), arguments.analysis.rules.reading.mostSeconds);
+        constraints.faces = host::boxesOf(detection.faces);
+        if (!detection.problem.isEmpty())
+            warnings.append(detection.problem);
+    }
+    return constraints;
+}
+
 } // namespace
 
 void runMap(const MapArguments& arguments)
@@ -47,8 +63,8 @@ void runMap(const MapArguments& arguments)
     const QString input = pathFrom(arguments.picture);
     startWorkerThreads();
     host::Analysis analysis(input, arguments.analysis.rules, pathFrom(arguments.map));
-    const VXCropConstraints constraints
-        = host::within(analysis.picture().orientedSize(), arguments.constraints, input);
+    QStringList warnings;
+    const VXCropConstraints constraints = constraintsOf(arguments, analysis.picture(), warnings);
     const VXCrop analysed = analysis.run();
     const QImage map = analysed.map(constraints.keep);
 
@@ -71,8 +87,9 @@ void runMap(const MapArguments& arguments)
                 shown(single.map), QStringLiteral("%1/%2.png").arg(outputs.folder, single.method));
     }
     files.commit();
+    warnings += analysis.warnings();
     if (!arguments.quiet)
-        for (const QString& warning : analysis.warnings())
+        for (const QString& warning : warnings)
             host::writeWarning(input, warning);
 }
 
@@ -97,6 +114,7 @@ void addMapCommand(CLI::App& app, MapArguments& arguments)
         ->type_name("W:H")
         ->needs(overlay);
     addAreaOptions(*map, arguments.constraints);
+    arguments.faces.addTo(*map, overlay);
     map->add_option(
            "--map", arguments.map, "take the salience map from this picture or mask instead")
         ->check(names("file"))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vxroi/options/AnalysisOptions.h"
+#include "vxroi/options/FaceOptions.h"
 
 #include "host/crop/Constraints.h"
 #include "host/crop/CropTask.h"
@@ -21,6 +22,7 @@ struct MapArguments {
     std::string overlay; ///< a file for the overlay; empty: it is not written
     std::optional<QSize> ratio; ///< the shape of the crop outlined in the overlay; nullopt: no crop
     host::Constraints constraints;
+    FaceOptions faces;
     std::string map; ///< a file to read the map from; empty: the map is computed
     bool stretch = false; ///< stretch the levels of maps from black to white
     host::IfExists ifExists = host::IfExists::Fail;

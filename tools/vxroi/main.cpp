@@ -14,6 +14,7 @@ namespace {
 const char* const exitCodes
     = R"(Exit codes: 0 done, 1 some of several pictures failed, 64 wrong command line,
 65 the file is not a picture, or is damaged, 66 no such file,
+69 the face detector is missing or has failed,
 70 no memory, no threads or an internal error, 73 the output cannot be created,
 74 writing failed, 130 interrupted, 141 nobody reads standard output any more.)";
 

@@ -3,6 +3,7 @@
 #include "Analysis.h"
 #include "Constraints.h"
 #include "CropShape.h"
+#include "host/detector/FaceDetector.h"
 #include "host/files/FileState.h"
 #include "host/picture/WritingRules.h"
 #include "host/records/CropRecord.h"
@@ -47,6 +48,7 @@ struct CropRules {
     IfExists ifExists = IfExists::Fail;
     bool isResumed = false; ///< an existing output with the content to be written counts as written
     KnownBy knownBy = KnownBy::Time; ///< how records identify files
+    std::shared_ptr<FaceDetector> detector = {}; ///< null: faces are not looked for
     OutputJournal* journal = nullptr; ///< null: outputs are not recorded
     Fit fit = Fit::Smaller;
     WritingRules writing = {};
@@ -61,6 +63,8 @@ struct CropTask {
     QStringList outputs; ///< one for each shape, or empty: nothing is written
     Constraints constraints;
     QString map = {}; ///< a file to read the salience map from; empty: the map is computed
+    std::optional<Detection> detection
+        = std::nullopt; ///< nullopt: the detector of the run is asked
     CropRequest request = {};
     QStringList ownOutputs = {}; ///< outputs of an earlier run, which may be replaced
     std::optional<HostError> failure = std::nullopt; ///< why the picture cannot be cropped

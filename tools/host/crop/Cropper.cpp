@@ -72,6 +72,7 @@ void Cropper::analyseAndWrite(
     record.frames = picture.frameCount();
     if (isNothingToDo(record))
         return;
+    lookForFaces(record, task);
     const int needed
         = static_cast<int>(std::min<qint64>(analysis.countedPixels() / thousand + 1, budget));
     unusedBudget.acquire(needed);
@@ -87,11 +88,26 @@ void Cropper::analyseAndWrite(
     record.warnings += analysis.warnings();
 }
 
+void Cropper::lookForFaces(CropRecord& record, const CropTask& task) const
+{
+    std::optional<Detection> detection = task.detection;
+    if (rules.detector)
+        detection = detection
+            ? rules.detector->checked(task.path, *detection)
+            : rules.detector->detect(task.path, rules.analysis.reading.mostSeconds);
+    if (!detection)
+        return;
+    if (detection->problem.isEmpty())
+        record.faces = detection->faces;
+    else
+        record.warnings.append(detection->problem);
+}
+
 void Cropper::choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
     const PictureFile& picture) const
 {
-    const VXCropConstraints constraints
-        = within(analysis.pictureSize(), task.constraints, task.path);
+    VXCropConstraints constraints = within(analysis.pictureSize(), task.constraints, task.path);
+    constraints.faces = boxesOf(record.faces.value_or(QVector<Face>()));
     for (int i = 0; i < task.shapes.size(); ++i) {
         CropResult& crop = record.crops[i];
         crop.chosen = analysis.window(task.shapes.at(i).ratio, constraints);

@@ -28,6 +28,7 @@ public:
 private:
     void analyseAndWrite(
         CropRecord& record, const CropTask& task, const CropOutputs& outputs, const Look& look);
+    void lookForFaces(CropRecord& record, const CropTask& task) const;
     void choose(CropRecord& record, const CropTask& task, const VXCrop& analysis,
         const PictureFile& picture) const;
     void setOutputSize(

@@ -159,6 +159,8 @@ QImage drawOverlay(const QImage& picture, const QImage& map, const QRect& window
         mark(painter, frame, shownRect(area), Qt::cyan);
     for (const QRect& area : constraints.avoid)
         mark(painter, frame, shownRect(area), Qt::red);
+    for (const QRect& face : constraints.faces)
+        mark(painter, frame, shownRect(face), Qt::green);
     if (!strip.isEmpty())
         drawScale(painter, strip);
     painter.end();

@@ -19,7 +19,7 @@ constexpr std::array<QRgb, 5> heatStops
 /// level; see heatStops. \a window is outlined and everything outside it dimmed. A strip below the picture shows the
 /// scale, unless the picture is too narrow for it.
 /// \param window in picture pixels; null: nothing is outlined.
-/// \param constraints areas to mark with dashed lines: cyan to keep, red to avoid.
+/// \param constraints areas to mark with dashed lines: cyan to keep, red to avoid, green for faces.
 /// \return the picture, scaled to at most 1600 pixels on its longer side, with the strip below it.
 QImage drawOverlay(const QImage& picture, const QImage& map, const QRect& window,
     const VXCropConstraints& constraints = {});

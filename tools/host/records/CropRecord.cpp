@@ -117,6 +117,8 @@ QByteArray CropRecord::toJson() const
         if (frames > 1)
             picture.insert(QStringLiteral("frames"), frames);
         object.insert(QStringLiteral("picture"), picture);
+        if (faces)
+            object.insert(QStringLiteral("faces"), jsonOf(*faces));
         QJsonArray list;
         for (const CropResult& crop : crops)
             list.append(cropJson(crop, oriented));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CropWindow.h"
+#include "Faces.h"
 #include "host/HostError.h"
 
 #include <QByteArray>
@@ -57,6 +58,7 @@ struct CropRecord {
     QSize oriented;
     int orientation = 1;
     int frames = 1; ///< how many are analysed and written
+    std::optional<QVector<Face>> faces; ///< nullopt: none were looked for, or they are not known
     QStringList warnings;
     QVector<CropResult> crops;
     std::optional<HostError> failure;

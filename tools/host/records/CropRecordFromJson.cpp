@@ -135,6 +135,10 @@ void fillPicture(CropRecord& record, const QJsonObject& picture)
 void fillCrops(CropRecord& record, const QJsonObject& object)
 {
     fillPicture(record, objectIn(object, "picture"));
+    const QJsonValue faces = object.value(QLatin1String("faces"));
+    record.faces = facesFrom(faces);
+    if (!faces.isUndefined() && !record.faces)
+        refuseKey("faces", faultOfFaces());
     if (!object.contains(QLatin1String("crops")))
         refuseKey("crops", QStringLiteral("is missing"));
     const QJsonArray crops = arrayIn(object, "crops");

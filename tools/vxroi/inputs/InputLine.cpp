@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <cmath>
+#include <stdexcept>
 
 namespace vxroi {
 
@@ -28,6 +29,8 @@ constexpr QLatin1String mapKey("map", 3);
 constexpr QLatin1String focusKey("focus", 5);
 constexpr QLatin1String ratiosKey("ratios", 6);
 constexpr QLatin1String outKey("out", 3);
+constexpr QLatin1String facesKey("faces", 5);
+constexpr QLatin1String errorKey("error", 5); // of a detector that does not know the faces
 
 // Throws an error about the whole line.
 [[noreturn]] void refuse(const QString& reason)
@@ -104,9 +107,18 @@ QPointF focusIn(const QJsonObject& object)
     return focusOf(number(0), number(1), QStringLiteral("\"%1\" %2").arg(focusKey, textOf(values)));
 }
 
+// What a detector such as vxroi-faces has added to the line.
+std::optional<host::Detection> detectionIn(const QJsonObject& object)
+try {
+    return host::Detection::in(object);
+} catch (const std::invalid_argument& error) {
+    refuse(QString::fromUtf8(error.what()));
+}
+
 void requireKnownKeys(const QJsonObject& object)
 {
-    const QStringList known { pathKey, keepKey, avoidKey, focusKey, mapKey, ratiosKey, outKey };
+    const QStringList known { pathKey, keepKey, avoidKey, focusKey, mapKey, ratiosKey, outKey,
+        facesKey, errorKey };
     for (const QString& key : object.keys()) {
         if (!known.contains(key))
             refuse(QStringLiteral("\"%1\" is not known").arg(key));
@@ -132,6 +144,7 @@ void fill(Input& input, const QJsonObject& object)
     }
     if (object.contains(outKey))
         input.output = fileCalled(stringOf(object.value(outKey), outKey));
+    input.detection = detectionIn(object);
 }
 
 Input inputFromPath(const QByteArray& path)

@@ -66,6 +66,7 @@ PlannedTask TaskPlan::plan(const Input& input) const
     task.shapes = input.shapes.isEmpty() ? commonShapes : input.shapes;
     task.constraints = input.constraints.value_or(commonConstraints);
     task.map = commonMap && input.map.isEmpty() ? commonMap->nameFor(input.path, {}) : input.map;
+    task.detection = input.detection;
     task.request = { request, input.request };
     task.failure = input.failure;
     try {

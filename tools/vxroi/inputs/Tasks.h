@@ -16,6 +16,7 @@ struct Input {
     std::optional<host::Constraints> constraints = std::nullopt; ///< nullopt: those of the run
     QString map = {}; ///< empty: that of the run
     QString output = {}; ///< empty: that of the run
+    std::optional<host::Detection> detection = std::nullopt; ///< nullopt: faces are looked for
     std::optional<host::HostError> failure = std::nullopt; ///< why the input cannot be cropped
     QString request = {}; ///< a hash of the settings in its line; empty: there are none
     QByteArray entry = {}; ///< its entry in the list, unchanged; empty: it is not from a list

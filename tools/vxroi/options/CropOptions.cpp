@@ -61,6 +61,7 @@ void CropOptions::addTo(CLI::App& command)
     addMapOptions(command);
     addOutputOptions(command);
     addHelpSection(command, "Placeholders", host::OutputName::placeholders());
+    faces.addTo(command);
     writing.addTo(command);
 }
 
@@ -116,6 +117,7 @@ host::CropRules CropOptions::rules(const AnalysisOptions& analysis) const
     host::CropRules rules { analysis.rules };
     rules.analysis.reading.areAllFramesRead = areAllFramesRead;
     rules.analysis.maps = mapsIn(maps);
+    rules.detector = faces.detector();
     rules.ifExists = ifExists;
     rules.fit = upscale ? Fit::Enlarged : fit;
     rules.writing = writing.rules;
@@ -133,6 +135,8 @@ QString CropOptions::request(const AnalysisOptions& analysis) const
     wanted.insert(QStringLiteral("avoid"), textsOf(constraints.avoid));
     wanted.insert(QStringLiteral("focus"), coordinatesOf(constraints.focus));
     wanted.insert(QStringLiteral("map"), pathFrom(map));
+    if (!faces.name().isEmpty())
+        wanted.insert(QStringLiteral("detector"), faces.name());
     wanted.insert(QStringLiteral("upscale"), upscale);
     wanted.insert(QStringLiteral("pad"), fit == Fit::Padded);
     wanted.insert(QStringLiteral("allFrames"), areAllFramesRead);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AnalysisOptions.h"
+#include "FaceOptions.h"
 #include "WritingOptions.h"
 
 #include "host/crop/Constraints.h"
@@ -28,6 +29,7 @@ struct CropOptions {
     bool upscale = false; ///< overrides fit
     bool areAllFramesRead = false;
     bool dryRun = false;
+    FaceOptions faces;
     WritingOptions writing;
 
     /// Adds the options to \a command; parsing it sets the members, or throws host::HostError when a value is wrong.
@@ -36,7 +38,8 @@ struct CropOptions {
     /// The requested shapes, in order.
     QVector<host::CropShape> shapes() const;
 
-    /// \throws host::HostError when the output has an unknown placeholder, or the folder of maps cannot be created.
+    /// \throws host::HostError when the output has an unknown placeholder, the folder of maps cannot be created, or the
+    /// detector of faces is not installed.
     host::CropRules rules(const AnalysisOptions& analysis) const;
 
     /// A hash of the options that determine the results: all but limits and those that concern a single run, such as

@@ -61,7 +61,7 @@ QString numbersOf(const CropRecord& record)
     return QStringLiteral("<table>\n%1<tbody>\n%2</tbody></table>\n").arg(headRow(), rows);
 }
 
-// The size, the version and the settings; a page may show records of several runs.
+// The size, the number of faces, the version and the settings; a page may show records of several runs.
 QString originOf(const CropRecord& record)
 {
     QStringList parts;
@@ -69,6 +69,8 @@ QString originOf(const CropRecord& record)
         parts.append(QStringLiteral("%1 × %2 pixels")
                          .arg(record.oriented.width())
                          .arg(record.oriented.height()));
+    if (record.faces)
+        parts.append(QStringLiteral("faces: %1").arg(record.faces->size()));
     if (!record.version.isEmpty())
         parts.append(QStringLiteral("vxroi %1").arg(record.version));
     if (!record.settings.isEmpty())

@@ -107,8 +107,8 @@ private:
 // The pictures of records have already been analysed, so options of the analysis would have no effect.
 void requireNoAnalysisOptions(const CLI::App& report)
 {
-    for (const char* const option :
-        { "--recursive", "--ratio", "--methods", "--preset", "--weight", "--tune" }) {
+    for (const char* const option : { "--recursive", "--ratio", "--methods", "--preset", "--weight",
+             "--tune", "--faces", "--detector", "--detector-required" }) {
         if (report.count(option) > 0)
             throw host::HostError(ExitCode::Usage, QLatin1String(option),
                 QStringLiteral("cannot be combined with --from"),
@@ -146,6 +146,7 @@ void addReportCommand(CLI::App& app, ReportArguments& arguments, host::ExitCode&
     report->add_flag("--methods", arguments.methods, "also show the map of each method");
     addIfExistsOption(*report, arguments.ifExists);
     addMapsOption(*report, arguments.maps);
+    arguments.faces.addTo(*report);
     addQuietOption(*report, arguments.quiet);
     arguments.analysis.addTo(*report);
     report->callback([&, report] {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vxroi/options/AnalysisOptions.h"
+#include "vxroi/options/FaceOptions.h"
 
 #include "host/crop/CropShape.h"
 #include "host/crop/CropTask.h"
@@ -22,6 +23,7 @@ struct ReportArguments {
     bool methods = false;
     host::IfExists ifExists = host::IfExists::Fail;
     std::string maps; ///< a folder; empty: maps are not stored
+    FaceOptions faces;
     bool quiet = false;
     AnalysisOptions analysis;
 };

@@ -29,6 +29,10 @@ QString linesOf(const CropRecord& record)
 {
     QString seams;
     QString lines;
+    for (const host::Face& face : record.faces.value_or(QVector<host::Face>())) {
+        seams += rectTag(face.box, QStringLiteral("seam"));
+        lines += rectTag(face.box, QStringLiteral("face"));
+    }
     for (int i = 0; i < record.crops.size(); ++i) {
         const QRect& window = record.crops.at(i).chosen.window;
         if (window.isNull())

@@ -6,7 +6,8 @@
 
 namespace vxroi {
 
-/// The outlines of the windows of \a record, labelled with their shapes: SVG elements in units of picture pixels.
+/// The outlines of the faces and the windows of \a record, the windows labelled with their shapes: SVG elements in units
+/// of picture pixels.
 QString outlinesOf(const host::CropRecord& record);
 
 /// A sample of the outline of a shape, for the legend.

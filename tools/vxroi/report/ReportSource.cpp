@@ -35,6 +35,7 @@ host::CropRules rulesOf(const ReportArguments& arguments)
 {
     host::CropRules rules { arguments.analysis.rules };
     rules.analysis.maps = arguments.methods ? nullptr : mapsIn(arguments.maps);
+    rules.detector = arguments.faces.detector();
     return rules;
 }
 

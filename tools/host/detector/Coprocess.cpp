@@ -1,0 +1,200 @@
+#include "Coprocess.h"
+
+#include "host/FileName.h"
+#include "host/StandardStreams.h"
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+namespace {
+
+// The two ends of a pipe, closed when this goes out of scope unless they have been taken.
+class Pipe {
+public:
+    Pipe()
+    {
+        if (pipe2(ends.data(), O_CLOEXEC) == -1)
+            throw CoprocessError(
+                std::string("cannot be started: ") + std::strerror(errno)); // NOLINT(concurrency-*)
+    }
+    ~Pipe()
+    {
+        for (const int end : ends) {
+            if (end != -1)
+                close(end);
+        }
+    }
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+
+    int toRead() const { return ends.front(); }
+    int toWrite() const { return ends.back(); }
+    int takeToRead() { return std::exchange(ends.front(), -1); }
+    int takeToWrite() { return std::exchange(ends.back(), -1); }
+
+private:
+    std::array<int, 2> ends { -1, -1 };
+};
+
+// What a started program does before it begins: where its streams lead, and which signals it gets.
+class SpawnRules {
+public:
+    SpawnRules(int standardInput, int standardOutput)
+    {
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, standardInput, STDIN_FILENO);
+        posix_spawn_file_actions_adddup2(&actions, standardOutput, STDOUT_FILENO);
+        posix_spawn_file_actions_adddup2(&actions, errorDescriptor(), STDERR_FILENO);
+        sigset_t none;
+        sigemptyset(&none);
+        sigset_t all;
+        sigfillset(&all);
+        posix_spawnattr_init(&attributes);
+        posix_spawnattr_setpgroup(&attributes, 0);
+        posix_spawnattr_setsigmask(&attributes, &none);
+        posix_spawnattr_setsigdefault(&attributes, &all);
+        posix_spawnattr_setflags(
+            &attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
+    ~SpawnRules()
+    {
+        posix_spawn_file_actions_destroy(&actions);
+        posix_spawnattr_destroy(&attributes);
+    }
+    SpawnRules(const SpawnRules&) = delete;
+    SpawnRules& operator=(const SpawnRules&) = delete;
+
+    posix_spawn_file_actions_t actions {};
+    posix_spawnattr_t attributes {};
+};
+
+pid_t start(const QStringList& arguments, const SpawnRules& rules)
+{
+    std::vector<QByteArray> bytes;
+    for (const QString& argument : arguments)
+        bytes.push_back(bytesOfName(argument));
+    std::vector<char*> pointers;
+    for (QByteArray& argument : bytes)
+        pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    pid_t process = -1;
+    const int error = posix_spawnp(
+        &process, pointers.front(), &rules.actions, &rules.attributes, pointers.data(), environ);
+    if (error != 0)
+        throw CoprocessError("cannot be started: " + qt_error_string(error).toStdString());
+    return process;
+}
+
+} // namespace
+
+Coprocess::Coprocess(const QStringList& arguments)
+{
+    // When the program has ended, writing to it fails instead of ending this one.
+    std::signal(SIGPIPE, SIG_IGN);
+    Pipe toProgram;
+    Pipe fromProgram;
+    process = start(arguments, SpawnRules(toProgram.toRead(), fromProgram.toWrite()));
+    input = toProgram.takeToWrite();
+    output = fromProgram.takeToRead();
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): fcntl is declared with an ellipsis
+    fcntl(input, F_SETFL, O_NONBLOCK);
+}
+
+Coprocess::~Coprocess()
+{
+    constexpr int mostMilliseconds = 1000;
+    close(input);
+    endsWithin(mostMilliseconds);
+    // Those that it has started may still run. Its own number is not used again before it is waited for.
+    kill(-process, SIGKILL);
+    if (!status)
+        waitpid(process, nullptr, 0);
+    close(output);
+}
+
+QByteArray Coprocess::answerTo(const QByteArray& line, const QDeadlineTimer& deadline)
+{
+    QByteArray unsent = line + '\n';
+    for (;;) {
+        const int end = received.indexOf('\n');
+        if (end > mostBytes || (end == -1 && received.size() > mostBytes))
+            throw CoprocessError("answered with more than " + std::to_string(mostBytes) + " bytes");
+        if (end != -1 && (end + 1 < received.size() || !unsent.isEmpty()))
+            throw CoprocessError("answered out of turn");
+        if (end != -1) {
+            received.chop(1);
+            return std::exchange(received, {});
+        }
+        const int milliseconds = static_cast<int>(deadline.remainingTime());
+        std::array<pollfd, 2> ends { { { output, POLLIN, 0 }, { input, POLLOUT, 0 } } };
+        const nfds_t count = unsent.isEmpty() ? 1 : 2;
+        if (milliseconds == 0 || poll(ends.data(), count, milliseconds) == 0)
+            throw CoprocessError("gave no answer in time");
+        if (ends.front().revents != 0)
+            receive();
+        else if (ends.back().revents != 0)
+            send(unsent);
+    }
+}
+
+void Coprocess::send(QByteArray& unsent) const
+{
+    const ssize_t count = write(input, unsent.constData(), static_cast<std::size_t>(unsent.size()));
+    if (count > 0)
+        unsent.remove(0, static_cast<int>(count));
+    else if (errno == EPIPE)
+        unsent.clear(); // It reads no more; how it ended is seen at its output.
+}
+
+void Coprocess::receive()
+{
+    constexpr int mostAtOnce = 1 << 16;
+    std::array<char, mostAtOnce> part {};
+    const ssize_t count = read(output, part.data(), part.size());
+    if (count > 0)
+        received.append(part.data(), static_cast<int>(count));
+    else if (count == 0)
+        throwEnded();
+}
+
+void Coprocess::throwEnded()
+{
+    constexpr int mostMilliseconds = 1000;
+    if (!endsWithin(mostMilliseconds))
+        throw CoprocessError("has closed its output");
+    if (WIFSIGNALED(*status))
+        throw CoprocessError("was ended by signal " + std::to_string(WTERMSIG(*status)));
+    throw CoprocessError("ended with exit code " + std::to_string(WEXITSTATUS(*status)));
+}
+
+// Waits for the program's end.
+bool Coprocess::endsWithin(int milliseconds)
+{
+    const QDeadlineTimer deadline(milliseconds);
+    while (!status) {
+        int ended = 0;
+        if (waitpid(process, &ended, WNOHANG) == process)
+            status = ended;
+        else if (deadline.hasExpired())
+            return false;
+        else
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+} // namespace host
