@@ -73,6 +73,12 @@ if(VXROI_BUILD_TOOLS)
         "${PROJECT_BINARY_DIR}/VxInstallCompletions.cmake" @ONLY)
     install(SCRIPT "${PROJECT_BINARY_DIR}/VxInstallCompletions.cmake" COMPONENT tools)
 
+    if(TARGET vxroi-faces)
+        set_target_properties(vxroi-faces PROPERTIES INSTALL_RPATH "$ORIGIN/${vx_library_from_programs}")
+        install(TARGETS vxroi-faces RUNTIME COMPONENT faces)
+        vx_compressed(packaging/vxroi-faces.1 "${CMAKE_INSTALL_MANDIR}/man1" faces)
+    endif()
+
     install(TARGETS vxroi-viewer RUNTIME COMPONENT viewer)
     vx_compressed(packaging/vxroi-viewer.1 "${CMAKE_INSTALL_MANDIR}/man1" viewer)
     install(FILES packaging/vxroi-viewer.desktop

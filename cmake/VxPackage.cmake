@@ -46,6 +46,13 @@ vx_package(tools vxroi graphics
 batches of them to what draws the eye, and shows why.")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${vx_same_library}")
 
+if(TARGET vxroi-faces)
+    vx_package(faces vxroi-faces graphics
+"This package has the program that finds the faces in pictures, so that the
+command line vxroi keeps them whole.")
+    set(CPACK_DEBIAN_FACES_PACKAGE_DEPENDS "${vx_same_library}")
+endif()
+
 vx_package(viewer vxroi-viewer graphics
 "This package has a window that shows the salience map over a picture and
 the crop that keeps the most of it.")

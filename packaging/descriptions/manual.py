@@ -1,4 +1,4 @@
-"""packaging/vxroi.1"""
+"""packaging/vxroi.1 and packaging/vxroi-faces.1"""
 
 import datetime
 import re
@@ -70,10 +70,22 @@ def date_of(changelog):
     return datetime.datetime.strptime(text, "%a, %d %b %Y %H:%M:%S %z").strftime("%Y-%m-%d")
 
 
-def lines(program, examples, changelog):
-    yield f'.TH VXROI 1 "{date_of(changelog)}" "{program.version}" "User Commands"'
+def heading(executable, purpose, changelog):
+    yield f'.TH {escaped(executable.name.upper())} 1 "{date_of(changelog)}" "{executable.version}" "User Commands"'
     yield ".SH NAME"
-    yield "vxroi \\- find what draws the eye in pictures, and crop them to it"
+    yield f"{escaped(executable.name)} \\- {purpose}"
+
+
+def ending(executable, *others):
+    yield ".SH EXIT STATUS"
+    yield from definitions((f"\\fB{code}\\fR", meaning) for code, meaning in executable.exit_codes)
+    yield ".SH SEE ALSO"
+    for other in others:
+        yield f".BR {escaped(other)} (1)" + ("," if other != others[-1] else "")
+
+
+def lines(program, examples, changelog):
+    yield from heading(program, "find what draws the eye in pictures, and crop them to it", changelog)
     yield from synopsis(program)
     yield ".SH DESCRIPTION"
     yield from paragraph(program.summary)
@@ -89,7 +101,16 @@ def lines(program, examples, changelog):
     yield from names_section("SETTINGS", "What --tune takes; they are those of the histogram method.",
                              program.section("Settings"))
     yield from examples_section(examples)
-    yield ".SH EXIT STATUS"
-    yield from definitions((f"\\fB{code}\\fR", meaning) for code, meaning in program.exit_codes)
-    yield ".SH SEE ALSO"
-    yield ".BR vxroi\\-viewer (1)"
+    yield from ending(program, "vxroi-faces", "vxroi-viewer")
+
+
+def lines_of_tool(tool, purpose, changelog, *others):
+    yield from heading(tool, purpose, changelog)
+    yield ".SH SYNOPSIS"
+    yield f".B {escaped(tool.name)}"
+    yield escaped(tool.only.usage.partition(" ")[2])
+    yield ".SH DESCRIPTION"
+    yield from paragraph(tool.summary)
+    yield ".SH OPTIONS"
+    yield from definitions((term_of(option), option.full_text) for option in tool.only.options)
+    yield from ending(tool, *others)

@@ -11,8 +11,8 @@ def table(first, second, rows):
         yield f"| `{name}` | {meaning} |"
 
 
-def command_lines(command):
-    yield f"## vxroi {command.name}"
+def command_lines(command, name):
+    yield f"## {name}"
     yield ""
     yield f"{command.text}."
     yield ""
@@ -25,13 +25,15 @@ def command_lines(command):
         yield f"| {names} | {value} | {text} |"
 
 
-def lines(program):
-    yield "# Every option of vxroi"
+def lines(program, faces):
+    yield "# Every option"
     yield ""
-    yield f"{program.summary} `vxroi COMMAND --help` prints the same."
+    yield f"{program.summary} `vxroi COMMAND --help` and `vxroi-faces --help` print the same."
     for command in program.commands:
         yield ""
-        yield from command_lines(command)
+        yield from command_lines(command, f"vxroi {command.name}")
+    yield ""
+    yield from command_lines(faces.only, faces.name)
     for heading, title in HEADINGS:
         yield ""
         yield f"## {title}"

@@ -91,7 +91,7 @@ def option_from(spelling, text, sections):
     return Option(names.split(","), value, words, default, text)
 
 
-class Program:
+class Executable:
     """A program, as it describes itself."""
 
     def __init__(self, path):
@@ -99,10 +99,10 @@ class Program:
         help_text = self.help_of()
         self.summary = help_text.splitlines()[0]
         self.version = self.run("--version").strip()
+        self.name = self.version.partition(" ")[0]
         codes = re.search(r"Exit codes: (.*)\.", help_text, re.DOTALL).group(1).replace("\n", " ")
         self.exit_codes = [code.strip().partition(" ")[::2] for code in re.split(r",\s*(?=\d)", codes)]
         assert all(code.isdigit() for code, _ in self.exit_codes), self.exit_codes
-        self.commands = [self.command(*entry) for entry in entries(help_text, "Subcommands")]
 
     def run(self, *arguments):
         return subprocess.run([self.path, *arguments], check=True, stdout=subprocess.PIPE, text=True,
@@ -111,17 +111,34 @@ class Program:
     def help_of(self, *command):
         return self.run(*command, "--help")
 
-    def command(self, name, text):
-        help_text = self.help_of(name)
+    def command(self, name, text, *words):
+        """What --help says after the words."""
+        help_text = self.help_of(*words)
         usage = re.search(r"^Usage: (.*)$", help_text, re.MULTILINE).group(1)
         sections = {heading: list(entries(help_text, heading))
                     for heading in ("Placeholders", "Presets", "Methods", "Settings")}
         options = [option_from(*entry, sections)
-                   for entry in entries(help_text, "Positionals", "Options", "Faces", "Writing", "Analysis")]
+                   for entry in entries(help_text, "Positionals", "Options", "Faces", "Writing", "Analysis", "Limits")]
         return Command(name, text, usage, options, sections)
+
+
+class Program(Executable):
+    """A program with commands."""
+
+    def __init__(self, path):
+        super().__init__(path)
+        self.commands = [self.command(name, text, name) for name, text in entries(self.help_of(), "Subcommands")]
 
     def section(self, heading):
         """The names below a heading, which are the same in every command that has it."""
         found = [command.sections[heading] for command in self.commands if command.sections[heading]]
         assert found and all(one == found[0] for one in found), heading
         return found[0]
+
+
+class Tool(Executable):
+    """A program without commands."""
+
+    def __init__(self, path):
+        super().__init__(path)
+        self.only = self.command(self.name, self.summary.rstrip("."))

@@ -1,4 +1,4 @@
-"""check_options.py VXROI SOURCE: the pages about options say what the program's --help says.
+"""check_options.py VXROI VXROI_FACES SOURCE: the pages about options say what the programs' --help says.
 
 They are what packaging/describe makes from it now; and each of them, read on its own, names the same options as
 --help for each command.
@@ -10,11 +10,11 @@ import subprocess
 import sys
 import tempfile
 
-program, source = sys.argv[1], pathlib.Path(sys.argv[2])
+program, faces, source = sys.argv[1], sys.argv[2], pathlib.Path(sys.argv[3])
 
 
-def help_of(*command):
-    return subprocess.run([program, *command, "--help"], check=True, stdout=subprocess.PIPE,
+def help_of(*command, of=program):
+    return subprocess.run([of, *command, "--help"], check=True, stdout=subprocess.PIPE,
                           text=True).stdout
 
 
@@ -24,9 +24,9 @@ def text_of(path):
 
 problems = []
 with tempfile.TemporaryDirectory() as folder:
-    subprocess.run([sys.executable, "-B", source / "packaging/describe", program, folder], check=True)
+    subprocess.run([sys.executable, "-B", source / "packaging/describe", program, faces, folder], check=True)
     made = [path for path in pathlib.Path(folder).rglob("*") if path.is_file()]
-    assert len(made) == 5, made
+    assert len(made) == 6, made
     for path in made:
         name = path.relative_to(folder)
         if path.read_bytes() != (source / name).read_bytes():
@@ -59,6 +59,14 @@ for command in commands:
     for where, named in sections.items():
         for option in told ^ set(named):
             problems.append(f"{where}, {command}: {option} is in only one of it and --help")
+
+told = set(re.findall(r"^  (?:-\w,)?(--[a-z-]+)", help_of(of=faces), re.MULTILINE))
+assert len(told) >= 8, told
+manual_of_faces = text_of("packaging/vxroi-faces.1").replace("\\-", "-")
+for where, named in (("docs/options.md", re.findall(r"`(--[a-z-]+)`", page.partition("## vxroi-faces\n")[2].partition("\n## ")[0])),
+                     ("the manual page of vxroi-faces", re.findall(r"\\fB(--[a-z-]+)\\fR", manual_of_faces))):
+    for option in told ^ set(named):
+        problems.append(f"{where}, vxroi-faces: {option} is in only one of it and --help")
 
 names = re.findall(r"^  ([a-z0-9{}-]+) {2,}\S", help_of("crop").partition("\nPlaceholders:\n")[2], re.MULTILINE)
 assert {"{stem}", "photo", "gauss", "bins1"} <= set(names), names

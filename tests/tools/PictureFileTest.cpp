@@ -158,6 +158,28 @@ TEST_F(PictureFile, makesAWorkingImageOfALargeJpeg)
     EXPECT_EQ(file.orientedSize(), QSize(3200, 2000));
 }
 
+TEST_F(PictureFile, isScaledAsSeen)
+{
+    QImage shades(96, 64, QImage::Format_RGB32);
+    for (int y = 0; y < shades.height(); ++y) {
+        for (int x = 0; x < shades.width(); ++x)
+            shades.setPixel(x, y, qRgb(2 * x, 3 * y, 100));
+    }
+    const QString turned
+        = folder.save(samples::jpegWithOrientation(shades.transformed(QTransform().rotate(-90)), 6),
+            QStringLiteral("turned.jpg"));
+    const QString deep
+        = folder.save(shades.convertToFormat(QImage::Format_RGBA64), QStringLiteral("deep.png"));
+    for (const QString& path : { turned, deep }) {
+        for (const QSize& size : { QSize(192, 128), QSize(96, 64), QSize(40, 20) }) {
+            const QImage scaled = host::PictureFile(path, host::ReadingRules()).readScaled(size);
+            const QImage expected
+                = shades.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            EXPECT_LE(mostDifference(scaled, expected), 12) << path.toStdString() << size.width();
+        }
+    }
+}
+
 TEST_F(PictureFile, analysesTransparencyOnMidGrey)
 {
     QImage clear(64, 48, QImage::Format_ARGB32);

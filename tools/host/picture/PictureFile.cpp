@@ -74,6 +74,14 @@ try {
     throwNotConverted(error);
 }
 
+QImage PictureFile::readScaled(const QSize& size)
+try {
+    const QRect all(QPoint(), orientedSize());
+    return toQImage(inSrgb(readCuts({ { all, size, {}, {} } }).first()));
+} catch (const vips::VError& error) {
+    throwNotConverted(error);
+}
+
 QImage PictureFile::readAll()
 try {
     return toQImage(seen.applied(inSrgb(decoded(1, areaOfFrame(0)).pixels)));

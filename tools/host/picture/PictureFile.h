@@ -71,6 +71,10 @@ public:
     /// \throws std::bad_alloc
     QImage readWorkingImage(int frame = 0);
 
+    /// The picture as seen, in sRGB, scaled to \a size, which may be larger.
+    /// \throws as readWorkingImage() does.
+    QImage readScaled(const QSize& size);
+
     /// The picture as seen, in sRGB, with 8 bits per channel.
     /// \throws as readWorkingImage() does.
     QImage readAll();
