@@ -73,6 +73,30 @@ TEST_F(PreviewWindow, saysWhatIsWrongWithAFileAndShowsTheLastPictureStill)
     EXPECT_EQ(window.crop(), crop);
 }
 
+TEST_F(PreviewWindow, keepsFacesWholeAndSaysWhyTheyAreNotKnown)
+{
+    QImage grey(600, 200, QImage::Format_RGB32);
+    grey.fill(Qt::gray);
+    const QString uniform = folder.save(grey, QStringLiteral("grey.png"));
+    const auto withDetector = [&](const QString& answer) {
+        return host::FaceDetector::ofCommand(
+            QStringLiteral("read -r line; echo '{\"path\": \"%1\", %2}'").arg(uniform, answer),
+            host::FaceDetector::OnProblem::Warn);
+    };
+    viewer::PreviewWindow finding(withDetector(
+        QStringLiteral(R"("faces": [{"x": 500, "y": 50, "width": 60, "height": 60}])")));
+    finding.open(uniform);
+    EXPECT_TRUE(finding.crop().contains(QRect(500, 50, 60, 60)));
+    EXPECT_TRUE(finding.statusBar()->currentMessage().startsWith(QStringLiteral("keeps")));
+    EXPECT_FALSE(finding.statusBar()->currentMessage().contains(QLatin1Char(';')));
+
+    viewer::PreviewWindow blind(withDetector(QStringLiteral(R"("error": "too dark")")));
+    blind.open(uniform);
+    EXPECT_EQ(blind.crop(), QRect(200, 0, 200, 200));
+    EXPECT_TRUE(blind.statusBar()->currentMessage().endsWith(
+        QStringLiteral("; its faces are not known: too dark")));
+}
+
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -8,9 +8,12 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include <utility>
+
 namespace viewer {
 
-PreviewWindow::PreviewWindow()
+PreviewWindow::PreviewWindow(std::shared_ptr<host::FaceDetector> faceDetector)
+    : detector(std::move(faceDetector))
 {
     setWindowTitle(QStringLiteral("Salience"));
     for (const QSize& ratio :
@@ -29,9 +32,11 @@ PreviewWindow::PreviewWindow()
 
 void PreviewWindow::open(const QString& path)
 try {
-    host::Analysis opened(path, { VXCropSettings::photo(), {} });
+    const host::AnalysisRules rules { VXCropSettings::photo(), {} };
+    host::Analysis opened(path, rules);
     analysis = opened.run();
     picture = opened.picture().readAll();
+    detection = detector ? detector->detect(path, rules.reading.mostSeconds) : host::Detection();
     setWindowTitle(path);
     refresh();
 } catch (const host::HostError& error) {
@@ -42,7 +47,14 @@ QRect PreviewWindow::crop() const
 {
     if (picture.isNull())
         return {};
-    return analysis.window(shapeBox.currentData().toSize()).window;
+    return analysis.window(shapeBox.currentData().toSize(), constraints()).window;
+}
+
+VXCropConstraints PreviewWindow::constraints() const
+{
+    VXCropConstraints constraints;
+    constraints.faces = host::boxesOf(detection.faces);
+    return constraints;
 }
 
 void PreviewWindow::chooseFile()
@@ -57,14 +69,16 @@ void PreviewWindow::refresh()
     if (picture.isNull())
         return;
     const QRect window = crop();
-    const QImage overlay = host::drawOverlay(picture, analysis.map(), window);
+    const QImage overlay = host::drawOverlay(picture, analysis.map(), window, constraints());
     view.setPixmap(QPixmap::fromImage(
         overlay.scaled(view.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)));
-    statusBar()->showMessage(QStringLiteral("keeps %1 × %2 pixels from %3, %4")
-                                 .arg(window.width())
-                                 .arg(window.height())
-                                 .arg(window.x())
-                                 .arg(window.y()));
+    const QString kept = QStringLiteral("keeps %1 × %2 pixels from %3, %4")
+                             .arg(window.width())
+                             .arg(window.height())
+                             .arg(window.x())
+                             .arg(window.y());
+    statusBar()->showMessage(
+        detection.problem.isEmpty() ? kept : QStringLiteral("%1; %2").arg(kept, detection.problem));
 }
 
 void PreviewWindow::resizeEvent(QResizeEvent* event)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/detector/FaceDetector.h"
+
 #include <VXCrop/VXCrop.h>
 
 #include <QComboBox>
@@ -7,12 +9,15 @@
 #include <QLabel>
 #include <QMainWindow>
 
+#include <memory>
+
 namespace viewer {
 
-/// A window that shows a picture overlaid with its salience map and the chosen crop.
+/// A window that shows a picture overlaid with its salience map, its faces and the chosen crop.
 class PreviewWindow : public QMainWindow {
 public:
-    PreviewWindow();
+    /// \param faceDetector null: faces are not looked for.
+    explicit PreviewWindow(std::shared_ptr<host::FaceDetector> faceDetector = {});
 
     /// Shows the picture in a file, or an error in the status bar.
     void open(const QString& path);
@@ -23,12 +28,15 @@ public:
     QComboBox& shapes() { return shapeBox; }
 
 private:
+    VXCropConstraints constraints() const;
     void chooseFile();
     void refresh();
     void resizeEvent(QResizeEvent* event) override;
 
+    std::shared_ptr<host::FaceDetector> detector;
     QImage picture;
     VXCrop analysis;
+    host::Detection detection;
     QComboBox shapeBox;
     QLabel view;
 };
