@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 using evaluate::Sample;
@@ -16,7 +18,7 @@ protected:
     const QString photograph = folder.save(samples::picture({ 120, 80 }), QStringLiteral("a.png"));
 
     // Eight points in the ten leftmost columns, two in the ten rightmost.
-    Sample sample() const
+    Sample sample(host::FaceDetector* detector = nullptr) const
     {
         QImage points(120, 80, QImage::Format_Grayscale8);
         points.fill(0);
@@ -24,7 +26,17 @@ protected:
             points.scanLine(10 * i)[i] = 1;
         points.scanLine(5)[115] = 255;
         points.scanLine(75)[116] = 128;
-        return Sample(photograph, folder.save(points, QStringLiteral("points.png")));
+        return Sample(photograph, folder.save(points, QStringLiteral("points.png")), detector);
+    }
+
+    // A sample whose faces are \a boxes: objects in JSON.
+    Sample sampleWithFaces(const char* boxes) const
+    {
+        const auto detector = host::FaceDetector::ofCommand(
+            QStringLiteral("read -r line; echo '{\"path\": \"%1\", \"faces\": [%2]}'")
+                .arg(photograph, QLatin1String(boxes)),
+            host::FaceDetector::OnProblem::Fail);
+        return sample(detector.get());
     }
 };
 
@@ -59,7 +71,7 @@ TEST_F(Evaluation, gainIsWhatChoosingAddsOfWhatItCould)
 TEST_F(Evaluation, comparesWhatIsChosenWithTheCentre)
 {
     // With every weight 0 the map is empty, and the centre is chosen.
-    const evaluate::Kept kept = evaluate::keptOf(sample(), host::withoutMethods(), { 1, 1 });
+    const evaluate::Kept kept = evaluate::keptOf(sample(), { host::withoutMethods() }, { 1, 1 });
     EXPECT_DOUBLE_EQ(kept.chosen, kept.centre);
     EXPECT_DOUBLE_EQ(kept.centre, 0);
     EXPECT_DOUBLE_EQ(kept.best, 0.8);
@@ -79,6 +91,36 @@ TEST_F(Evaluation, theIntervalIsThatOfTheMean)
 }
 
 // The centre crop, columns 20 to 99, has none of the ten points; the best one has the eight at the left.
+// The centre crop has columns 20 to 99.
+TEST_F(Evaluation, countsTheFacesThatFitIntoACrop)
+{
+    const QVector<Sample> samples {
+        sampleWithFaces(R"({"x": 10, "y": 9, "width": 20, "height": 20})"),
+        sampleWithFaces(R"({"x": 2, "y": 9, "width": 9, "height": 9})"),
+        sampleWithFaces(R"({"x": 90, "y": 9, "width": 10, "height": 9})"),
+        sampleWithFaces(R"({"x": 0, "y": 9, "width": 100, "height": 9})"),
+        sample(),
+    };
+    const auto countsFor = [&](bool areFacesKept) {
+        const evaluate::FaceCounts counts
+            = evaluate::facesIn(samples, { host::withoutMethods(), areFacesKept }, { 1, 1 });
+        return std::vector<int> { counts.whole, counts.cut, counts.leftOut };
+    };
+    EXPECT_EQ(countsFor(false), (std::vector<int> { 1, 1, 1 }));
+    EXPECT_EQ(countsFor(true), (std::vector<int> { 3, 0, 0 }));
+}
+
+TEST_F(Evaluation, takesPresetsAndWeightsWithFacesOrWithout)
+{
+    EXPECT_FALSE(evaluate::choiceOf(QStringLiteral("photo")).areFacesKept);
+    const evaluate::Choice choice = evaluate::choiceOf(QStringLiteral("gauss=7,sobel=2+faces"));
+    EXPECT_TRUE(choice.areFacesKept);
+    EXPECT_EQ(choice.settings.gauss, 7);
+    EXPECT_EQ(choice.settings.sobel, 2);
+    EXPECT_EQ(choice.settings.background, 0);
+    EXPECT_THROW(evaluate::choiceOf(QStringLiteral("faces")), host::HostError);
+}
+
 TEST_F(Evaluation, tableBeginsWithTheCentreAndTheBestCrops)
 {
     const QString table = evaluate::tableOf({ QStringLiteral("photo") }, { sample(), sample() });

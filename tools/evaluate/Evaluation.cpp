@@ -38,12 +38,14 @@ void accumulate(QVector<int>& counts)
 
 } // namespace
 
-Sample::Sample(const QString& photograph, const QString& points)
+Sample::Sample(const QString& photograph, const QString& points, host::FaceDetector* detector)
 {
     const host::ReadingRules rules;
     host::PictureFile picture(photograph, rules);
     pictureSize = picture.orientedSize();
     working = picture.readWorkingImage();
+    if (detector != nullptr)
+        faceBoxes = host::boxesOf(detector->detect(photograph, rules.mostSeconds).faces);
 
     const QImage counted
         = host::PictureFile(points, rules).readAll().convertToFormat(QImage::Format_Grayscale8);
@@ -91,13 +93,38 @@ Kept meanOf(const QVector<Kept>& all)
     return mean;
 }
 
-Kept keptOf(const Sample& sample, const VXCropSettings& settings, const QSize& ratio)
+QRect cropOf(const Sample& sample, const Choice& choice, const QSize& ratio)
 {
-    const QRect window = VXCrop::fromWorkingImage(sample.workingImage(), sample.size(), settings)
-                             .window(ratio)
-                             .window;
+    VXCropConstraints constraints;
+    if (choice.areFacesKept)
+        constraints.faces = sample.faces();
+    return VXCrop::fromWorkingImage(sample.workingImage(), sample.size(), choice.settings)
+        .window(ratio, constraints)
+        .window;
+}
+
+Kept keptOf(const Sample& sample, const Choice& choice, const QSize& ratio)
+{
+    const QRect window = cropOf(sample, choice, ratio);
     return { sample.keptBy(window), sample.keptBy(host::centredIn(sample.size(), window.size())),
         sample.keptByBest(window.size()) };
+}
+
+FaceCounts facesIn(const QVector<Sample>& samples, const Choice& choice, const QSize& ratio)
+{
+    FaceCounts counts;
+    for (const Sample& sample : samples) {
+        const QRect window = cropOf(sample, choice, ratio);
+        for (const QRect& face : sample.faces()) {
+            if (face.width() > window.width() || face.height() > window.height())
+                continue;
+            if (window.contains(face))
+                ++counts.whole;
+            else
+                ++(window.intersects(face) ? counts.cut : counts.leftOut);
+        }
+    }
+    return counts;
 }
 
 Summary summaryOf(const QVector<Kept>& all)

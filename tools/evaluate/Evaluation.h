@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/detector/FaceDetector.h"
+
 #include <VXCrop/VXCropSettings.h>
 
 #include <QImage>
@@ -14,11 +16,13 @@ namespace evaluate {
 class Sample {
 public:
     /// \param points non-zero where a pixel counts; as large as the photograph.
-    /// \throws host::HostError when either is not a picture, or they differ in size.
-    Sample(const QString& photograph, const QString& points);
+    /// \param detector finds the faces of the photograph; null: they are not known.
+    /// \throws host::HostError when either is not a picture, or they differ in size, or the detector fails.
+    Sample(const QString& photograph, const QString& points, host::FaceDetector* detector = nullptr);
 
     const QSize& size() const { return pictureSize; }
     const QImage& workingImage() const { return working; }
+    const QVector<QRect>& faces() const { return faceBoxes; }
 
     /// The share of the points within \a window, which spans the picture's width or its height; 0
     /// when there are none.
@@ -30,6 +34,7 @@ public:
 private:
     QSize pictureSize;
     QImage working;
+    QVector<QRect> faceBoxes;
     QVector<int> columns; ///< how many points lie left of each column, and all of them at the end
     QVector<int> rows; ///< the same above each row
 };
@@ -53,8 +58,26 @@ struct Summary {
 /// What crops keep on average; none of anything for no crops.
 Kept meanOf(const QVector<Kept>& all);
 
-/// Crops a sample to \a ratio.
-Kept keptOf(const Sample& sample, const VXCropSettings& settings, const QSize& ratio);
+/// How crops are chosen.
+struct Choice {
+    VXCropSettings settings;
+    bool areFacesKept = false;
+};
+
+/// The crop of a sample to \a ratio.
+QRect cropOf(const Sample& sample, const Choice& choice, const QSize& ratio);
+
+/// What it keeps.
+Kept keptOf(const Sample& sample, const Choice& choice, const QSize& ratio);
+
+/// What becomes of the faces that fit into a crop.
+struct FaceCounts {
+    int whole = 0;
+    int cut = 0;
+    int leftOut = 0;
+};
+
+FaceCounts facesIn(const QVector<Sample>& samples, const Choice& choice, const QSize& ratio);
 
 /// Summarises what crops keep. The interval is that of 2000 bootstrap samples (percentile
 /// method, B. Efron, "Bootstrap Methods: Another Look at the Jackknife", 1979), which are the same

@@ -50,12 +50,11 @@ QString row(const QString& name, const QSize& ratio, const QStringList& cells)
         .arg(cells.join(QStringLiteral(" | ")));
 }
 
-QVector<Kept> keptOfAll(
-    const QVector<Sample>& samples, const VXCropSettings& settings, const QSize& ratio)
+QVector<Kept> keptOfAll(const QVector<Sample>& samples, const Choice& choice, const QSize& ratio)
 {
     QVector<Kept> all;
     for (const Sample& sample : samples)
-        all.append(keptOf(sample, settings, ratio));
+        all.append(keptOf(sample, choice, ratio));
     return all;
 }
 
@@ -83,24 +82,30 @@ QString rowOf(const QString& name, const Parts& parts, const QSize& ratio)
 
 } // namespace
 
-VXCropSettings settingsOf(const QString& name)
+Choice choiceOf(const QString& name)
 {
-    if (!name.contains(QLatin1Char('=')))
-        return vxroi::presetCalled(name);
-    VXCropSettings settings = host::withoutMethods();
-    for (const QString& weight : name.split(QLatin1Char(',')))
-        vxroi::setWeight(settings, weight);
-    return settings;
+    const QString withFaces = QStringLiteral("+faces");
+    Choice choice;
+    choice.areFacesKept = name.endsWith(withFaces);
+    const QString settings = choice.areFacesKept ? name.chopped(withFaces.size()) : name;
+    if (!settings.contains(QLatin1Char('='))) {
+        choice.settings = vxroi::presetCalled(settings);
+        return choice;
+    }
+    choice.settings = host::withoutMethods();
+    for (const QString& weight : settings.split(QLatin1Char(',')))
+        vxroi::setWeight(choice.settings, weight);
+    return choice;
 }
 
-QVector<Sample> samplesOf(const QString& folder)
+QVector<Sample> samplesOf(const QString& folder, host::FaceDetector* detector)
 {
     const QDir images(folder + QStringLiteral("/images"));
     const QDir points(folder + QStringLiteral("/points"));
     QVector<Sample> samples;
     for (const QString& name : images.entryList(QDir::Files, QDir::Name)) {
         const QString png = QFileInfo(name).completeBaseName() + QStringLiteral(".png");
-        samples.append(Sample(images.filePath(name), points.filePath(png)));
+        samples.append(Sample(images.filePath(name), points.filePath(png), detector));
     }
     if (samples.size() < 2)
         throw host::HostError(host::ExitCode::MissingInput, folder,
@@ -115,10 +120,24 @@ QString tableOf(const QStringList& names, const QVector<Sample>& samples)
     QString table = QStringLiteral("| | all | even | odd |\n|---|---:|---:|---:|\n");
     for (const QSize& ratio : ratios) {
         for (const QString& name : names) {
-            const Parts parts = withHalves(keptOfAll(samples, settingsOf(name), ratio));
+            const Parts parts = withHalves(keptOfAll(samples, choiceOf(name), ratio));
             if (name == names.first())
                 table += rowsToCompareWith(parts, ratio);
             table += rowOf(name, parts, ratio);
+        }
+    }
+    return table;
+}
+
+QString faceTableOf(const QStringList& names, const QVector<Sample>& samples)
+{
+    QString table = QStringLiteral("| | whole | cut | left out |\n|---|---:|---:|---:|\n");
+    for (const QSize& ratio : ratios) {
+        for (const QString& name : names) {
+            const FaceCounts counts = facesIn(samples, choiceOf(name), ratio);
+            table += row(name, ratio,
+                { QString::number(counts.whole), QString::number(counts.cut),
+                    QString::number(counts.leftOut) });
         }
     }
     return table;
