@@ -7,11 +7,12 @@ from pages import blocks, pages
 
 root = pathlib.Path(sys.argv[1])
 examples = {path.name: path.read_text(encoding="utf-8")
-            for folder in ("examples", "tools/viewer") for path in root.glob(f"{folder}/*.cpp")}
+            for folder in ("examples", "tools/viewer") for suffix in ("cpp", "py")
+            for path in root.glob(f"{folder}/*.{suffix}")}
 wrong = []
 found = 0
 for path, text in pages(root):
-    for excerpt in blocks(text, "c\\+\\+"):
+    for excerpt in blocks(text, "c\\+\\+") + blocks(text, "python"):
         found += 1
         if not any(excerpt in source for source in examples.values()):
             wrong.append(f"{path}: no example has\n{excerpt}")
