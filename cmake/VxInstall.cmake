@@ -77,6 +77,15 @@ if(VXROI_BUILD_TOOLS)
         set_target_properties(vxroi-faces PROPERTIES INSTALL_RPATH "$ORIGIN/${vx_library_from_programs}")
         install(TARGETS vxroi-faces RUNTIME COMPONENT faces)
         vx_compressed(packaging/vxroi-faces.1 "${CMAKE_INSTALL_MANDIR}/man1" faces)
+        # The program finds its variant in a folder beside its own.
+        if(TARGET vxroi-faces-avx2)
+            file(RELATIVE_PATH vx_library_from_variants
+                "/${CMAKE_INSTALL_LIBEXECDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+            set_target_properties(vxroi-faces-avx2 PROPERTIES
+                INSTALL_RPATH "$ORIGIN/${vx_library_from_variants}")
+            install(TARGETS vxroi-faces-avx2
+                RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}" COMPONENT faces)
+        endif()
     endif()
 
     install(TARGETS vxroi-viewer RUNTIME COMPONENT viewer)

@@ -154,6 +154,42 @@ TEST_F(FacesProgram, helpNamesItsOptionsAndExitCodes)
     EXPECT_TRUE(faces(QStringLiteral("--version")).out.startsWith("vxroi-faces "));
 }
 
+// Away from its folder, the program does not find the variant for the processor. A threshold this low finds what only
+// resembles a face.
+TEST_F(FacesProgram, answersTheSameInEachVariant)
+{
+    QDir(folder.path(QString())).mkpath(QStringLiteral("scenes"));
+    ASSERT_EQ(shell(QStringLiteral("'%1' scenes && cp '%2' plain")
+                        .arg(QStringLiteral(VXROI_SCENES_PROGRAM), facesProgram))
+                  .exitCode,
+        0);
+    const QString work = QStringLiteral(" --threshold -1 scenes/*");
+    const Outcome fast = faces(work);
+    const Outcome plain = shell(QStringLiteral("./plain") + work);
+    EXPECT_EQ(fast.out.toStdString(), plain.out.toStdString());
+    EXPECT_GT(fast.out.count("score"), 0);
+}
+
+TEST_F(FacesProgram, becomesItsVariantForTheProcessor)
+{
+    QProcess process;
+    process.start(facesProgram, { QStringLiteral("--from"), QStringLiteral("-") });
+    ASSERT_TRUE(process.waitForStarted());
+    process.write("none\n");
+    while (!process.canReadLine() && process.waitForReadyRead(30'000)) { }
+    const QString name
+        = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(process.processId())))
+              .fileName();
+    process.closeWriteChannel();
+    process.waitForFinished(-1);
+#ifdef __x86_64__
+    EXPECT_EQ(name == QStringLiteral("vxroi-faces-avx2"), __builtin_cpu_supports("avx2") != 0);
+#else
+    EXPECT_EQ(name, QStringLiteral("vxroi-faces"));
+#endif
+    EXPECT_TRUE(process.readAllStandardError().startsWith("vxroi-faces: ")) << "its name stays";
+}
+
 // By eye: the nose of the man at the left is at 92, 113, his eyes at 103 and his chin at 128.
 TEST_F(FacesProgramInPhotographs, areFoundWhereTheyAre)
 {

@@ -19,6 +19,7 @@ struct FaceFinder::Detector {
 
 namespace {
 
+// Searching all colours takes a quarter more time and finds hardly more.
 dlib::array2d<unsigned char> greyLevelsOf(const QImage& picture)
 {
     const QImage grey = host::notNull(picture.convertToFormat(QImage::Format_Grayscale8));
@@ -27,6 +28,9 @@ dlib::array2d<unsigned char> greyLevelsOf(const QImage& picture)
         std::copy_n(grey.constScanLine(y), grey.width(), &levels[y][0]);
     return levels;
 }
+
+// Processors differ in the order of their additions, and in the sixth digit of a score.
+double rounded(double score) { return std::round(score * 1000) / 1000; }
 
 // The pixels of a picture that a box touches, \a scale picture pixels to a pixel of the box.
 QRect inPicture(const dlib::rectangle& box, double scale, const QSize& picture)
@@ -62,7 +66,7 @@ QVector<host::Face> FaceFinder::find(host::PictureFile& picture)
     for (const dlib::rect_detection& one : found) {
         const QRect box = inPicture(one.rect, scale, original);
         if (!box.isEmpty() && faces.size() < host::mostFaces)
-            faces.append({ box, one.detection_confidence });
+            faces.append({ box, rounded(one.detection_confidence) });
     }
     return faces;
 }

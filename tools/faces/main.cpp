@@ -1,4 +1,5 @@
 #include "FacesCommand.h"
+#include "FasterVariant.h"
 #include "vxroi/Program.h"
 
 #include <CLI/CLI.hpp>
@@ -27,5 +28,6 @@ host::ExitCode runCommand(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    faces::becomeFasterVariant(argv);
     return vxroi::runProgram(argc, argv, [=] { return runCommand(argc, argv); });
 }
