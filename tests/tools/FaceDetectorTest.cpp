@@ -16,7 +16,6 @@
 
 namespace {
 
-const QString picture = QStringLiteral("a.jpg");
 constexpr int shortLimit = 2; // the detector has half of it
 constexpr int longLimit = 60;
 
@@ -24,6 +23,7 @@ constexpr int longLimit = 60;
 class FaceDetector : public testing::Test {
 protected:
     const samples::SampleFolder folder;
+    const QString picture = QStringLiteral("a.jpg");
 
     std::shared_ptr<host::FaceDetector> detector(
         const QString& script, host::FaceDetector::OnProblem onProblem = warn) const
@@ -40,10 +40,12 @@ protected:
     }
 
     static std::string problemOf(
-        host::FaceDetector& asked, const QString& path = picture, int mostSeconds = longLimit)
+        host::FaceDetector& asked, const QString& path, int mostSeconds = longLimit)
     {
         return asked.detect(path, mostSeconds).problem.toStdString();
     }
+
+    std::string problemOf(host::FaceDetector& asked) const { return problemOf(asked, picture); }
 
     std::string problemWith(const QString& script, int mostSeconds = longLimit) const
     {

@@ -9,8 +9,6 @@
 
 namespace {
 
-const QString facesProgram = QStringLiteral(VXROI_FACES_PROGRAM);
-
 // The sample pictures of OpenCV's documentation.
 QString sampleOf(const char* name)
 {
@@ -19,6 +17,8 @@ QString sampleOf(const char* name)
 
 class FacesProgram : public BatchFolder {
 protected:
+    const QString facesProgram = QStringLiteral(VXROI_FACES_PROGRAM);
+
     Outcome faces(const QString& arguments) const
     {
         return shell(QStringLiteral("'%1' %2").arg(facesProgram, arguments));

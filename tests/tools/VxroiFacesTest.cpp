@@ -8,6 +8,8 @@ namespace {
 // picture that it has a face at its right.
 class VxroiFaces : public BatchFolder {
 protected:
+    const QString withDetector = QStringLiteral("--detector 'sh detector'");
+
     void SetUp() override
     {
         QImage grey(300, 100, QImage::Format_RGB32);
@@ -51,11 +53,7 @@ protected:
     }
 
     int startsOfTheDetector() const { return contentOf(QStringLiteral("starts")).count('\n'); }
-
-    static const QString withDetector;
 };
-
-const QString VxroiFaces::withDetector = QStringLiteral("--detector 'sh detector'");
 
 } // namespace
 

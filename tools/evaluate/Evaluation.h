@@ -18,7 +18,8 @@ public:
     /// \param points non-zero where a pixel counts; as large as the photograph.
     /// \param detector finds the faces of the photograph; null: they are not known.
     /// \throws host::HostError when either is not a picture, or they differ in size, or the detector fails.
-    Sample(const QString& photograph, const QString& points, host::FaceDetector* detector = nullptr);
+    Sample(
+        const QString& photograph, const QString& points, host::FaceDetector* detector = nullptr);
 
     const QSize& size() const { return pictureSize; }
     const QImage& workingImage() const { return working; }

@@ -27,9 +27,9 @@ using host::HostError;
 
 namespace {
 
-const QString pathKey = QStringLiteral("path");
-const QString facesKey = QStringLiteral("faces");
-const QString errorKey = QStringLiteral("error");
+constexpr QLatin1String pathKey("path", 4);
+constexpr QLatin1String facesKey("faces", 5);
+constexpr QLatin1String errorKey("error", 5);
 
 // The line of a list as an object with a path.
 QJsonObject objectFrom(const vxroi::ListEntry& entry, bool isJsonAllowed)

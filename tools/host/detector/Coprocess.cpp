@@ -85,9 +85,11 @@ public:
 pid_t start(const QStringList& arguments, const SpawnRules& rules)
 {
     std::vector<QByteArray> bytes;
+    bytes.reserve(static_cast<std::size_t>(arguments.size()));
     for (const QString& argument : arguments)
         bytes.push_back(bytesOfName(argument));
     std::vector<char*> pointers;
+    pointers.reserve(bytes.size() + 1);
     for (QByteArray& argument : bytes)
         pointers.push_back(argument.data());
     pointers.push_back(nullptr);
@@ -104,7 +106,7 @@ pid_t start(const QStringList& arguments, const SpawnRules& rules)
 Coprocess::Coprocess(const QStringList& arguments)
 {
     // When the program has ended, writing to it fails instead of ending this one.
-    std::signal(SIGPIPE, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     Pipe toProgram;
     Pipe fromProgram;
     process = start(arguments, SpawnRules(toProgram.toRead(), fromProgram.toWrite()));

@@ -34,7 +34,7 @@ try {
         throw CoprocessError("answered for another picture");
     const std::optional<Detection> detection = Detection::in(parsed.object);
     if (!detection)
-        throw std::invalid_argument("neither \"faces\" nor \"error\"");
+        throw std::invalid_argument(R"(neither "faces" nor "error")");
     return *detection;
 } catch (const std::invalid_argument& fault) {
     throw CoprocessError(std::string("gave a wrong answer: ") + fault.what());

@@ -35,8 +35,8 @@ public:
     /// What happens to a picture whose faces are not known.
     enum class OnProblem { Warn, Fail };
 
-    /// \param arguments the program and its arguments; it is started when it is first needed.
-    FaceDetector(QStringList arguments, OnProblem onProblem);
+    /// \param programAndArguments it is started when it is first needed.
+    FaceDetector(QStringList programAndArguments, OnProblem whatToDo);
 
     /// A detector that is a command of the shell.
     static std::shared_ptr<FaceDetector> ofCommand(const QString& command, OnProblem onProblem);
