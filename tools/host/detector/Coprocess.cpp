@@ -120,11 +120,10 @@ Coprocess::~Coprocess()
 {
     constexpr int mostMilliseconds = 1000;
     close(input);
-    endsWithin(mostMilliseconds);
-    // Those that it has started may still run. Its own number is not used again before it is waited for.
+    endWithin(mostMilliseconds);
+    // Those that it has started may still run. Until it is waited for, its number belongs to its group alone.
     kill(-process, SIGKILL);
-    if (!status)
-        waitpid(process, nullptr, 0);
+    waitpid(process, nullptr, 0);
     close(output);
 }
 
@@ -176,27 +175,29 @@ void Coprocess::receive()
 void Coprocess::throwEnded()
 {
     constexpr int mostMilliseconds = 1000;
-    if (!endsWithin(mostMilliseconds))
+    const std::optional<siginfo_t> end = endWithin(mostMilliseconds);
+    if (!end)
         throw CoprocessError("has closed its output");
-    if (WIFSIGNALED(*status))
-        throw CoprocessError("was ended by signal " + std::to_string(WTERMSIG(*status)));
-    throw CoprocessError("ended with exit code " + std::to_string(WEXITSTATUS(*status)));
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): the system's
+    const std::string number = std::to_string(end->si_status);
+    throw CoprocessError(
+        (end->si_code == CLD_EXITED ? "ended with exit code " : "was ended by signal ") + number);
 }
 
-// Waits for the program's end.
-bool Coprocess::endsWithin(int milliseconds)
+// How the program has ended; nullopt: it runs still.
+std::optional<siginfo_t> Coprocess::endWithin(int milliseconds) const
 {
     const QDeadlineTimer deadline(milliseconds);
-    while (!status) {
-        int ended = 0;
-        if (waitpid(process, &ended, WNOHANG) == process)
-            status = ended;
-        else if (deadline.hasExpired())
-            return false;
-        else
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    for (;;) {
+        siginfo_t end {};
+        const auto number = static_cast<id_t>(process);
+        waitid(P_PID, number, &end, WEXITED | WNOHANG | WNOWAIT);
+        if (end.si_pid == process) // NOLINT(cppcoreguidelines-pro-type-union-access): the system's
+            return end;
+        if (deadline.hasExpired())
+            return std::nullopt;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    return true;
 }
 
 } // namespace host

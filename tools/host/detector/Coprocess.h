@@ -4,6 +4,7 @@
 #include <QDeadlineTimer>
 #include <QStringList>
 
+#include <csignal>
 #include <optional>
 #include <stdexcept>
 #include <sys/types.h>
@@ -42,12 +43,11 @@ private:
     void send(QByteArray& unsent) const;
     void receive();
     [[noreturn]] void throwEnded();
-    bool endsWithin(int milliseconds);
+    std::optional<siginfo_t> endWithin(int milliseconds) const;
 
     int input = -1; ///< the end of a pipe, to write to
     int output = -1; ///< the end of a pipe, to read from
     pid_t process = -1;
-    std::optional<int> status; ///< as waitpid() gives it; nullopt: it is running
     QByteArray received;
 };
 
