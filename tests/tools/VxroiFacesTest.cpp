@@ -204,6 +204,7 @@ TEST_F(VxroiFaces, areDrawnInReportsOfPicturesAndOfRecords)
         shell(QStringLiteral("\"$VXROI\" report a.png -o page.html ") + withDetector).exitCode, 0);
     EXPECT_TRUE(contentOf(QStringLiteral("page.html")).contains(box));
     EXPECT_TRUE(contentOf(QStringLiteral("page.html")).contains("faces: 1"));
+    EXPECT_TRUE(contentOf(QStringLiteral("page.html")).contains("white boxes are faces"));
     shell(QStringLiteral("\"$VXROI\" crop a.png --ratio 1:1 --json > records ") + withDetector);
     EXPECT_EQ(shell(QStringLiteral("\"$VXROI\" report --from records -o again.html")).exitCode, 0);
     EXPECT_TRUE(contentOf(QStringLiteral("again.html")).contains(box));
