@@ -264,7 +264,7 @@ TEST_F(VxroiFaces, areLookedForWhileASignalEndsTheBatch)
         list += "a.png\n";
     folder.save(list, QStringLiteral("lines"));
     const Outcome outcome = shell(QStringLiteral(
-        "timeout -s INT 1 \"$VXROI\" batch -q --ratio 1:1 --from lines -j 2 --resume records "
+        "timeout -s INT 5 \"$VXROI\" batch -q --ratio 1:1 --from lines -j 2 --resume records "
         "--detector 'while read -r line; do sleep 0.1; echo \"$line\" | sh detector; done'"));
     EXPECT_EQ(outcome.exitCode, 124) << "the code of timeout";
     const auto answers = records(contentOf(QStringLiteral("records")));
