@@ -222,6 +222,25 @@ TEST_F(VxroiCrop, saysWhatToAllowWhereNoFileCanBeOpened)
     }
 }
 
+TEST_F(VxroiCrop, namesTheOptionThatHelps)
+{
+    const QString path = folder.save(picture, QStringLiteral("picture.png"));
+    const auto expectRemedy = [&](const char* command, int exitCode, const char* remedy) {
+        const Outcome outcome = runShell(QString::fromUtf8(command).arg(path));
+        expectFailure(outcome, exitCode, QString());
+        EXPECT_TRUE(outcome.err.endsWith(QByteArray("; ") + remedy + '\n'))
+            << outcome.err.toStdString();
+    };
+    expectRemedy("\"$VXROI\" crop '%1' --ratio 1:1 --max-pixels 10", 65,
+        "allow them with --max-pixels 960000");
+    expectRemedy(
+        "\"$VXROI\" crop '%1' --ratio 1:1 --max-bytes 10", 65, "allow more with --max-bytes");
+    expectRemedy("(sleep 2; cat '%1') | \"$VXROI\" crop - --ratio 1:1 --max-seconds 1", 65,
+        "allow more with --max-seconds");
+    expectRemedy("cp '%1' '%1.png' && \"$VXROI\" crop '%1' --ratio 1:1 -o '%1.png'", 73,
+        "choose another name or another --if-exists");
+}
+
 TEST_F(VxroiCrop, saysSoWhenTheWindowCannotBePrinted)
 {
     const QString path = folder.save(picture, QStringLiteral("picture.png"));

@@ -146,6 +146,8 @@ TEST_F(VxroiFaces, areAFailureWhenTheDetectorIsRequired)
     EXPECT_EQ(outcome.exitCode, 69);
     EXPECT_TRUE(isOneLineNaming(outcome.err, QStringLiteral("a.png: its faces are not known")))
         << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.endsWith("; mend the detector, or leave --detector-required out\n"))
+        << outcome.err.toStdString();
     EXPECT_FALSE(folder.names().contains(QStringLiteral("out.png")));
 
     folder.save(QByteArray(R"({"path": "a.png", "error": "too dark"})"), QStringLiteral("lines"));

@@ -341,8 +341,9 @@ TEST_F(VxroiWriting, saysThatACropIsSmallerThanItsSize)
     const QString command = QStringLiteral("\"$VXROI\" crop in.jpg --size 1200x630 ");
     const Outcome outcome = shell(command + QStringLiteral("-o s.jpg --json"));
     EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_TRUE(outcome.err.contains("the crop for 1200x630 has only 160 x 84 pixels"))
-        << outcome.err.toStdString();
+    EXPECT_EQ(outcome.err.toStdString(),
+        "vxroi: in.jpg: the crop for 1200x630 has only 160 x 84 pixels; --upscale enlarges it, "
+        "--fit pad puts background around it\n");
     const QJsonArray warnings
         = QJsonDocument::fromJson(outcome.out).object().value(QStringLiteral("warnings")).toArray();
     ASSERT_EQ(warnings.size(), 1);

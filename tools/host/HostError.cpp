@@ -1,6 +1,7 @@
 #include "HostError.h"
 
 #include "FileName.h"
+#include "Remedies.h"
 
 #include <algorithm>
 
@@ -33,10 +34,17 @@ HostError threadsRefused()
         QStringLiteral("allow more processes and more memory, see ulimit -u and ulimit -v"));
 }
 
+HostError tooManyPixels(const QString& path, const QString& reason, qint64 pixels)
+{
+    QString remedy = remedies().tooManyPixels;
+    remedy.replace(QLatin1String("%1"), QString::number(pixels));
+    return retryableReadError(path, reason, remedy);
+}
+
 HostError tooSlow(const QString& path, int mostSeconds)
 {
-    return retryableReadError(path, QStringLiteral("takes more than %1 seconds").arg(mostSeconds),
-        QStringLiteral("allow more with --max-seconds"));
+    return retryableReadError(
+        path, QStringLiteral("takes more than %1 seconds").arg(mostSeconds), remedies().tooSlow);
 }
 
 QString onOneLine(QString text)

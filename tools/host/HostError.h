@@ -42,6 +42,10 @@ HostError retryableReadError(const QString& path, const QString& reason, const Q
 /// The error when the system refuses a thread that the program needs.
 HostError threadsRefused();
 
+/// The error for a picture that has more pixels than are allowed, or whose crop would have.
+/// \param pixels the limit that would allow it.
+HostError tooManyPixels(const QString& path, const QString& reason, qint64 pixels);
+
 /// The error for a picture that has used up its time limit.
 HostError tooSlow(const QString& path, int mostSeconds);
 

@@ -5,6 +5,7 @@
 #include "host/picture/ImageMemory.h"
 #include "vxroi/concurrency/Interruption.h"
 #include "vxroi/options/CommonOptions.h"
+#include "vxroi/options/OptionRemedies.h"
 #include "vxroi/options/WrongCommandLine.h"
 
 #include <CLI/CLI.hpp>
@@ -143,6 +144,7 @@ try {
     if (!prepareProcess())
         return static_cast<int>(ExitCode::Internal);
     host::useForFileNames();
+    useOptionRemedies();
     // No plugin of Qt is needed, and looking for them takes a tenth of the time of a small picture.
     QCoreApplication::setLibraryPaths({});
     const QCoreApplication application(argc, argv);

@@ -3,6 +3,8 @@
 #include "CropOutputs.h"
 #include "SalienceSettings.h"
 
+#include "host/Remedies.h"
+
 #include <QSemaphoreReleaser>
 
 #include <algorithm>
@@ -126,19 +128,18 @@ void Cropper::setOutputSize(
         = shape.size.isValid() && (isFilled || rules.fit != Fit::Smaller) ? shape.size : window;
     crop.contentSize = isFilled || rules.fit == Fit::Enlarged ? crop.outputSize : window;
     if (!isFilled && rules.fit == Fit::Smaller)
-        record.warnings.append(QStringLiteral(
-            "the crop for %1 has only %2 x %3 pixels; --upscale enlarges it, --fit pad puts "
-            "background around it")
+        record.warnings.append(QStringLiteral("the crop for %1 has only %2 x %3 pixels; %4")
                                    .arg(shape.name)
                                    .arg(window.width())
-                                   .arg(window.height()));
+                                   .arg(window.height())
+                                   .arg(remedies().smallCrop));
     const qint64 pixels
         = qint64 { crop.outputSize.width() } * crop.outputSize.height() * frameCount;
     if (pixels > rules.analysis.reading.mostPixels)
-        throw retryableReadError(record.path,
+        throw tooManyPixels(record.path,
             QStringLiteral("its crop for %1 would have more pixels than are allowed")
                 .arg(shape.name),
-            QStringLiteral("allow them with --max-pixels %1").arg(pixels));
+            pixels);
 }
 
 } // namespace host

@@ -2,6 +2,7 @@
 
 #include "host/FileName.h"
 #include "host/HostError.h"
+#include "host/Remedies.h"
 #include "host/records/Json.h"
 
 #include <QCoreApplication>
@@ -78,7 +79,7 @@ std::shared_ptr<FaceDetector> FaceDetector::installed(OnProblem onProblem)
     const QString program = beside.isEmpty() ? QStandardPaths::findExecutable(name) : beside;
     if (program.isEmpty())
         throw HostError(ExitCode::Unavailable, name, QStringLiteral("is not installed"),
-            QStringLiteral("install the package of this name, or name another --detector"));
+            remedies().missingDetector);
     return std::make_shared<FaceDetector>(QStringList { program, QStringLiteral("--from"),
                                               QStringLiteral("-"), QStringLiteral("--quiet") },
         onProblem);
@@ -108,8 +109,7 @@ Detection FaceDetector::detect(const QString& path, int mostSeconds)
 Detection FaceDetector::checked(const QString& path, Detection detection) const
 {
     if (onProblem == OnProblem::Fail && !detection.problem.isEmpty())
-        throw HostError(ExitCode::Unavailable, path, detection.problem,
-            QStringLiteral("mend the detector, or leave --detector-required out"));
+        throw HostError(ExitCode::Unavailable, path, detection.problem, remedies().failedDetector);
     return detection;
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/FileName.h"
 #include "host/HostError.h"
+#include "host/Remedies.h"
 #include "host/StandardStreams.h"
 
 #include <QDir>
@@ -73,7 +74,7 @@ bool isDraft(const QString& path) { return QFileInfo(path).fileName().startsWith
 void throwAlreadyExists(const QString& output)
 {
     throw HostError(ExitCode::CannotCreate, output, QStringLiteral("already exists"),
-        QStringLiteral("choose another name or another --if-exists"));
+        remedies().existingOutput);
 }
 
 void createFolder(const QString& path)

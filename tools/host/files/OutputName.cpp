@@ -36,7 +36,7 @@ QVector<Explanation> OutputName::placeholders()
         { QStringLiteral("{ratio}"),
             QStringLiteral("the shape of the crop, such as 16x9; not in the name of a map") },
         { QStringLiteral("{ext}"),
-            QStringLiteral("the suffix, of the picture's name or as --format says") } };
+            QStringLiteral("the suffix of the picture's name, or that of the format given") } };
 }
 
 OutputName::OutputName(const QString& pattern, Of owner)

@@ -101,9 +101,9 @@ void Decoder::refuseTooMany(const QSize& size, int weight) const
 {
     const qint64 counted = qint64 { size.width() } * size.height() * weight;
     if (counted > rules.mostPixels)
-        throw retryableReadError(name,
+        throw tooManyPixels(name,
             QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()),
-            QStringLiteral("allow them with --max-pixels %1").arg(counted));
+            counted);
 }
 
 VImage Decoder::decode(int shrink, const QRect& area, bool isOpaque)

@@ -2,6 +2,7 @@
 
 #include "host/FileName.h"
 #include "host/HostError.h"
+#include "host/Remedies.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -21,7 +22,7 @@ namespace {
 [[noreturn]] void throwTooLarge(const QString& path, qint64 mostBytes)
 {
     throw retryableReadError(path, QStringLiteral("the file has more than %1 bytes").arg(mostBytes),
-        QStringLiteral("allow more with --max-bytes"));
+        remedies().tooManyBytes);
 }
 
 [[noreturn]] void throwNotOpened(const QString& path, const QFileDevice& file)

@@ -11,7 +11,7 @@ namespace {
 [[noreturn]] void refuse(const QString& reason)
 {
     throw HostError(ExitCode::UnreadableInput, QStringLiteral("record"), reason,
-        QStringLiteral("give a record of vxroi batch or crop --json"));
+        QStringLiteral("give a record that vxroi has written"));
 }
 
 [[noreturn]] void refuseKey(const char* key, const QString& reason)

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace vxroi {
+
+/// Lets messages name the options that help.
+void useOptionRemedies();
+
+} // namespace vxroi
