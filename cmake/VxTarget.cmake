@@ -20,6 +20,11 @@ function(vx_target target)
     target_link_options(${target} PRIVATE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 endfunction()
 
+# vx_optimise_little(<target>): for code that takes longer to compile with -O3 than it ever gains.
+function(vx_optimise_little target)
+    target_compile_options(${target} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O1>)
+endfunction()
+
 # vx_shared_library(<target>): what every library has that is installed: a version, the exports that the file
 # exports.map beside its sources lists, and public headers that compile alone.
 function(vx_shared_library target)

@@ -5,7 +5,6 @@ function(vx_test name)
     add_executable(${name} ${ARGN})
     vx_target(${name})
     target_link_libraries(${name} PRIVATE vxtestsupport GTest::gtest_main)
-    # What is tested is optimised elsewhere.
-    target_compile_options(${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O1>)
+    vx_optimise_little(${name})
     gtest_discover_tests(${name} PROPERTIES TIMEOUT 300)
 endfunction()
