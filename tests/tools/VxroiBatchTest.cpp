@@ -216,7 +216,8 @@ TEST_F(VxroiBatch, finishesWhatIsInHandWhenItIsAskedToEnd)
     const Outcome outcome
         = shell(QStringLiteral("mkfifo list; (echo in/p00.png; echo in/p01.png; sleep 60) > list & "
                                "\"$VXROI\" batch --from list --ratio 1:1 > records & batch=$!; "
-                               "sleep 2; kill -TERM $batch; wait $batch; code=$?; "
+                               "until [ \"$(grep -c . records)\" = 2 ]; do sleep 0.1; done; "
+                               "kill -TERM $batch; wait $batch; code=$?; "
                                "kill %1; exit $code"));
     EXPECT_EQ(outcome.exitCode, 130);
     EXPECT_TRUE(outcome.err.contains("interrupted: 2 pictures have their records"))

@@ -160,9 +160,10 @@ TEST_F(VxroiCrop, takesNamesInBracketsForNames)
 TEST_F(VxroiCrop, endsWith130OnASignalAndLeavesNothing)
 {
     for (const char* const signal : { "INT", "TERM", "HUP" }) {
+        // The shell opens the pipe when the program has done so.
         const Outcome outcome = runShell(QStringLiteral(
             "cd '%1'; rm -f pipe; mkfifo pipe; \"$VXROI\" crop pipe --ratio 1:1 -o a.png & "
-            "sleep 0.3; kill -%2 $!; wait $!")
+            "exec 3> pipe; kill -%2 $!; wait $!")
                                              .arg(folder.path(QString()), QLatin1String(signal)));
         EXPECT_EQ(outcome.exitCode, 130) << signal;
         EXPECT_EQ(outcome.err, "vxroi: interrupted\n");

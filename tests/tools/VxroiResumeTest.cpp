@@ -98,7 +98,7 @@ TEST_F(VxroiResume, knowsOutputsAfterANameThatIsCutShort)
         "mkdir out; echo ours > out/p00.png; echo mine > out/p0; mkfifo list; "
         "\"$VXROI\" batch -q --from list --ratio 1:1 -o 'out/{stem}.png' --resume records & "
         "exec 3> list; echo in/p01.png >&3; "
-        "for i in $(seq 100); do test -s records && break; sleep 0.05; done; "
+        "for i in $(seq 1200); do test -s records && break; sleep 0.05; done; "
         "kill -KILL $!; exec 3>&-; wait"));
     const QByteArray left = contentOf(QStringLiteral("records.outputs"));
     EXPECT_TRUE(left.split('\0').contains("+out/p01.png")) << left.toStdString();
@@ -238,7 +238,7 @@ TEST_F(VxroiResume, goesBackToWhatWasAskedForBeforeARunThatWasStopped)
         shell(QStringLiteral(
             "cp out/p00.png before; exec 3<> in/silent.png; "
             "\"$VXROI\" batch -q --from longer %1 2:1 3>&- & "
-            "for i in $(seq 100); do cmp -s before out/p00.png || break; sleep 0.05; done; "
+            "for i in $(seq 1200); do cmp -s before out/p00.png || break; sleep 0.05; done; "
             "kill -%2 $!; exec 3>&-; wait")
                   .arg(options, QLatin1String(signal)));
         EXPECT_NE(contentOf(QStringLiteral("out/p00.png")), wanted) << signal;
