@@ -2,7 +2,8 @@
 
 namespace host {
 
-/// The exit codes of the programs; the numbers are those of sysexits.h.
+/// The exit codes of the programs. Those from 64 on have the numbers of sysexits.h; those above 128 are what a shell
+/// shows for SIGINT and SIGPIPE.
 enum class ExitCode {
     Success = 0,
     SomeFailed = 1, ///< some of several inputs failed

@@ -4,7 +4,7 @@
 
 /// \file
 /// Three distances of a cell from the background, which is what the border of a picture mostly shows. Each is stretched
-/// to 0 to 1.
+/// to 0 to 1; writeBackgroundMap() adds them with equal weights.
 
 namespace vx::kernels {
 

@@ -68,6 +68,7 @@ void vx::kernels::writeBackgroundMap(const QImage& words, QImage& map, const Row
         return;
     const Cells<Lab> colours
         = cellColours(words, gridFor(words.size(), cellsAlongLongerSide), loops);
+    // The three distances have equal weights.
     Cells<double> salience = barrierDistance(colours);
     add(salience, borderColourDistance(colours));
     add(salience, geodesicDistance(colours, gridFor(words.size(), coarseCellsAlongLongerSide)));

@@ -16,8 +16,8 @@ namespace {
 
 using namespace vx::kernels;
 
-// The bin of each byte value. A product that wraps may give a negative bin, but none beyond the
-// last: it wraps for more than 2²³ bins, and no int divided by 256 is above 2²³.
+// The bin of each byte value, as findBins() in ChromaBins.inl computes it for few bins. A product that wraps may give a
+// negative bin, but none beyond the last: it wraps for more than 2²³ bins, and no int divided by 256 is above 2²³.
 std::array<int, 256> binOfByte(int binCount)
 {
     std::array<int, 256> bins {};

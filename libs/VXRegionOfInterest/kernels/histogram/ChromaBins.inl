@@ -1,4 +1,5 @@
-// The loops of the chroma histograms.
+// The loops of the chroma histograms. A chroma of 0 to 255 falls into the bin chroma * bins / 256, rounded down: in
+// findChromaBinsOf() for pixels, in findBins() for chroma that has been stored.
 
 // A chroma, truncated: a difference from luma, in thousandths, times a factor in thousandths, plus 128.
 //
