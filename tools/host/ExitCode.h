@@ -2,7 +2,7 @@
 
 namespace host {
 
-/// The exit codes of the programs. Those from 64 on have the numbers of sysexits.h; those above 128 are what a shell
+/// The exit codes of the programs. Those from 64 to 74 have the numbers of sysexits.h; those above 128 are what a shell
 /// shows for SIGINT and SIGPIPE.
 enum class ExitCode {
     Success = 0,
